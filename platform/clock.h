@@ -1,0 +1,27 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+
+namespace tarvo {
+
+/// A moment of local wall-clock time, to the second.
+using LocalTime = std::chrono::local_seconds;
+
+/// The wall clock. It jumps: the operator sets it, and summer time comes and goes.
+class LocalClock {
+ public:
+  virtual ~LocalClock() = default;
+  virtual LocalTime Now() = 0;
+};
+
+/// Milliseconds since the system started: never set, never jumps, wraps after 49.7 days.
+class TickClock {
+ public:
+  virtual ~TickClock() = default;
+  virtual std::uint32_t Milliseconds() = 0;
+  /// Lets that much time pass without handling any event.
+  virtual void Pause(std::uint32_t milliseconds) = 0;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvo {
+
+/// Why the system refused a file operation: its error number and its own words.
+struct FileFault {
+  int number = 0;
+  std::string description;
+};
+
+enum class ReadResult {
+  Ok,       ///< The text holds the whole file.
+  Missing,  ///< There is no such file; the text is untouched.
+  Failed,   ///< The file is there and cannot be read (locked, no right, a folder); text untouched.
+};
+
+/// Reads whole files as 8-bit text: no conversion, line ends kept. Paths have "\" between their parts.
+class FileReader {
+ public:
+  virtual ~FileReader() = default;
+  virtual bool Exists(const std::string& path) = 0;
+  virtual ReadResult ReadText(const std::string& path, std::string& text) = 0;
+};
+
+/// Replaces whole files: the new text is written beside the old file, flushed and swapped in.
+class FileReplacer {
+ public:
+  virtual ~FileReplacer() = default;
+  /// Makes `path` hold exactly `text`, creating or replacing it.
+  /// On failure the old file is as it was, nothing is left beside it, and the fault is returned.
+  virtual std::optional<FileFault> ReplaceText(const std::string& path, const std::string& text) = 0;
+};
+
+/// Adds text at the end of a file that it opens and closes for each call.
+class FileAppender {
+ public:
+  virtual ~FileAppender() = default;
+  /// Creates the file when it is missing. False when nothing or not all could be written.
+  virtual bool AppendText(const std::string& path, const std::string& text) = 0;
+};
+
+/// Lists the regular files of a folder.
+class FolderLister {
+ public:
+  virtual ~FolderLister() = default;
+  /// File names (no folder) whose long name ends with `ending` in any letter case, in the order in
+  /// which the file system gives them. Empty when the folder cannot be listed.
+  virtual std::vector<std::string> FilesEndingWith(const std::string& folder,
+                                                   const std::string& ending) = 0;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvo {
+
+/// A process id; 0 means none.
+using ProcessId = std::uint32_t;
+
+struct ProcessEntry {
+  ProcessId id = 0;
+  std::string executable;  ///< Bare file name, as the process list spells it.
+};
+
+/// The processes of the machine. No call keeps a handle open after it returns.
+class Processes {
+ public:
+  virtual ~Processes() = default;
+  /// Every process, in the system's order.
+  virtual std::vector<ProcessEntry> Snapshot() = 0;
+  /// Asks the system to end the process with exit code 0. It may still be listed for a moment, and
+  /// a process that may not be opened is left alone without a word.
+  virtual void End(ProcessId id) = 0;
+  /// Sets a Windows priority class; fails silently.
+  virtual void ChangePriority(ProcessId id, std::uint32_t priorityClass) = 0;
+  /// Starts `executablePath` without arguments, with a hidden window, in the caller's current folder.
+  /// The child's command line is the path as it stands, unquoted; the file that runs is that path and
+  /// nothing that a blank in it might name instead. Nothing when it could not be started.
+  virtual std::optional<ProcessId> LaunchHidden(const std::string& executablePath) = 0;
+};
+
+}  // namespace tarvo
