@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/foreign_windows.h"
+#include "platform/instance_lock.h"
+#include "platform/memory_status.h"
+#include "platform/message_boxes.h"
+#include "platform/processes.h"
+#include "platform/registry.h"
+#include "platform/sockets.h"
+
+namespace tarvo {
+
+/// Every port that the launcher is started with. Only `app/` sees them together; each subsystem takes
+/// the ones that it needs.
+struct Machine {
+  Registry& registry;
+  FileReader& fileReader;
+  FileAppender& fileAppender;
+  FolderLister& folderLister;
+  Processes& processes;
+  ForeignWindows& foreignWindows;
+  Sockets& sockets;
+  LocalClock& localClock;
+  TickClock& tickClock;
+  MemoryStatus& memoryStatus;
+  MessageBoxes& messageBoxes;
+  InstanceLock& instanceLock;
+  std::string executablePath;  ///< Full path of the launcher's own executable.
+};
+
+}  // namespace tarvo
