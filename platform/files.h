@@ -18,7 +18,8 @@ enum class ReadResult {
   Failed,   ///< The file is there and cannot be read (locked, no right, a folder); text untouched.
 };
 
-/// Reads whole files as 8-bit text: no conversion, line ends kept. Paths have "\" between their parts.
+/// Reads whole files as 8-bit text: no conversion, line ends kept. Paths have "\" between their
+/// parts.
 class FileReader {
  public:
   virtual ~FileReader() = default;
@@ -32,7 +33,8 @@ class FileReplacer {
   virtual ~FileReplacer() = default;
   /// Makes `path` hold exactly `text`, creating or replacing it.
   /// On failure the old file is as it was, nothing is left beside it, and the fault is returned.
-  virtual std::optional<FileFault> ReplaceText(const std::string& path, const std::string& text) = 0;
+  virtual std::optional<FileFault> ReplaceText(const std::string& path,
+                                               const std::string& text) = 0;
 };
 
 /// Adds text at the end of a file that it opens and closes for each call.

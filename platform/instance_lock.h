@@ -10,9 +10,9 @@ namespace tarvo {
 class InstanceLock {
  public:
   virtual ~InstanceLock() = default;
-  /// Takes the machine-wide lock of this name (letters, digits, "_"; at most 100) and holds it until
-  /// the program ends, however it ends. False when another running program holds it; one that is just
-  /// ending is waited for, 3 seconds at most.
+  /// Takes the machine-wide lock of this name (letters, digits, "_"; at most 100) and holds it
+  /// until the program ends, however it ends. False when another running program holds it; one that
+  /// is just ending is waited for, 3 seconds at most.
   virtual bool Acquire(const std::string& name) = 0;
   /// Shows the window of the program that holds the lock and brings it to the front. False when it
   /// has none that can be shown.

@@ -14,8 +14,8 @@
 
 namespace tarvo {
 
-/// Every port that the launcher is started with. Only `app/` sees them together; each subsystem takes
-/// the ones that it needs.
+/// Every port that the launcher is started with. Only `app/` sees them together; each subsystem
+/// takes the ones that it needs.
 struct Machine {
   Registry& registry;
   FileReader& fileReader;

@@ -4,8 +4,8 @@
 
 namespace tarvo {
 
-/// The system's memory figures in bytes, as it gives them: where its record has 32-bit fields, a count
-/// of 2 GB and more comes out negative. Each call asks the system anew.
+/// The system's memory figures in bytes, as it gives them: where its record has 32-bit fields, a
+/// count of 2 GB and more comes out negative. Each call asks the system anew.
 class MemoryStatus {
  public:
   virtual ~MemoryStatus() = default;

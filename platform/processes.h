@@ -26,9 +26,10 @@ class Processes {
   virtual void End(ProcessId id) = 0;
   /// Sets a Windows priority class; fails silently.
   virtual void ChangePriority(ProcessId id, std::uint32_t priorityClass) = 0;
-  /// Starts `executablePath` without arguments, with a hidden window, in the caller's current folder.
-  /// The child's command line is the path as it stands, unquoted; the file that runs is that path and
-  /// nothing that a blank in it might name instead. Nothing when it could not be started.
+  /// Starts `executablePath` without arguments, with a hidden window, in the caller's current
+  /// folder. The child's command line is the path as it stands, unquoted; the file that runs is
+  /// that path and nothing that a blank in it might name instead. Nothing when it could not be
+  /// started.
   virtual std::optional<ProcessId> LaunchHidden(const std::string& executablePath) = 0;
 };
 

@@ -7,13 +7,20 @@ RuntimeError::RuntimeError(Fault fault, std::string source)
 
 const char* DescriptionOf(Fault fault) {
   switch (fault) {
-    case Fault::InvalidProcedureCall: return "Invalid procedure call or argument";
-    case Fault::Overflow: return "Overflow";
-    case Fault::OutOfMemory: return "Out of memory";
-    case Fault::TypeMismatch: return "Type mismatch";
-    case Fault::InternalError: return "Internal error";
-    case Fault::FileNotFound: return "File not found";
-    case Fault::InvalidPropertyValue: return "Invalid property value";
+    case Fault::InvalidProcedureCall:
+      return "Invalid procedure call or argument";
+    case Fault::Overflow:
+      return "Overflow";
+    case Fault::OutOfMemory:
+      return "Out of memory";
+    case Fault::TypeMismatch:
+      return "Type mismatch";
+    case Fault::InternalError:
+      return "Internal error";
+    case Fault::FileNotFound:
+      return "File not found";
+    case Fault::InvalidPropertyValue:
+      return "Invalid property value";
   }
   return "Unknown fault";
 }

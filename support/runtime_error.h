@@ -19,9 +19,9 @@ enum class Fault : int {
 };
 
 /// A fault of the run time: a text that is no number, an overflow, a missing file at launch, a name
-/// that a setter refuses. It carries a number, a source (the object or operation that raised it, may
-/// be empty) and a description. It is caught in one place, at the top of the event dispatch, which
-/// shows it and ends the program; whoever catches it elsewhere says why.
+/// that a setter refuses. It carries a number, a source (the object or operation that raised it,
+/// may be empty) and a description. It is caught in one place, at the top of the event dispatch,
+/// which shows it and ends the program; whoever catches it elsewhere says why.
 class RuntimeError : public std::runtime_error {
  public:
   RuntimeError(int number, std::string source, const std::string& description)

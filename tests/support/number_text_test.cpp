@@ -1,0 +1,93 @@
+#include "support/number_text.h"
+
+#include <gtest/gtest.h>
+
+#include "support/runtime_error.h"
+
+namespace tarvo {
+namespace {
+
+int FaultOf(std::string_view text) {
+  try {
+    ToInteger(text);
+  } catch (const RuntimeError& fault) {
+    return fault.Number();
+  }
+  return 0;
+}
+
+TEST(NumericValue, ReadsTheNumberThatATextStartsWith) {
+  const struct {
+    const char* text;
+    double value;
+  } cases[] = {
+      {"", 0},          {"abc", 0},     {"12a", 12},        {"-5", -5},       {"+7", 7},
+      {" 1 2\t3", 123}, {"1.5.2", 1.5}, {".5", 0.5},        {"5.", 5},        {"-", 0},
+      {"1e3x", 1000},   {"1e", 1},      {"1d2", 100},       {"&H202", 0x202}, {"&hff", 255},
+      {"&H", 0},        {"&Hxyz", 0},   {"&HFFFFFFFF", -1}, {"1,5", 1},       {"--1", 0},
+      {"1e-400", 0},
+  };
+  for (const auto& c : cases) EXPECT_EQ(NumericValue(c.text), c.value) << '"' << c.text << '"';
+  EXPECT_GT(NumericValue("1e999"), 1e300);
+  EXPECT_LT(NumericValue("-1e999"), -1e300);
+}
+
+TEST(ToInteger, TakesTheWholeTextAndRoundsHalvesToEven) {
+  const struct {
+    const char* text;
+    std::int32_t value;
+  } cases[] = {
+      {"6900", 6900},
+      {" 6121 ", 6121},
+      {"\t5121\t ", 5121},
+      {"0.5", 0},
+      {"1.5", 2},
+      {"2.5", 2},
+      {"-1.5", -2},
+      {"-0.5", 0},
+      {"2.51", 3},
+      {"1e3", 1000},
+      {"&H202", 0x202},
+      {"&hFF", 255},
+      {"&H80000000", INT32_MIN},
+      {"2147483647", INT32_MAX},
+      {"-2147483648", INT32_MIN},
+      {"2147483647.4", INT32_MAX},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ToInteger(c.text), c.value) << '"' << c.text << '"';
+}
+
+TEST(ToInteger, RefusesWhatIsNoNumber) {
+  for (const char* text : {"", " ", "abc", "6900 // main", "12a", "1 2", "&H", "&HXY", "1e", ".",
+                           "-", "1,000", "\r\n6900", "0x10"}) {
+    EXPECT_EQ(FaultOf(text), 13) << '"' << text << '"';
+  }
+}
+
+TEST(ToInteger, OverflowsBeyondThirtyTwoBits) {
+  for (const char* text : {"2147483648", "-2147483649", "99999999999999999999", "1e400",
+                           "&H100000000", "2147483647.5"}) {
+    EXPECT_EQ(FaultOf(text), 6) << '"' << text << '"';
+  }
+}
+
+TEST(ShortestDecimal, HasNoLeadingBlankAndNoEmptyFraction) {
+  EXPECT_EQ(ShortestDecimal(15), "15");
+  EXPECT_EQ(ShortestDecimal(15.5), "15.5");
+  EXPECT_EQ(ShortestDecimal(0.1), "0.1");
+  EXPECT_EQ(ShortestDecimal(-0.25), "-0.25");
+  EXPECT_EQ(ShortestDecimal(100000), "100000");
+  EXPECT_EQ(ShortestDecimal(-0.0), "0");
+  EXPECT_EQ(ShortestDecimal(1e15), "1E+15");
+}
+
+TEST(PlainDecimal, NeverHasAnExponent) {
+  EXPECT_EQ(PlainDecimal(12), "12");
+  EXPECT_EQ(PlainDecimal(1.5), "1.5");
+  EXPECT_EQ(PlainDecimal(1e15), "1000000000000000");
+  EXPECT_EQ(PlainDecimal(1e300).size(), 301u);
+  EXPECT_EQ(PlainDecimal(0.00000001), "0.00000001");
+}
+
+}  // namespace
+}  // namespace tarvo

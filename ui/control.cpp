@@ -1,0 +1,16 @@
+#include "ui/control.h"
+
+namespace tarvo {
+
+void Control::SetEnabled(bool enabled) {
+  if (enabled_ == enabled) return;
+  enabled_ = enabled;
+  Changed();
+}
+
+void Control::SetToolTip(std::string text) {
+  toolTip_ = std::move(text);
+  Changed();
+}
+
+}  // namespace tarvo

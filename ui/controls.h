@@ -1,0 +1,155 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "ui/colour.h"
+#include "ui/control.h"
+
+namespace tarvo {
+
+/// A line of text that the operator only reads.
+class Label : public Control {
+ public:
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption);
+
+ private:
+  std::string caption_;
+};
+
+/// A status light: a colour, and words for those who cannot tell it.
+class Light : public Control {
+ public:
+  Colour Fill() const { return fill_; }
+  void SetFill(Colour fill);
+
+ private:
+  Colour fill_ = 0xC0C0C0;
+};
+
+class CommandButton : public Control {
+ public:
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption);
+  Colour Background() const { return background_; }
+  void SetBackground(Colour background);
+
+  void Click();
+
+  std::function<void()> onClick;
+
+ private:
+  std::string caption_;
+  Colour background_ = Rgb(192, 192, 192);
+};
+
+class CheckBox : public Control {
+ public:
+  bool Checked() const { return checked_; }
+  /// Raises `onChange` when the value differs from the old one.
+  void SetChecked(bool checked);
+
+  /// The operator's click: turns the box over, raises `onChange`, then `onClick`.
+  void Click();
+
+  std::function<void()> onChange;  ///< The value changed, whoever changed it.
+  std::function<void()>
+      onClick;  ///< The operator clicked; never raised by the program's own doing.
+
+ private:
+  bool checked_ = false;
+};
+
+class TextBox : public Control {
+ public:
+  const std::string& Text() const { return text_; }
+  /// Puts the caret before the text; raises `onChange` when the text differs from the old one.
+  void SetText(std::string text);
+  std::size_t Caret() const { return caret_; }
+  void SetCaret(std::size_t position);
+
+  /// The operator's typing: the box now holds `text` with the caret at its end.
+  void Type(std::string text);
+
+  std::function<void()> onChange;
+
+ private:
+  std::string text_;
+  std::size_t caret_ = 0;
+};
+
+/// A drop-down list. Its text is that of the selected entry, "" without a selection.
+class DropDownList : public Control {
+ public:
+  const std::vector<std::string>& Items() const { return items_; }
+  void AddItem(std::string item);
+
+  /// Index of the selected entry, -1 without a selection.
+  int ListIndex() const { return listIndex_; }
+  std::string Text() const;
+  /// Selects an entry, or none with -1, and raises `onSelect` when the selection changed.
+  /// Any other index is the run time's error of an invalid property value.
+  void SetListIndex(int index);
+
+  /// The operator picks an entry that is in the list; `onSelect` is raised even for the selected
+  /// one.
+  void Choose(int index);
+
+  std::function<void()> onSelect;
+
+ private:
+  std::vector<std::string> items_;
+  int listIndex_ = -1;
+};
+
+class OptionGroup;
+
+/// One of several choices; selecting it deselects its siblings.
+class OptionButton : public Control {
+ public:
+  bool Selected() const { return selected_; }
+  /// The program's choice: raises `onChange` when the option was not selected before.
+  void Select();
+  /// The operator's click: selects the option, then raises `onClick` at every press.
+  void Click();
+
+  std::function<void()> onChange;
+  std::function<void()> onClick;
+
+ private:
+  friend class OptionGroup;
+  void Deselect();
+
+  OptionGroup* group_ = nullptr;
+  bool selected_ = false;
+};
+
+/// Three options of which at most one is selected.
+class OptionGroup {
+ public:
+  OptionGroup();
+  OptionButton& operator[](std::size_t index) { return options_[index]; }
+  const OptionButton& operator[](std::size_t index) const { return options_[index]; }
+  static constexpr std::size_t Size() { return 3; }
+
+ private:
+  friend class OptionButton;
+  void DeselectOthers(const OptionButton& chosen);
+
+  OptionButton options_[3];
+};
+
+/// The pages of the window, one of which is shown. Page 0 is the first.
+class TabView : public Control {
+ public:
+  int Page() const { return page_; }
+  void SetPage(int page);
+
+ private:
+  int page_ = 0;
+};
+
+}  // namespace tarvo

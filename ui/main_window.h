@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "ui/control.h"
+
+namespace tarvo {
+
+enum class WindowState { Normal, Minimized };
+
+/// The frame around the pages. It begins invisible; it is shown when the start-up is through.
+class MainWindow : public Control {
+ public:
+  const std::string& Title() const { return title_; }
+  void SetTitle(std::string title);
+
+  WindowState State() const { return state_; }
+  /// Raises `onResize` when the state changed, whoever changed it.
+  void SetState(WindowState state);
+
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible);
+
+  /// Shows the window in its normal state, in front of the others.
+  void BringToFront();
+  int FrontRequests() const { return frontRequests_; }
+
+  /// The operator's close request: `onClose` decides what becomes of it.
+  void Close();
+
+  /// Ends the program with this exit code: no event is handled any more. The first call counts.
+  void End(int exitCode);
+  bool Ended() const { return ended_; }
+  int ExitCode() const { return exitCode_; }
+
+  std::function<void()> onResize;
+  std::function<void()> onClose;
+
+ private:
+  std::string title_ = "Tarvo Launcher";
+  WindowState state_ = WindowState::Normal;
+  bool visible_ = false;
+  int frontRequests_ = 0;
+  bool ended_ = false;
+  int exitCode_ = 0;
+};
+
+}  // namespace tarvo
