@@ -1,0 +1,100 @@
+#include "platform/windows/files_windows.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <new>
+
+#include "platform/windows/handle_windows.h"
+
+namespace tarvo {
+namespace {
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::int64_t kLongestText = std::numeric_limits<std::int32_t>::max() - 1;
+constexpr DWORD kLongestRead = 16 * 1024 * 1024;
+
+bool MeansMissing(DWORD error) {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
+bool ReadUpTo(HANDLE file, std::size_t size, std::string& content) {
+  content.resize(size);
+  std::size_t done = 0;
+  while (done < size) {
+    const auto wanted = static_cast<DWORD>(std::min<std::size_t>(size - done, kLongestRead));
+    DWORD count = 0;
+    if (ReadFile(file, content.data() + done, wanted, &count, nullptr) == 0) return false;
+    if (count == 0) break;  // The file became shorter meanwhile.
+    done += count;
+  }
+  content.resize(done);
+  return true;
+}
+
+std::string Lowered(std::string text) {
+  if (!text.empty()) CharLowerBuffA(text.data(), static_cast<DWORD>(text.size()));
+  return text;
+}
+
+bool EndsWith(const std::string& name, const std::string& loweredEnding) {
+  return name.size() >= loweredEnding.size() &&
+         Lowered(name.substr(name.size() - loweredEnding.size())) == loweredEnding;
+}
+
+std::string PatternFor(const std::string& folder) {
+  const bool separated = !folder.empty() && folder.back() == '\\';
+  return folder + (separated ? "*" : "\\*");
+}
+
+}  // namespace
+
+bool WindowsFileReader::Exists(const std::string& path) {
+  const DWORD attributes = GetFileAttributesA(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+ReadResult WindowsFileReader::ReadText(const std::string& path, std::string& text) {
+  const KernelHandle file(CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  if (!file.Valid()) return MeansMissing(GetLastError()) ? ReadResult::Missing : ReadResult::Failed;
+  LARGE_INTEGER size{};
+  if (GetFileSizeEx(file.Get(), &size) == 0) return ReadResult::Failed;
+  if (size.QuadPart > kLongestText) return ReadResult::Failed;
+  try {
+    std::string content;
+    if (!ReadUpTo(file.Get(), static_cast<std::size_t>(size.QuadPart), content)) {
+      return ReadResult::Failed;
+    }
+    text = std::move(content);
+  } catch (const std::bad_alloc&) {
+    return ReadResult::Failed;  // A 32-bit program runs out of room long before the limit.
+  }
+  return ReadResult::Ok;
+}
+
+bool WindowsFileAppender::AppendText(const std::string& path, const std::string& text) {
+  const KernelHandle file(CreateFileA(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr,
+                                      OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file.Valid()) return false;
+  const auto size = static_cast<DWORD>(text.size());
+  DWORD written = 0;
+  return WriteFile(file.Get(), text.data(), size, &written, nullptr) != 0 && written == size;
+}
+
+std::vector<std::string> WindowsFolderLister::FilesEndingWith(const std::string& folder,
+                                                              const std::string& ending) {
+  std::vector<std::string> names;
+  WIN32_FIND_DATAA entry{};
+  const FindHandle search(FindFirstFileA(PatternFor(folder).c_str(), &entry));
+  if (!search.Valid()) return names;
+  const std::string loweredEnding = Lowered(ending);
+  do {
+    const std::string name = entry.cFileName;
+    const bool isFolder = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (!isFolder && EndsWith(name, loweredEnding)) names.push_back(name);
+  } while (FindNextFileA(search.Get(), &entry) != 0);
+  return names;
+}
+
+}  // namespace tarvo

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/instance_lock.h"
+#include "platform/windows/handle_windows.h"
+
+namespace tarvo {
+
+/// A mutex of the whole machine, owned until the process ends; a mutex that its owner left behind
+/// by dying counts as free. One that belongs to another user and may not be opened counts as held.
+///
+/// The holder's window is found by a property that bears the lock's name: it goes when the window
+/// goes, needs no right that a normal operator lacks, and reaches as far as windows can be shown:
+/// to the operator's own session.
+class WindowsInstanceLock : public InstanceLock {
+ public:
+  /// Waits 3 seconds for a holder that is ending; one that still shows a published window is not.
+  /// The lock belongs to the calling thread: only the main thread asks for it.
+  bool Acquire(const std::string& name) override;
+  bool ShowHolder(const std::string& name) override;
+  void Publish(const std::string& name, std::intptr_t window) override;
+
+ private:
+  std::vector<KernelHandle> held_;
+};
+
+}  // namespace tarvo

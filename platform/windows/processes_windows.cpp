@@ -1,0 +1,51 @@
+#include "platform/windows/processes_windows.h"
+
+#include "platform/windows/handle_windows.h"
+// After windows.h, which it needs.
+#include <tlhelp32.h>
+
+namespace tarvo {
+
+static_assert(sizeof(void*) != 4 || sizeof(PROCESSENTRY32) == 296,
+              "the ANSI process entry of a 32-bit program has 296 bytes");
+
+std::vector<ProcessEntry> WindowsProcesses::Snapshot() {
+  std::vector<ProcessEntry> entries;
+  const KernelHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+  if (!snapshot.Valid()) return entries;
+  PROCESSENTRY32 record{};
+  record.dwSize = sizeof(record);
+  for (BOOL more = Process32First(snapshot.Get(), &record); more != 0;
+       more = Process32Next(snapshot.Get(), &record)) {
+    entries.push_back({record.th32ProcessID, record.szExeFile});
+  }
+  return entries;
+}
+
+void WindowsProcesses::End(ProcessId id) {
+  const KernelHandle process(OpenProcess(PROCESS_TERMINATE, TRUE, id));
+  if (process.Valid()) TerminateProcess(process.Get(), 0);
+}
+
+void WindowsProcesses::ChangePriority(ProcessId id, std::uint32_t priorityClass) {
+  const KernelHandle process(OpenProcess(PROCESS_SET_INFORMATION, FALSE, id));
+  if (process.Valid()) SetPriorityClass(process.Get(), priorityClass);
+}
+
+std::optional<ProcessId> WindowsProcesses::LaunchHidden(const std::string& executablePath) {
+  STARTUPINFOA startup{};
+  startup.cb = sizeof(startup);
+  startup.dwFlags = STARTF_USESHOWWINDOW;
+  startup.wShowWindow = SW_HIDE;
+  PROCESS_INFORMATION started{};
+  std::string commandLine = executablePath;  // The call may write into it.
+  if (CreateProcessA(executablePath.c_str(), commandLine.data(), nullptr, nullptr, FALSE,
+                     CREATE_NEW_CONSOLE, nullptr, nullptr, &startup, &started) == 0) {
+    return std::nullopt;
+  }
+  const KernelHandle process(started.hProcess);
+  const KernelHandle thread(started.hThread);
+  return started.dwProcessId;
+}
+
+}  // namespace tarvo

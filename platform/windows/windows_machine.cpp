@@ -1,0 +1,57 @@
+#include "platform/windows/windows_machine.h"
+
+#include "platform/windows/clock_windows.h"
+#include "platform/windows/files_windows.h"
+#include "platform/windows/foreign_windows_windows.h"
+#include "platform/windows/instance_lock_windows.h"
+#include "platform/windows/memory_status_windows.h"
+#include "platform/windows/message_boxes_windows.h"
+#include "platform/windows/processes_windows.h"
+#include "platform/windows/registry_windows.h"
+#include "platform/windows/sockets_windows.h"
+
+namespace tarvo {
+namespace {
+
+std::string OwnExecutablePath() {
+  std::string path(MAX_PATH, '\0');
+  DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+  while (length == path.size()) {  // Cut off: the path is longer.
+    path.resize(path.size() * 2);
+    length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+  }
+  path.resize(length);
+  return path;
+}
+
+}  // namespace
+
+struct WindowsMachine::Adapters {
+  WindowsRegistry registry;
+  WindowsFileReader fileReader;
+  WindowsFileAppender fileAppender;
+  WindowsFolderLister folderLister;
+  WindowsProcesses processes;
+  WindowsForeignWindows foreignWindows;
+  WindowsSockets sockets;
+  WindowsLocalClock localClock;
+  WindowsTickClock tickClock;
+  WindowsMemoryStatus memoryStatus;
+  WindowsMessageBoxes messageBoxes;
+  WindowsInstanceLock instanceLock;
+};
+
+WindowsMachine::WindowsMachine() : adapters_(std::make_unique<Adapters>()) {}
+WindowsMachine::~WindowsMachine() = default;
+
+Machine WindowsMachine::Ports() {
+  Adapters& all = *adapters_;
+  return {all.registry,       all.fileReader,     all.fileAppender, all.folderLister,
+          all.processes,      all.foreignWindows, all.sockets,      all.localClock,
+          all.tickClock,      all.memoryStatus,   all.messageBoxes, all.instanceLock,
+          OwnExecutablePath()};
+}
+
+void WindowsMachine::SetOwner(std::intptr_t window) { adapters_->messageBoxes.SetOwner(window); }
+
+}  // namespace tarvo

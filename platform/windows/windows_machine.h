@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/machine.h"
+
+namespace tarvo {
+
+/// The real machine: owns the one adapter of each port. Its references live as long as it does.
+class WindowsMachine {
+ public:
+  WindowsMachine();
+  ~WindowsMachine();
+  WindowsMachine(const WindowsMachine&) = delete;
+  WindowsMachine& operator=(const WindowsMachine&) = delete;
+
+  Machine Ports();
+
+  /// The window (a handle of this process) that message boxes belong to from now on; 0 for none.
+  void SetOwner(std::intptr_t window);
+
+ private:
+  struct Adapters;
+  std::unique_ptr<Adapters> adapters_;
+};
+
+}  // namespace tarvo
