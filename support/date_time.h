@@ -1,0 +1,23 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <string_view>
+
+namespace tarvo {
+
+using LocalTime = std::chrono::local_seconds;
+
+/// Date and time as the operator reads them, the same on every machine whatever its region:
+/// "2026-11-21 10:32:07". The time is always there, at midnight too.
+std::string GeneralDate(LocalTime time);
+
+/// The digits of year, month, day, hour, minute and second: "20261121103207".
+std::string DateStamp(LocalTime time);
+
+/// Reads a date-time text: "yyyy-mm-dd" or "yyyy/mm/dd" or "mm/dd/yyyy", a time "hh:mm" or
+/// "hh:mm:ss" with an optional "AM" or "PM", or both with blanks between; a time alone is on
+/// 1899-12-30. Years are 100 to 9999. Raises type mismatch (13) for every other text.
+LocalTime ParseDateTime(std::string_view text);
+
+}  // namespace tarvo

@@ -1,0 +1,62 @@
+#include "support/date_time.h"
+
+#include <gtest/gtest.h>
+
+#include "support/runtime_error.h"
+
+namespace tarvo {
+namespace {
+
+using namespace std::chrono;
+using namespace std::chrono_literals;
+
+LocalTime At(year_month_day date, seconds time) { return local_days(date) + time; }
+
+TEST(GeneralDate, AlwaysShowsTheTime) {
+  EXPECT_EQ(GeneralDate(At(2026y / 11 / 21, 10h + 32min + 7s)), "2026-11-21 10:32:07");
+  EXPECT_EQ(GeneralDate(At(2027y / 1 / 2, 0s)), "2027-01-02 00:00:00");
+}
+
+TEST(DateStamp, HasFourteenDigits) {
+  EXPECT_EQ(DateStamp(At(2026y / 3 / 4, 5h + 6min + 7s)), "20260304050607");
+}
+
+TEST(ParseDateTime, ReadsWhatTheProgramWritesAndWhatPeopleWrite) {
+  const struct {
+    const char* text;
+    LocalTime time;
+  } cases[] = {
+      {"2026-11-21 10:32:07", At(2026y / 11 / 21, 10h + 32min + 7s)},
+      {" 2026-11-21 ", At(2026y / 11 / 21, 0s)},
+      {"2026/2/3 4:05", At(2026y / 2 / 3, 4h + 5min)},
+      {"12/31/2026 11:59:59 PM", At(2026y / 12 / 31, 23h + 59min + 59s)},
+      {"1/2/2026 12:00 am", At(2026y / 1 / 2, 0s)},
+      {"12:30 PM", At(1899y / 12 / 30, 12h + 30min)},
+      {"2028-02-29 00:00:00", At(2028y / 2 / 29, 0s)},
+  };
+  for (const auto& c : cases) EXPECT_EQ(ParseDateTime(c.text), c.time) << c.text;
+}
+
+TEST(ParseDateTime, RefusesEverythingElse) {
+  for (const char* text :
+       {"", "n/a", "yesterday", "2026-13-01", "2026-02-30", "2027-02-29 00:00:00", "2026-11-21x",
+        "2026-11-21 25:00", "2026-11-21 10:60", "2026-11-21 10:00:61", "2026-11-21 10", "13:00 PM",
+        "0:30 AM", "2026-11", "11-21-2026", "-1:00", "2026-11-21 10:00:00 AMx", "20261121"}) {
+    try {
+      ParseDateTime(text);
+      ADD_FAILURE() << '"' << text << '"';
+    } catch (const RuntimeError& fault) {
+      EXPECT_EQ(fault.Number(), 13) << text;
+    }
+  }
+}
+
+TEST(ParseDateTime, GivesBackEveryMomentThatWasWritten) {
+  for (LocalTime time = At(2026y / 1 / 1, 13s); time < At(2029y / 1 / 1, 0s);
+       time += 977min + 11s) {
+    EXPECT_EQ(ParseDateTime(GeneralDate(time)), time) << GeneralDate(time);
+  }
+}
+
+}  // namespace
+}  // namespace tarvo
