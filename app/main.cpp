@@ -1,0 +1,14 @@
+// The program entry: joins the real machine, the main window object and its native window.
+
+#include "app/principal.h"
+#include "platform/windows/windows_machine.h"
+#include "ui/windows/native_window.h"
+
+int main() {
+  tarvo::WindowsMachine machine;
+  tarvo::Principal principal(machine.Ports());
+  tarvo::NativeWindow window(principal.TheForm(), principal.TheTimers(), principal.Dispatch());
+  machine.SetOwner(window.Handle());
+  principal.Start(window.Handle());
+  return window.Run();
+}

@@ -1,0 +1,221 @@
+#include "app/principal.h"
+
+#include <algorithm>
+
+#include "app/version.h"
+#include "core/registry_text.h"
+#include "core/server_configuration.h"
+#include "supervision/memory_watch.h"
+#include "supervision/winsock_error_text.h"
+#include "support/md5.h"
+#include "support/number_text.h"
+#include "support/text.h"
+
+namespace tarvo {
+namespace {
+
+constexpr std::uint32_t kDefaultCheckInterval = 10000;
+constexpr double kMillisecondsInSecond = 1000;
+
+}  // namespace
+
+Principal::Principal(const Machine& machine)
+    : machine_(machine),
+      registry_(machine.registry),
+      root_(machine.executablePath),
+      timers_(machine.tickClock),
+      form_(timers_),
+      log_(form_.status.RTLog, form_.servers.WLog, form_.servers.LogH, machine.fileAppender,
+           machine.localClock, root_.AppFolder()),
+      settings_(form_, components_, registry_, root_, machine.localClock),
+      processes_(machine.processes, machine.foreignWindows, machine.tickClock, form_.servers.Exes,
+                 root_.AppFolder()),
+      startStop_(form_, components_, processes_, log_, machine.messageBoxes),
+      probe_(machine.sockets),
+      freezeWatch_(form_, components_, probe_, processes_, log_, machine.localClock,
+                   machine.tickClock),
+      crashWatch_(form_, components_, processes_, startStop_, log_, machine.localClock),
+      lights_(form_.frame.Sem, components_),
+      windowOptions_(form_, components_, processes_, registry_, root_) {
+  WireControls();
+  WireTimers();
+}
+
+void Principal::WireControls() {
+  dispatch_.onFault = [this](const RuntimeError& fault) { ShowFault(fault); };
+  form_.frame.window.onResize = [this] { Form_Resize(); };
+  form_.frame.window.onClose = [this] {
+    bool cancel = false;
+    Form_Unload(cancel);
+    if (!cancel) form_.frame.window.End(kExitNormal);
+  };
+  for (std::size_t i = 0; i < form_.status.bStart.size(); ++i) {
+    form_.status.bStart[i].onClick = [this, i] { startStop_.bStart_Click(i); };
+  }
+  ServersPage& servers = form_.servers;
+  for (ComponentKind kind : kComponents) {
+    const std::size_t i = IndexOf(kind);
+    servers.Prior[kind].onSelect = [this, kind] { startStop_.Prior_Click(kind); };
+    servers.chkAK[i].onChange = [this, i] { chkAK_Click(form_.servers, i); };
+    servers.TTO[kind].onChange = [this, kind] { TTO_Change(form_.servers.TTO[kind]); };
+    servers.opt_ShowWin[i].onClick = [this, kind] { windowOptions_.opt_ShowWin_Click(kind); };
+  }
+  servers.Check2.onClick = [this] { windowOptions_.Check2_Click(); };
+  servers.Command1.onClick = [this] { Command1_Click(); };
+  startStop_.prepareFreezeWatch = [this](ComponentKind kind) { freezeWatch_.Prepare(kind); };
+}
+
+void Principal::WireTimers() {
+  Timers& timers = form_.timers;
+  for (ComponentKind kind : kComponents) {
+    timers.CrashWatch(kind).onTick = [this, kind] { crashWatch_.Check(kind); };
+    timers.Preparation(kind).onTick = [this, kind] { freezeWatch_.Prepare(kind); };
+    timers.Probe(kind).onTick = [this, kind] { freezeWatch_.ProbePeriodically(kind); };
+    timers.Reprobe(kind).onTick = [this, kind] { freezeWatch_.ProbeAgain(kind); };
+  }
+  timers.Mem.onTick = [this] { ShowFreeMemory(machine_.memoryStatus, form_.frame.lblMemory); };
+  timers.tmrAlarma.onTick = [this] { lights_.Refresh(); };
+}
+
+std::string Principal::InstanceName() const {
+  return clsMD5().DigestStrToHexStr(LowerCase(root_.WithSeparator()));
+}
+
+void Principal::Start(std::intptr_t nativeWindow) {
+  dispatch_.Run([this, nativeWindow] {
+    if (!machine_.instanceLock.Acquire(InstanceName())) {
+      if (!machine_.instanceLock.ShowHolder(InstanceName())) {
+        return RefuseToStart("Tarvo Launcher is already running in this server root.");
+      }
+      return form_.frame.window.End(kExitNormal);
+    }
+    machine_.instanceLock.Publish(InstanceName(), nativeWindow);
+    Form_Load();
+    MainWindow& window = form_.frame.window;
+    if (window.Ended()) return;
+    ShowFreeMemory(machine_.memoryStatus, form_.frame.lblMemory);
+    window.SetVisible(window.State() != WindowState::Minimized);
+  });
+  if (form_.frame.window.Ended()) dispatch_.Close();
+}
+
+void Principal::Form_Load() {
+  form_.frame.SSTab1.SetPage(1);
+  if (!StartNetworking() || !LoadSettings()) return;
+  LogConfiguration();
+  log_.LogStatus("Launcher Ready!", kInfo);
+  form_.frame.window.SetTitle("[" + form_.frame.SName.Caption() + "] - Tarvo Launcher");
+  LookForRunningComponents();
+  AutoStart();
+  if (componentsFoundInMemory_) form_.frame.SSTab1.SetPage(0);
+}
+
+bool Principal::StartNetworking() {
+  const std::string text =
+      ReadRegistryString(registry_, Hive::LocalMachine, kSettingsKeyPrefix, "Winsock", "&H202");
+  const int code = machine_.sockets.Start(static_cast<std::uint16_t>(ToInteger(text)));
+  if (code != 0) RefuseToStart(WinsockErrorText(code));
+  return code == 0;
+}
+
+bool Principal::LoadSettings() {
+  const ConfigurationResult read = ReadServerConfiguration(machine_.fileReader, root_);
+  if (!read.refusal.empty()) {
+    RefuseToStart(read.refusal);
+    return false;
+  }
+  for (ComponentKind kind : kComponents) {
+    components_[kind].endpoint = read.configuration.endpoints[kind];
+  }
+  form_.frame.SName.SetCaption(read.configuration.serverName.value_or(""));
+  ListExecutables(machine_.folderLister, root_, form_.servers.Exes);
+  settings_.Load();
+  return true;
+}
+
+void Principal::RefuseToStart(const std::string& reason) {
+  dispatch_.Close();
+  machine_.messageBoxes.Ask({reason, BoxIcon::Critical});
+  form_.frame.window.End(kExitRefused);
+}
+
+void Principal::LogConfiguration() {
+  log_.LogStatus(std::string("Tarvo Launcher v.") + kVersion, kInfo);
+  for (ComponentKind kind : kComponents) {
+    const ComponentEndpoint& endpoint = components_[kind].endpoint;
+    log_.LogStatus(std::string(NameOf(kind)) + " Server: " + endpoint.host + ":" +
+                       std::to_string(endpoint.port),
+                   kInfo);
+  }
+  for (ComponentKind kind : kComponents) {
+    const std::uint32_t interval = form_.timers.Probe(kind).Interval();
+    if (interval == kDefaultCheckInterval) continue;
+    log_.LogStatus(std::string(NameOf(kind)) + " Check Interval: " +
+                       ShortestDecimal(interval / kMillisecondsInSecond) + " seconds.",
+                   kNotice);
+  }
+}
+
+void Principal::LookForRunningComponents() {
+  for (const DropDownList& chooser : form_.servers.Exes) {
+    componentsFoundInMemory_ |= processes_.FindProcessByName(chooser.Text()) != 0;
+  }
+  if (componentsFoundInMemory_) {
+    log_.LogStatus("Attention!, server components found in memory.", kNotice);
+  }
+}
+
+void Principal::AutoStart() {
+  const auto& boxes = form_.servers.chkAutoStart;
+  if (std::all_of(boxes.begin(), boxes.end(), [](const CheckBox& box) { return box.Checked(); })) {
+    startStop_.bStart_Click(3);
+    return;
+  }
+  for (ComponentKind kind : kComponents) {
+    // A tick under a refusal's message box may have ended the program.
+    if (form_.frame.window.Ended()) return;
+    if (boxes[kind].Checked()) startStop_.bStart_Click(IndexOf(kind));
+  }
+}
+
+void Principal::Form_Unload(bool& cancel) {
+  const bool anyRuns = std::any_of(components_.begin(), components_.end(),
+                                   [](const Component& c) { return c.ProcessId > 0; });
+  if (anyRuns) {
+    cancel = true;
+    machine_.messageBoxes.Ask({"Please, stop servers before close this application"});
+    return;
+  }
+  settings_.Save();
+  machine_.sockets.Stop();
+}
+
+void Principal::Form_Resize() {
+  MainWindow& window = form_.frame.window;
+  window.SetVisible(window.State() != WindowState::Minimized);
+}
+
+void Principal::Command1_Click() {
+  const Answer answer = machine_.messageBoxes.Ask(
+      {"This option will stop the launcher without kill the server, is usefull to update the "
+       "launcher version.\r\n"
+       "When you start the launcher again, press Start and the components will be under control "
+       "again.",
+       BoxIcon::Exclamation, BoxButtons::YesNo, true});
+  if (answer != Answer::Yes || form_.frame.window.Ended()) return;
+  log_.LogStatus("Launcher unloaded from memory! (server still running)", kAlert);
+  for (Component& component : components_) component.ProcessId = 0;
+  settings_.Save();
+  form_.frame.window.End(kExitNormal);
+}
+
+void Principal::ShowFault(const RuntimeError& fault) {
+  timers_.StopForever();
+  std::string text =
+      "Run-time error '" + std::to_string(fault.Number()) + "':\r\n\r\n" + fault.Description();
+  if (!fault.Source().empty()) text += "\r\n\r\n" + fault.Source();
+  machine_.messageBoxes.Ask({text, BoxIcon::Critical});
+  form_.frame.window.End(kExitFault);
+}
+
+}  // namespace tarvo

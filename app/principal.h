@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/component.h"
+#include "core/launcher_settings.h"
+#include "core/per_user_registry.h"
+#include "core/process_control.h"
+#include "core/server_root.h"
+#include "core/start_stop.h"
+#include "core/status_log.h"
+#include "desktop/window_options.h"
+#include "platform/machine.h"
+#include "supervision/crash_watch.h"
+#include "supervision/freeze_watch.h"
+#include "supervision/port_probe.h"
+#include "supervision/status_lights.h"
+#include "ui/event_dispatch.h"
+#include "ui/form.h"
+
+namespace tarvo {
+
+/// Exit codes of the program.
+inline constexpr int kExitNormal = 0;
+inline constexpr int kExitFault = 1;    ///< A fault of the run time ended the program.
+inline constexpr int kExitRefused = 2;  ///< It could not start here; a message box has said why.
+
+/// The main window object: it owns the form, the subsystems and the state, and wires the events of
+/// the one to the operations of the others. Events reach it through its dispatch alone.
+class Principal {
+ public:
+  explicit Principal(const Machine& machine);
+  Principal(const Principal&) = delete;
+  Principal& operator=(const Principal&) = delete;
+
+  /// Starts the launcher: a second one in the same root shows the first one's window and ends;
+  /// otherwise `Form_Load` runs, and the window is shown unless it starts minimized. Call it once,
+  /// before any other event, when the native window exists; `nativeWindow` is its handle.
+  void Start(std::intptr_t nativeWindow);
+
+  Form& TheForm() { return form_; }
+  TimerQueue& TheTimers() { return timers_; }
+  EventDispatch& Dispatch() { return dispatch_; }
+  const ComponentTable& Components() const { return components_; }
+  int StatusCode() const { return lights_.StatusCode(); }
+
+  /// The name under which the machine knows this root's one launcher.
+  std::string InstanceName() const;
+
+  /// Where an upgrade takes over a crash; see `CrashWatch::runUpgrade`.
+  CrashWatch& TheCrashWatch() { return crashWatch_; }
+
+ private:
+  void WireControls();
+  void WireTimers();
+
+  void Form_Load();
+  void Form_Unload(bool& cancel);
+  void Form_Resize();
+  void Command1_Click();
+
+  bool StartNetworking();
+  bool LoadSettings();
+  void LogConfiguration();
+  void LookForRunningComponents();
+  void AutoStart();
+  void RefuseToStart(const std::string& reason);
+  void ShowFault(const RuntimeError& fault);
+
+  Machine machine_;
+  PerUserRegistry registry_;
+  ServerRoot root_;
+  EventDispatch dispatch_;
+  TimerQueue timers_;
+  Form form_;
+  ComponentTable components_;
+  StatusLog log_;
+  LauncherSettings settings_;
+  ProcessControl processes_;
+  StartStop startStop_;
+  PortProbe probe_;
+  FreezeWatch freezeWatch_;
+  CrashWatch crashWatch_;
+  StatusLights lights_;
+  WindowOptions windowOptions_;
+  bool componentsFoundInMemory_ = false;
+};
+
+}  // namespace tarvo

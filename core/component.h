@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/foreign_windows.h"
+#include "platform/processes.h"
+#include "ui/form.h"
+
+namespace tarvo {
+
+/// Where a component listens, as the servers' configuration files say it: the host may carry blanks
+/// around it, the port may be any number.
+struct ComponentEndpoint {
+  std::string host = "127.0.0.1";
+  std::int32_t port = 0;
+};
+
+/// What the watches know of a component.
+enum class AlarmState : std::int16_t { Healthy = 0, Trouble = 1, NotWatched = 2 };
+
+/// One of the three server programs: what the launcher knows of it besides the controls of the
+/// form.
+struct Component {
+  std::string storedExecutable;  ///< The settings' raw text; the chooser may hold another.
+  ComponentEndpoint endpoint;
+
+  tarvo::ProcessId ProcessId = 0;  ///< Remembered at start; 0 when not known to run.
+  WindowHandle RunningHandle = 0;  ///< Its window at the last crash check; 0 when not running.
+  tarvo::AlarmState AlarmState = tarvo::AlarmState::NotWatched;
+  std::int64_t FreezeStart =
+      0;  ///< Tick count in whole seconds at which a freeze was seen; 0: none.
+};
+
+using ComponentTable = PerComponent<Component>;
+
+/// "Login", "Char", "Map".
+const char* NameOf(ComponentKind kind);
+
+}  // namespace tarvo

@@ -1,0 +1,105 @@
+#include "core/process_control.h"
+
+#include "support/runtime_error.h"
+#include "support/text.h"
+
+namespace tarvo {
+namespace {
+
+constexpr std::uint32_t kPauseBetweenLookups = 10;
+
+// Windows that come and go without end, or a list that turns in a circle, must not hold up the
+// supervision for ever.
+constexpr int kMostWalks = 20;
+constexpr int kMostWindows = 100000;
+
+}  // namespace
+
+std::uint32_t PriorityClassFor(int index) {
+  switch (index) {
+    case 0:
+      return 0x40;  // IDLE_PRIORITY_CLASS
+    case 1:
+      return 0x4000;  // BELOW_NORMAL_PRIORITY_CLASS
+    case 2:
+      return 0x20;  // NORMAL_PRIORITY_CLASS
+    case 3:
+      return 0x8000;  // ABOVE_NORMAL_PRIORITY_CLASS
+    case 4:
+      return 0x80;  // HIGH_PRIORITY_CLASS
+    case 5:
+      return 0x100;  // REALTIME_PRIORITY_CLASS
+    default:
+      return 0;
+  }
+}
+
+ProcessId ProcessControl::FindProcessByName(const std::string& executableName) {
+  if (executableName.empty()) return 0;
+  const std::string wanted = LowerCase(executableName);
+  for (const ProcessEntry& entry : processes_.Snapshot()) {
+    if (LowerCase(entry.executable) == wanted) return entry.id;
+  }
+  return 0;
+}
+
+void ProcessControl::KillProcessesByName(const std::string& executableName) {
+  if (executableName.empty()) return;
+  const std::string wanted = LowerCase(executableName);
+  for (const ProcessEntry& entry : processes_.Snapshot()) {
+    if (LowerCase(entry.executable) == wanted) processes_.End(entry.id);
+  }
+}
+
+void ProcessControl::SetPriority(ProcessId id, std::uint32_t priorityClass) {
+  processes_.ChangePriority(id, priorityClass);
+}
+
+WindowHandle ProcessControl::FindMainWindow(ProcessId id) {
+  if (id == 0) return 0;
+  WindowHandle found = 0;
+  for (int walk = 0; walk < kMostWalks; ++walk) {
+    if (WalkWindows(id, found) == WalkEnd::EndOfList) break;
+  }
+  return found;
+}
+
+ProcessControl::WalkEnd ProcessControl::WalkWindows(ProcessId id, WindowHandle& found) {
+  WindowHandle window = windows_.First();
+  for (int count = 0; window != 0 && count < kMostWindows; ++count) {
+    if (windows_.Parent(window) == 0 && windows_.Owner(window) == id) {
+      found = window;
+      return WalkEnd::EndOfList;
+    }
+    const WindowHandle next = windows_.Next(window);
+    if (next == 0 && !windows_.StillThere(window)) return WalkEnd::WindowVanished;
+    window = next;
+  }
+  return WalkEnd::EndOfList;
+}
+
+int ProcessControl::ShowComponentWindow(WindowHandle window, bool show) {
+  if (window == 0) return 0;
+  return windows_.Show(window, show ? kShowWindowNormal : kHideWindow);
+}
+
+ProcessId ProcessControl::LaunchComponent(ComponentKind kind) {
+  const std::string path = appFolder_ + "\\" + Exes_[kind].Text();
+  const auto id = processes_.LaunchHidden(path);
+  if (!id) throw RuntimeError(Fault::FileNotFound, path);
+  return *id;
+}
+
+bool ProcessControl::StopProcesses(ComponentKind kind) {
+  const std::string name = Exes_[kind].Text();
+  const std::uint32_t start = clock_.Milliseconds();
+  while (FindProcessByName(name) != 0) {
+    if (clock_.Milliseconds() - start >= kLongestStop) return false;
+    KillProcessesByName(name);
+    if (FindProcessByName(name) == 0) break;
+    clock_.Pause(kPauseBetweenLookups);
+  }
+  return true;
+}
+
+}  // namespace tarvo

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/component.h"
+#include "platform/clock.h"
+#include "platform/foreign_windows.h"
+#include "platform/processes.h"
+
+namespace tarvo {
+
+/// The Windows priority class of an entry of the priority list: 0 idle, 1 below normal, 2 normal,
+/// 3 above normal, 4 high, 5 (not in the list) real time; 0 for any other index.
+std::uint32_t PriorityClassFor(int index);
+
+/// Finds, launches, ends and ranks the servers' processes. No handle to a server is ever kept: a
+/// server is known by the file name of its executable alone, letter case aside, and looked up
+/// afresh each time. Two roots whose executables share a name therefore share their servers' fate.
+/// None of these operations reports an error unless it says so.
+class ProcessControl {
+ public:
+  ProcessControl(Processes& processes, ForeignWindows& windows, TickClock& clock,
+                 const PerComponent<DropDownList>& Exes, std::string appFolder)
+      : processes_(processes),
+        windows_(windows),
+        clock_(clock),
+        Exes_(Exes),
+        appFolder_(std::move(appFolder)) {}
+
+  /// The first process of that file name in the system's order; 0 for none, and for an empty name.
+  ProcessId FindProcessByName(const std::string& executableName);
+
+  /// Ends every process of that file name, the launcher's or not.
+  void KillProcessesByName(const std::string& executableName);
+
+  void SetPriority(ProcessId id, std::uint32_t priorityClass);
+
+  /// The process's first top-level window without a parent, 0 when it owns none; process 0 owns
+  /// none. A walk that ended because a window vanished under it says nothing and is begun again.
+  WindowHandle FindMainWindow(ProcessId id);
+
+  /// Shows the window in its normal state, or hides it. Returns ShowWindow's result, 0 for no
+  /// window.
+  int ShowComponentWindow(WindowHandle window, bool show);
+
+  /// Starts the chosen executable of the root with a hidden window. Raises file not found (53) when
+  /// it cannot be started, whatever the reason.
+  ProcessId LaunchComponent(ComponentKind kind);
+
+  /// Ends the component's processes by name until none is left. A process that refuses to die is
+  /// given up after `kLongestStop` milliseconds: then the result is false.
+  bool StopProcesses(ComponentKind kind);
+
+  static constexpr std::uint32_t kLongestStop = 5000;
+
+ private:
+  enum class WalkEnd { EndOfList, WindowVanished };
+  WalkEnd WalkWindows(ProcessId id, WindowHandle& found);
+
+  Processes& processes_;
+  ForeignWindows& windows_;
+  TickClock& clock_;
+  const PerComponent<DropDownList>& Exes_;
+  const std::string appFolder_;
+};
+
+}  // namespace tarvo

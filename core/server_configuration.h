@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/component.h"
+#include "core/server_root.h"
+#include "platform/files.h"
+
+namespace tarvo {
+
+/// What the servers' own configuration files say: where each component listens, and the server's
+/// name.
+struct ServerConfiguration {
+  PerComponent<ComponentEndpoint> endpoints;
+  std::optional<std::string> serverName;  ///< Nothing when no line names it.
+};
+
+/// The outcome of reading: a configuration, or the text that tells the operator why there is none.
+struct ConfigurationResult {
+  ServerConfiguration configuration;
+  std::string refusal;  ///< Empty when all went well.
+};
+
+/// Checks that the folder is a server root and reads conf\char_athena.conf and
+/// conf\map_athena.conf. A file that is there but cannot be read (locked, no right) counts as
+/// missing.
+///
+/// The files are lines ended by CR LF. A line counts when it begins with a key, letter case
+/// included; of several lines with one key the last counts. The login server's endpoint is the one
+/// at which the char server reaches it. Hosts are kept as they follow their key; blanks around a
+/// port are ignored. Raises type mismatch (13) or overflow (6) for a port that is no 32-bit number.
+ConfigurationResult ReadServerConfiguration(FileReader& files, const ServerRoot& root);
+
+/// Puts every executable of the root into the three choosers, in the order of the file system.
+void ListExecutables(FolderLister& folders, const ServerRoot& root,
+                     PerComponent<DropDownList>& Exes);
+
+}  // namespace tarvo

@@ -1,0 +1,131 @@
+#include "core/start_stop.h"
+
+#include "support/number_text.h"
+#include "ui/status_colours.h"
+
+namespace tarvo {
+namespace {
+
+constexpr std::int32_t kShortestAutokillTime = 5;  // Seconds.
+
+std::string ServerName(ComponentKind kind) { return std::string(NameOf(kind)) + " Server"; }
+
+/// Only the lines of the login server have these marks.
+const char* StartedMark(ComponentKind kind) { return kind == ComponentKind::Login ? "!" : ""; }
+const char* PriorityMark(ComponentKind kind) { return kind == ComponentKind::Login ? "." : ""; }
+
+}  // namespace
+
+void StartStop::bStart_Click(std::size_t index) {
+  if (const std::string reason = ReasonToRefuse(); !reason.empty()) {
+    messageBoxes_.Ask({reason});
+    return;
+  }
+  if (index == 3) return StartAll();
+  if (index == 4) return StopAll();
+  const ComponentKind kind = kComponents[index];
+  if (form_.status.bStart[index].Caption().ends_with('t')) {
+    StartComponent(kind);
+  } else {
+    StopComponent(kind);
+  }
+}
+
+std::string StartStop::ReasonToRefuse() const {
+  const auto& Exes = form_.servers.Exes;
+  for (const DropDownList& chooser : Exes) {
+    if (chooser.Text().empty()) return "Please, select the right servers from the list";
+  }
+  bool tooShort = false;
+  for (const TextBox& box : form_.servers.TTO) {
+    const std::int32_t seconds = ToInteger(box.Text());
+    tooShort |= box.Enabled() && seconds < kShortestAutokillTime;
+  }
+  if (tooShort) return "The min autokill time is 5 second, please check.";
+  const std::string login = Exes[ComponentKind::Login].Text();
+  const std::string charServer = Exes[ComponentKind::Char].Text();
+  const std::string map = Exes[ComponentKind::Map].Text();
+  if (login == charServer || login == map || charServer == map) {
+    return "Please, select the right servers from the list!";
+  }
+  return {};
+}
+
+void StartStop::StartAll() {
+  for (ComponentKind kind : kComponents) {
+    if (components_[kind].ProcessId == 0) StartComponent(kind);
+  }
+  form_.frame.SSTab1.SetPage(0);
+}
+
+void StartStop::StopAll() {
+  for (ComponentKind kind : kComponents) {
+    if (components_[kind].ProcessId > 0) StopComponent(kind);
+  }
+}
+
+void StartStop::StartComponent(ComponentKind kind) {
+  form_.servers.Exes[kind].SetEnabled(false);
+  CommandButton& button = form_.status.bStart[IndexOf(kind)];
+  button.SetCaption("Stop");
+  button.SetBackground(kStartedColour);
+  if (kind == ComponentKind::Map && beforeMapServerStarts) beforeMapServerStarts();
+  LaunchOrAdopt(kind);
+  if (prepareFreezeWatch) prepareFreezeWatch(kind);
+  processes_.SetPriority(components_[kind].ProcessId,
+                         PriorityClassFor(form_.servers.Prior[kind].ListIndex()));
+  form_.timers.CrashWatch(kind).SetEnabled(true);
+}
+
+void StartStop::LaunchOrAdopt(ComponentKind kind) {
+  const std::string executable = form_.servers.Exes[kind].Text();
+  const ProcessId running = processes_.FindProcessByName(executable);
+  if (running == 0) {
+    components_[kind].ProcessId = processes_.LaunchComponent(kind);
+    log_.LogStatus(ServerName(kind) + " Started" + StartedMark(kind) + PriorityText(kind), kInfo);
+    return;
+  }
+  components_[kind].ProcessId = running;
+  log_.LogStatus("[" + executable + "] was found in memory!", kInfo);
+  log_.LogStatus(ServerName(kind) + " under control" + StartedMark(kind) + PriorityText(kind),
+                 kInfo);
+  form_.timers.Preparation(kind).SetEnabled(true);
+}
+
+std::string StartStop::PriorityText(ComponentKind kind) const {
+  return " [" + form_.servers.Prior[kind].Text() + " Priority]";
+}
+
+void StartStop::StopComponent(ComponentKind kind) {
+  Timers& timers = form_.timers;
+  for (Timer* timer : {&timers.CrashWatch(kind), &timers.Probe(kind), &timers.Reprobe(kind),
+                       &timers.Preparation(kind)}) {
+    timer->SetEnabled(false);
+  }
+  Component& component = components_[kind];
+  component.ProcessId = 0;
+  component.RunningHandle = 0;
+  log_.LogStatus(ServerName(kind) + " Stopped!", kNotice);
+  if (!processes_.StopProcesses(kind)) {
+    log_.LogStatus("[" + form_.servers.Exes[kind].Text() + "] refuses to end, still in memory!",
+                   kAlert);
+  }
+  component.AlarmState = AlarmState::NotWatched;
+  form_.frame.Sem[kind].SetFill(kStoppedLight);
+  form_.servers.Exes[kind].SetEnabled(true);
+  CommandButton& button = form_.status.bStart[IndexOf(kind)];
+  button.SetCaption("Start");
+  button.SetBackground(kStoppedColour);
+}
+
+void StartStop::Prior_Click(ComponentKind kind) {
+  const ProcessId id = components_[kind].ProcessId;
+  if (id == 0) return;
+  const DropDownList& list = form_.servers.Prior[kind];
+  processes_.SetPriority(id, PriorityClassFor(list.ListIndex()));
+  log_.LogStatus(
+      ServerName(kind) + " running with " + list.Text() + " priority" + PriorityMark(kind),
+      kNotice);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/component.h"
+#include "core/process_control.h"
+#include "core/status_log.h"
+#include "platform/message_boxes.h"
+#include "ui/form.h"
+
+namespace tarvo {
+
+/// Starts and stops the components. The caption of a component's button is its state: "Start" when
+/// it is stopped, "Stop" when it is started.
+class StartStop {
+ public:
+  StartStop(Form& form, ComponentTable& components, ProcessControl& processes, StatusLog& log,
+            MessageBoxes& messageBoxes)
+      : form_(form),
+        components_(components),
+        processes_(processes),
+        log_(log),
+        messageBoxes_(messageBoxes) {}
+
+  /// A press on `bStart(index)`: 0 to 2 turn one component over, 3 starts all, 4 stops all. The
+  /// choice of executables and the autokill times are checked first, for every press and all three
+  /// components; what is wrong is told in a message box and ends the press. Raises the conversion's
+  /// fault (13, 6) for an autokill time that is no 32-bit number.
+  void bStart_Click(std::size_t index);
+
+  /// Launches the component, or takes the process of its name that already runs under control; sets
+  /// its priority and arms its watches. Raises file not found (53) when it cannot be launched.
+  void StartComponent(ComponentKind kind);
+
+  /// Disarms the component's watches and ends every process of its name. One that refuses to die is
+  /// told in the log, and the component counts as stopped all the same.
+  void StopComponent(ComponentKind kind);
+
+  /// The operator picked another priority: a running component gets it at once.
+  void Prior_Click(ComponentKind kind);
+
+  /// Asked before the map server is looked for and launched.
+  std::function<void()> beforeMapServerStarts;
+  /// The freeze watch's preparation of a component that has just been started.
+  std::function<void(ComponentKind)> prepareFreezeWatch;
+
+ private:
+  std::string ReasonToRefuse() const;
+  void StartAll();
+  void StopAll();
+  void LaunchOrAdopt(ComponentKind kind);
+  std::string PriorityText(ComponentKind kind) const;
+
+  Form& form_;
+  ComponentTable& components_;
+  ProcessControl& processes_;
+  StatusLog& log_;
+  MessageBoxes& messageBoxes_;
+};
+
+}  // namespace tarvo

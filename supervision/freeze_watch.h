@@ -1,0 +1,72 @@
+#pragma once
+
+#include <string>
+
+#include "core/component.h"
+#include "core/process_control.h"
+#include "core/status_log.h"
+#include "platform/clock.h"
+#include "supervision/port_probe.h"
+#include "ui/form.h"
+
+namespace tarvo {
+
+/// Finds components that hang without dying: a started component's port is probed at its interval;
+/// one that does not answer is probed again every 2 seconds, and killed once it has stayed silent
+/// longer than its autokill time. The kill is all: the crash watch finds the process gone and
+/// restarts it.
+///
+/// A component's state is which of its three timers runs: none (off), preparation (grace after its
+/// start), periodic probe (watching), re-probe (frozen).
+///
+/// The time base is the 32-bit tick count: a freeze that spans its wrap is not killed before a new
+/// one begins. A freeze seen in the first second of the tick count is never killed.
+class FreezeWatch {
+ public:
+  FreezeWatch(Form& form, ComponentTable& components, PortProbe& probe, ProcessControl& processes,
+              StatusLog& log, LocalClock& localClock, TickClock& tickClock)
+      : form_(form),
+        components_(components),
+        probe_(probe),
+        processes_(processes),
+        log_(log),
+        localClock_(localClock),
+        tickClock_(tickClock) {}
+
+  /// The tick of `PrepL`, `PrepC`, `PrepM`, and the call at a component's start: a disabled timer
+  /// is enabled; an enabled one is over, and the component is probed at once.
+  void Prepare(ComponentKind kind);
+
+  /// The tick of `TTL`, `TTC`, `TTM`. Does nothing while the component's autokill is not checked.
+  void ProbePeriodically(ComponentKind kind);
+
+  /// The tick of `TLogin`, `TChar`, `TMap`. Raises the conversion's fault (13, 6) when the kill
+  /// depends on an autokill time that is no number.
+  void ProbeAgain(ComponentKind kind);
+
+ private:
+  bool Listens(ComponentKind kind);
+  void BeginFreeze(ComponentKind kind);
+  void EndFreeze(ComponentKind kind);
+  bool MustBeKilled(ComponentKind kind);
+  void Kill(ComponentKind kind);
+  std::int64_t Seconds();
+
+  Form& form_;
+  ComponentTable& components_;
+  PortProbe& probe_;
+  ProcessControl& processes_;
+  StatusLog& log_;
+  LocalClock& localClock_;
+  TickClock& tickClock_;
+};
+
+/// What becomes of the text of an autokill time after a change: a text of digits stays; any other
+/// becomes the number that it starts with, 0 when there is none.
+std::string CleanedSeconds(const std::string& text);
+
+/// The change rule of an autokill time box: puts the cleaned text into it with the caret at its
+/// end.
+void TTO_Change(TextBox& box);
+
+}  // namespace tarvo

@@ -1,0 +1,55 @@
+#include "supervision/memory_watch.h"
+
+#include <cmath>
+
+namespace tarvo {
+namespace {
+
+constexpr double kBytesInMegabyte = 1024.0 * 1024.0;
+constexpr double kTurnedOver = 4294967296.0;
+
+double ByteCount(std::int64_t figure) {
+  const double count = static_cast<double>(figure);
+  return figure < 0 ? count + kTurnedOver : count;
+}
+
+std::string AtLeastTwoDigits(long long number) {
+  const std::string digits = std::to_string(number);
+  return digits.size() < 2 ? "0" + digits : digits;
+}
+
+std::string WithThousands(long long number) {
+  std::string digits = std::to_string(number);
+  for (std::size_t place = digits.size(); place > 3;) {
+    place -= 3;
+    digits.insert(place, ",");
+  }
+  return digits;
+}
+
+std::string WithTwoDecimals(double number) {
+  const long long hundredths = std::llround(number * 100);
+  return WithThousands(hundredths / 100) + "." + AtLeastTwoDigits(hundredths % 100);
+}
+
+}  // namespace
+
+std::string MemoryText(const MemoryFigures& figures) {
+  const double available =
+      ByteCount(figures.availablePhysical) + ByteCount(figures.availablePagingFile);
+  const double total = ByteCount(figures.totalPhysical) + ByteCount(figures.totalPagingFile);
+  const double percent = total > 0 ? available / total * 100 : 0;
+  return AtLeastTwoDigits(std::llround(percent)) + "% (" +
+         WithTwoDecimals(available / kBytesInMegabyte) + " MB)";
+}
+
+void ShowFreeMemory(MemoryStatus& memory, Label& label) {
+  MemoryFigures figures;
+  figures.availablePhysical = memory.AvailablePhysical();
+  figures.availablePagingFile = memory.AvailablePagingFile();
+  figures.totalPhysical = memory.TotalPhysical();
+  figures.totalPagingFile = memory.TotalPagingFile();
+  label.SetCaption(MemoryText(figures));
+}
+
+}  // namespace tarvo

@@ -1,0 +1,79 @@
+#include "supervision/port_probe.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include "supervision/protocol_record.h"
+#include "support/runtime_error.h"
+#include "support/text.h"
+
+namespace tarvo {
+namespace {
+
+constexpr int kAnyFamily = 0;
+constexpr int kStreamSocket = 1;
+constexpr int kTcp = 6;
+constexpr int kNotConnected = -1;
+
+/// A sockaddr_in: family as the machine keeps it, port and address in network order.
+SocketAddress AddressOf(std::int32_t family, std::int16_t port, std::uint32_t address) {
+  SocketAddress bytes{};
+  const auto familyBits = static_cast<std::uint16_t>(family);
+  const auto portBits = static_cast<std::uint16_t>(port);
+  std::memcpy(bytes.data(), &familyBits, sizeof familyBits);
+  bytes[2] = static_cast<std::uint8_t>(portBits >> 8);
+  bytes[3] = static_cast<std::uint8_t>(portBits & 0xFF);
+  std::memcpy(bytes.data() + 4, &address, sizeof address);
+  return bytes;
+}
+
+}  // namespace
+
+std::int16_t PortToShort(std::int32_t port) {
+  if (port < 0 || port > std::numeric_limits<std::uint16_t>::max()) {
+    throw RuntimeError(Fault::Overflow, "PortToShort");
+  }
+  return static_cast<std::int16_t>(static_cast<std::uint16_t>(port));
+}
+
+bool PortProbe::IsPortListening(const std::string& host, std::int32_t port) {
+  const SocketHandle socket = CreateTcpSocket();
+  const int result = ConnectSocket(socket, host, port);
+  sockets_.Close(socket);
+  return result == 0;
+}
+
+SocketHandle PortProbe::CreateTcpSocket() {
+  return sockets_.Create(kAnyFamily, kStreamSocket, kTcp);
+}
+
+std::uint32_t PortProbe::ResolveHostAddress(const std::string& host) {
+  const std::string name(Trimmed(host));
+  // Winsock takes a blank for the address 0.0.0.0 and no name at all for this machine.
+  if (name.empty()) return kNoAddress;
+  const std::uint32_t dotted = sockets_.DottedAddress(host);
+  if (dotted != kNoAddress) return dotted;
+  const auto bytes = sockets_.FirstAddressOf(name);
+  if (!bytes) return kNoAddress;
+  std::uint32_t address = 0;
+  std::memcpy(&address, bytes->data(), std::min(bytes->size(), sizeof address));
+  return address;
+}
+
+int PortProbe::ConnectSocket(SocketHandle socket, const std::string& host, std::int32_t port) {
+  if (socket <= 0 || host.empty() || port < 1) return kNotConnected;
+  try {
+    CProtocol protocol;
+    protocol.GetBySocketHandle(sockets_, socket);
+    const std::uint32_t address = ResolveHostAddress(host);
+    if (address == kNoAddress) return kNotConnected;
+    return sockets_.ConnectTo(socket,
+                              AddressOf(protocol.AddressFamily, PortToShort(port), address));
+  } catch (const RuntimeError&) {
+    // A port that no socket can have is a server that does not listen, not a fault of the launcher.
+    return kNotConnected;
+  }
+}
+
+}  // namespace tarvo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+
+#include "core/component.h"
+#include "ui/form.h"
+
+namespace tarvo {
+
+/// The code of a combination of alarm states, 0 to 25; nothing for the one combination without a
+/// code (login in trouble, char not watched, map in trouble).
+std::optional<int> StatusCodeFor(AlarmState login, AlarmState charServer, AlarmState map);
+
+/// The colour of a component's light.
+Colour LightColourFor(AlarmState state);
+
+/// Shows the components' alarm states as lights, and keeps their combined code.
+class StatusLights {
+ public:
+  StatusLights(PerComponent<Light>& Sem, const ComponentTable& components)
+      : Sem_(Sem), components_(components) {}
+
+  /// The tick of `tmrAlarma`, every 2 seconds.
+  void Refresh();
+
+  /// The code of the last tick that had one; 8, nothing watched, before the first.
+  int StatusCode() const { return statusCode_; }
+
+ private:
+  PerComponent<Light>& Sem_;
+  const ComponentTable& components_;
+  int statusCode_ = 8;
+};
+
+}  // namespace tarvo
