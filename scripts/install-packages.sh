@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Installs what is missing of the named groups of Debian packages; does nothing when all is there.
+#
+#   scripts/install-packages.sh windows wine native
+set -euo pipefail
+
+declare -A groups=(
+  [windows]="cmake ninja-build g++-mingw-w64-x86-64-win32 binutils-mingw-w64-x86-64"
+  [windows-32]="g++-mingw-w64-i686-win32 binutils-mingw-w64-i686"
+  [wine]="wine64 wine xvfb xauth openbox iproute2 procps util-linux"
+  [native]="cmake ninja-build g++ libgtest-dev googletest"
+  [lint]="clang-format clang-tidy"
+  [bench]="cmake ninja-build g++ libpugixml-dev libtinyxml2-dev"
+  [pictures]="imagemagick xdotool"
+  [fuzz]="clang libclang-rt-14-dev"
+)
+
+missing=()
+for group in "$@"; do
+  for package in ${groups[$group]:?no such group: $group}; do
+    status=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
+    [[ $status == installed ]] || missing+=("$package")
+  done
+done
+[[ ${#missing[@]} -gt 0 ]] || exit 0
+
+as_root=()
+if [[ $(id -u) -ne 0 ]]; then
+  command -v sudo >/dev/null || { echo "These packages are missing: ${missing[*]}" >&2; exit 1; }
+  as_root=(sudo)
+fi
+echo "Installing: ${missing[*]}" >&2
+export DEBIAN_FRONTEND=noninteractive
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+{ "${as_root[@]}" apt-get update &&
+  "${as_root[@]}" apt-get install -y --no-install-recommends "${missing[@]}"; } >"$log" 2>&1 ||
+  { cat "$log" >&2; exit 1; }
