@@ -1,0 +1,102 @@
+#include "xmldoc/document.h"
+
+#include <algorithm>
+#include <new>
+#include <vector>
+
+#include "xmldoc/document_rare.h"
+#include "xmldoc/names.h"
+#include "xmldoc/node_key.h"
+
+namespace tarvo {
+
+Ref<Document> Document::Create() {
+  return Ref<Document>::Adopt(new (NodePool::AllocateAlone(sizeof(Document))) Document);
+}
+
+void Document::DestroyTree(Document* first) {
+  delete first->rare_;
+  first->nextDying_ = nullptr;
+  while (first != nullptr) {
+    Document* node = first;
+    first = node->nextDying_;
+    for (Document* child : node->childs_.list_) {
+      if (--child->header_.references > 0) continue;
+      delete child->rare_;
+      child->nextDying_ = first;
+      first = child;
+    }
+    node->childs_.list_.Abandon();
+    node->Destroy();
+  }
+}
+
+void Document::Destroy() {
+  const std::uint16_t place = header_.place;
+  this->~Document();
+  NodePool::Free(this, place);
+}
+
+Document::Rare& Document::RareValues() {
+  if (rare_ == nullptr) rare_ = new Rare;
+  return *rare_;
+}
+
+void Document::SetName(std::string_view name) { name_.Assign(CheckedDocumentName(name)); }
+
+std::string Document::Version() const {
+  return rare_ == nullptr || rare_->version.empty() ? kDefaultVersion : rare_->version;
+}
+
+void Document::SetVersion(std::string_view version) { RareValues().version = version; }
+
+std::string Document::Encoding() const {
+  return rare_ == nullptr || rare_->encoding.empty() ? kDefaultEncoding : rare_->encoding;
+}
+
+void Document::SetEncoding(std::string_view encoding) { RareValues().encoding = encoding; }
+
+std::string Document::EncodePassword() const {
+  return rare_ == nullptr ? std::string() : rare_->cipher.encodePassword;
+}
+
+void Document::SetEncodePassword(std::string_view password) {
+  RareValues().cipher.encodePassword = password;
+}
+
+std::int32_t Document::CryptType() const { return rare_ == nullptr ? 0 : rare_->cipher.cryptType; }
+
+void Document::SetCryptType(std::int32_t type) { RareValues().cipher.cryptType = type; }
+
+void Document::SetStopOnLoadError(bool stop) {
+  std::vector<Document*> waiting{this};
+  while (!waiting.empty()) {
+    Document* node = waiting.back();
+    waiting.pop_back();
+    if (node->StopOnLoadError() == stop) continue;
+    node->header_.stopOnLoadError = stop ? 1 : 0;
+    waiting.insert(waiting.end(), node->childs_.list_.begin(), node->childs_.list_.end());
+  }
+}
+
+void Document::Sort(bool ascending) {
+  std::stable_sort(childs_.list_.begin(), childs_.list_.end(),
+                   [ascending](const Document* a, const Document* b) {
+                     if (!ascending) std::swap(a, b);
+                     return a->NameView() < b->NameView();
+                   });
+}
+
+Ref<Document> Document::SelectSingleNode(std::string_view path) {
+  Ref<Document> node(this);
+  bool more = !path.empty();
+  while (more) {
+    const std::string step = TakePathStep(path, more);
+    const int index = node->childs_.IndexOf(step);
+    if (index < 0) return Create();
+    node = node->childs_.Child(index);
+  }
+  return node;
+}
+
+}  // namespace tarvo

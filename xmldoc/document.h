@@ -1,0 +1,148 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/event_log.h"
+#include "platform/files.h"
+#include "platform/url_fetch.h"
+#include "xmldoc/documents.h"
+#include "xmldoc/fields.h"
+#include "xmldoc/parameters.h"
+
+namespace tarvo {
+
+/// A node of a document tree: a name, attributes, fields (leaf elements) and child nodes. The root
+/// of a tree is a node like any other, and knows how to read and write the whole of it.
+///
+/// Nodes are made by Create or by the lists, and shared by Ref. Nothing points from a child to its
+/// parent. No operation needs stack in proportion to the depth of a tree.
+///
+/// The calls that reach outside take the ports that they use; nothing is kept of them.
+class Document {
+ public:
+  /// An empty node that belongs to no list.
+  static Ref<Document> Create();
+
+  std::string Name() const { return std::string(name_.View()); }
+  /// Trims blanks at both ends. Raises RuntimeError 10007 ("xDocument.Name", "Spaces found in
+  /// name") when a blank is left, and keeps the old name then.
+  void SetName(std::string_view name);
+  /// The name in place, valid until it is set or the node goes.
+  std::string_view NameView() const { return name_.View(); }
+
+  /// What the declaration line says of the document; "1.0" and "ISO-8859-1" while nothing is
+  /// stored.
+  std::string Version() const;
+  void SetVersion(std::string_view version);
+  std::string Encoding() const;
+  void SetEncoding(std::string_view encoding);
+
+  /// Stored, and copied by the reader; nothing is encrypted.
+  std::string EncodePassword() const;
+  void SetEncodePassword(std::string_view password);
+  std::int32_t CryptType() const;
+  void SetCryptType(std::int32_t type);
+
+  /// Whether the reader reports stray text and elements that are never closed. A change goes down
+  /// to the children, from each that changes by it to its own; setting the value it has does
+  /// nothing.
+  bool StopOnLoadError() const { return header_.stopOnLoadError != 0; }
+  void SetStopOnLoadError(bool stop);
+
+  /// True only while this node is being written.
+  bool Busy() const { return header_.busy != 0; }
+
+  tarvo::Parameters& Parameters() { return parameters_; }
+  tarvo::Fields& Fields() { return fields_; }
+  Documents& Childs() { return childs_; }
+
+  /// Orders the children by name, byte for byte, ascending for true, descending for false. Children
+  /// of equal names stay in order.
+  void Sort(bool ascending);
+
+  /// Walks down from this node along keys separated by "." (see NodeKey and TakePathStep), at each
+  /// step to what Childs().Child would give, and returns the node reached: this one for the empty
+  /// path, a fresh empty document when a step finds nothing.
+  Ref<Document> SelectSingleNode(std::string_view path);
+
+  /// Adds what `text` holds to this node; see docs/xml-library.md for the dialect. Nothing is
+  /// cleared before, and what was read before a fault stays. Raises nothing. False for an attribute
+  /// name with a blank in it, for a text of 1 GiB and more, and, while StopOnLoadError is set, for
+  /// an empty text, stray text behind the last tag and an element that is never closed.
+  bool XMLImport(std::string_view text);
+
+  /// XMLImport of the file's text. A missing file writes "File not found: " and the name to the
+  /// event log, one that cannot be read "I/O error: " and the name; both give false.
+  bool XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log);
+
+  /// XMLImport of what `url` names, which `url` holds afterwards. `protocol`: 0 HTTP, 1 or -1
+  /// HTTPS. `requestTimeout` in seconds. A fetch that fails leaves `url`, writes "I/O error: " and
+  /// the URL to the event log and gives false.
+  bool XMLImportHTM(std::string& url, std::int16_t protocol, const std::string& userName,
+                    const std::string& password, const std::string& proxy,
+                    std::int32_t requestTimeout, UrlFetch& fetch, EventLog& log);
+
+  /// Takes the first attribute off `attributes`; `name` is empty when none is left. The name is not
+  /// trimmed, the value loses its quotes. Without any "=" the whole text is the name.
+  static void GetNextParameter(std::string& attributes, std::string& name, std::string& value);
+  /// The same on a view, which is moved forward: for long attribute texts, as nothing is copied.
+  static void GetNextParameter(std::string_view& attributes, std::string& name, std::string& value);
+
+  /// The text of this node and all below it. It names an unnamed root "xml", and stores the
+  /// defaults of Version and Encoding when they are empty, unless the root is written without
+  /// content. A node is left out within itself. Raises RuntimeError "Overflow" for a text of 2 GiB
+  /// and more.
+  std::string XMLExport();
+
+  /// StringtoFile of XMLExport.
+  bool XMLExportFile(const std::string& fileName, FileReplacer& files, EventLog& log);
+
+  /// Makes the file hold `text`, replacing it whole. A fault leaves the file as it was, writes
+  /// "Error en función StringtoFile" (in the ANSI code page) to the event log and gives false.
+  static bool StringtoFile(const std::string& text, const std::string& fileName,
+                           FileReplacer& files, EventLog& log);
+
+ private:
+  friend class Ref<Document>;
+  friend class NodeMaker;
+  friend class XmlReader;
+  friend class BusyMark;
+  template <typename Node>
+  friend class NodeList;
+  template <typename Sink>
+  friend class TreeWriter;
+
+  /// What most nodes leave empty.
+  struct Rare;
+
+  Document() = default;
+  ~Document() = default;
+  void AddReference() { ++header_.references; }
+  void DropReference() {
+    if (--header_.references == 0) DestroyTree(this);
+  }
+  static void DestroyTree(Document* first);
+  void Destroy();
+  Rare& RareValues();
+
+  NodeHeader header_;
+  CompactText name_;
+  tarvo::Parameters parameters_;
+  tarvo::Fields fields_;
+  Documents childs_;
+  union {
+    Rare* rare_ = nullptr;  // may be none
+    Document* nextDying_;   // once the last reference is gone
+  };
+};
+
+/// Makes the file at `fileName` hold `text`. An existing file is replaced only when `overwrite` is
+/// set; otherwise "StringToFile: File already exists (" and the name and ")" goes to the event log
+/// and the result is false. A fault leaves the file as it was, writes "StringToFile: Error " with
+/// its number and description to the event log and gives false.
+bool StringToFile(const std::string& fileName, const std::string& text, bool overwrite,
+                  FileReader& reader, FileReplacer& replacer, EventLog& log);
+
+}  // namespace tarvo

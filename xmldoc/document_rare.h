@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "xmldoc/cipher_hooks.h"
+#include "xmldoc/document.h"
+
+namespace tarvo {
+
+inline constexpr const char* kDefaultVersion = "1.0";
+inline constexpr const char* kDefaultEncoding = "ISO-8859-1";
+
+struct Document::Rare {
+  std::string version;
+  std::string encoding;
+  CipherHooks cipher;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,56 @@
+#include "xmldoc/documents.h"
+
+#include "xmldoc/document.h"
+#include "xmldoc/node_key.h"
+#include "xmldoc/text_rules.h"
+
+namespace tarvo {
+
+Ref<Document> Documents::Child(int index) const {
+  return list_.Has(index) ? Ref<Document>(list_.At(index)) : Document::Create();
+}
+
+Ref<Document> Documents::Child(std::string_view key) const { return Child(IndexOf(key)); }
+
+int Documents::IndexOf(std::string_view key) const {
+  const NodeKey wanted(key);
+  int index = list_.Size() - 1;
+  while (index >= 0 &&
+         !wanted.Matches(list_.At(index)->NameView(), list_.At(index)->Parameters())) {
+    --index;
+  }
+  return index;
+}
+
+int Documents::AddChild(std::string_view name, int index) {
+  Ref<Document> node = Document::Create();
+  node->SetName(name);
+  if (index < 0 || index > list_.Size()) index = list_.Size();
+  list_.Insert(index, std::move(node));
+  return index;
+}
+
+Ref<Document> Documents::RemoveChild(int index) {
+  return list_.Has(index) ? list_.Remove(index) : Document::Create();
+}
+
+Ref<Document> Documents::RemoveChild(std::string_view key) { return RemoveChild(IndexOf(key)); }
+
+Ref<Document> Documents::SetChild(int index, Ref<Document> node) {
+  if (!list_.Has(index) || !node) return Document::Create();
+  return list_.Replace(index, std::move(node));
+}
+
+int Documents::SearchChild2(std::string_view name, bool ignoreCase) const {
+  for (int index = list_.Size() - 1; index >= 0; --index) {
+    const std::string_view its = list_.At(index)->NameView();
+    if (ignoreCase ? EqualIgnoringCase(its, name) : its == name) return index;
+  }
+  return -1;
+}
+
+Ref<Document> Documents::SearchChild(std::string_view name, bool ignoreCase) const {
+  return Child(SearchChild2(name, ignoreCase));
+}
+
+}  // namespace tarvo

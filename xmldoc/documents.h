@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string_view>
+
+#include "xmldoc/node_list.h"
+#include "xmldoc/ref.h"
+
+namespace tarvo {
+
+class Document;
+
+/// The ordered list of a node's child nodes. Names may repeat. Letter case is that of ASCII
+/// letters.
+///
+/// Keys: a number is always an index from 0, a text always a NodeKey: a name in any letter case,
+/// perhaps with a condition; of several matches the last wins. A key outside the list changes
+/// nothing and gives a fresh empty document that belongs to no list, never an empty reference.
+class Documents {
+ public:
+  int Count() const { return list_.Size(); }
+
+  Ref<Document> Child(int index) const;
+  Ref<Document> Child(std::string_view key) const;
+
+  /// Adds a new node of that name before the node at `index`, or at the end for a negative index
+  /// and for one beyond the end. Returns its index. Raises what Document::SetName raises, and the
+  /// list is as it was then.
+  int AddChild(std::string_view name, int index = -1);
+
+  /// Takes a node out, closing the gap, and returns it.
+  Ref<Document> RemoveChild(int index);
+  Ref<Document> RemoveChild(std::string_view key);
+
+  /// Puts `node` in the place of the one at `index`, and returns that one. An index outside the
+  /// list and an empty reference change nothing.
+  Ref<Document> SetChild(int index, Ref<Document> node);
+
+  /// The last child of that name, compared exactly or without regard to letter case; a fresh empty
+  /// document when there is none.
+  Ref<Document> SearchChild(std::string_view name, bool ignoreCase = false) const;
+  /// The index of what SearchChild finds, or -1.
+  int SearchChild2(std::string_view name, bool ignoreCase = false) const;
+
+ private:
+  friend class Document;
+  friend class XmlReader;
+  template <typename Sink>
+  friend class TreeWriter;
+
+  int IndexOf(std::string_view key) const;
+
+  NodeList<Document> list_;
+};
+
+}  // namespace tarvo

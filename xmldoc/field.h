@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "xmldoc/cipher_hooks.h"
+#include "xmldoc/compact_text.h"
+#include "xmldoc/node_pool.h"
+#include "xmldoc/parameters.h"
+#include "xmldoc/ref.h"
+
+namespace tarvo {
+
+/// A leaf element: a name without blanks, a text value, and attributes.
+class Field {
+ public:
+  /// A field that belongs to no list.
+  static Ref<Field> Create();
+
+  std::string Name() const { return std::string(name_.View()); }
+  /// Trims blanks at both ends. Raises RuntimeError 1 ("Name", "Spaces found in the name") when a
+  /// blank is left, and keeps the old name then.
+  void SetName(std::string_view name);
+
+  /// The value. It is kept with "<" and ">" as "&lt;" and "&gt;", and those two are turned back
+  /// here, so a value set as "&lt;" reads "<". No other entity is touched.
+  std::string Value() const;
+  void SetValue(std::string_view value);
+
+  /// Stored, and copied by the reader; nothing is encrypted.
+  std::string EncodePassword() const { return cipher_ ? cipher_->encodePassword : std::string(); }
+  void SetEncodePassword(std::string_view password);
+  std::int32_t CryptType() const { return cipher_ ? cipher_->cryptType : 0; }
+  void SetCryptType(std::int32_t type);
+
+  tarvo::Parameters& Parameters() { return parameters_; }
+
+  /// The texts in place, valid until they are set or the node goes; the value in its kept form.
+  std::string_view NameView() const { return name_.View(); }
+  std::string_view EscapedValueView() const { return value_.View(); }
+
+ private:
+  friend class Ref<Field>;
+  friend class NodeMaker;
+  template <typename Node>
+  friend class NodeList;
+
+  Field() = default;
+  ~Field() = default;
+  void AddReference() { ++header_.references; }
+  void DropReference() {
+    if (--header_.references == 0) Destroy();
+  }
+  void Destroy();
+  CipherHooks& Cipher();
+
+  NodeHeader header_;
+  CompactText name_;
+  CompactText value_;
+  tarvo::Parameters parameters_;
+  std::unique_ptr<CipherHooks> cipher_;
+};
+
+}  // namespace tarvo

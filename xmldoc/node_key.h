@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "xmldoc/parameters.h"
+
+namespace tarvo {
+
+/// A text key of `Fields::Field` and `Documents::Child`: a name, which may be followed by "@" and a
+/// condition `attribute=value`. The value may stand in double or single quotes, which are removed.
+///
+/// Chosen where the rules leave it open: the first "@" ends the name and the rest is one condition;
+/// the first "=" ends the attribute's name; both are trimmed of blanks. A condition without "="
+/// asks only whether the attribute is there. Names compare without regard to letter case, values
+/// exactly. An empty name before an "@" stands for any name.
+class NodeKey {
+ public:
+  explicit NodeKey(std::string_view key);
+
+  bool Matches(std::string_view name, const Parameters& parameters) const;
+
+ private:
+  std::string_view name_;
+  bool hasCondition_ = false;
+  bool hasValue_ = false;
+  std::string_view attribute_;
+  std::string_view value_;
+};
+
+/// Takes the first step off a path of keys separated by ".", written `name`, `name@attribute=value`
+/// or `name.@attribute=value`. A "." within quotes belongs to the value. `path` keeps what follows
+/// the separator; `more` tells whether there was one.
+std::string TakePathStep(std::string_view& path, bool& more);
+
+}  // namespace tarvo

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+#include <vector>
+
+namespace tarvo {
+
+/// Attributes as an import leaves them, in one run of bytes: how many, the bytes of the text, the
+/// two lengths of each, and the text as the writer writes it: ` name="value" name="value"`. Most
+/// attributes are only ever read and written again; objects are made of them when one is asked for.
+class PackedAttributes {
+ public:
+  static constexpr std::size_t kQuoting = 4;  // blank, equals sign and two quotes
+  struct Lengths {
+    std::uint32_t name;
+    std::uint32_t value;
+  };
+  struct Head {
+    std::uint32_t count;
+    std::uint32_t textSize;
+  };
+
+  /// `bytes` as AttributePacker::CopyTo left them; nothing for no attributes.
+  explicit PackedAttributes(const char* bytes = nullptr) : bytes_(bytes) {}
+
+  bool Any() const { return bytes_ != nullptr; }
+  int Count() const { return Any() ? static_cast<int>(ReadHead().count) : 0; }
+  /// The attributes as the writer writes them.
+  std::string_view Text() const {
+    if (!Any()) return {};
+    const Head head = ReadHead();
+    return {bytes_ + sizeof(Head) + head.count * sizeof(Lengths), head.textSize};
+  }
+  /// Calls visit(name, value) for each, in order.
+  template <typename Visit>
+  void ForEach(Visit visit) const {
+    const char* lengths = bytes_ + sizeof(Head);
+    std::string_view text = Text();
+    for (int left = Count(); left > 0; --left, lengths += sizeof(Lengths)) {
+      Lengths one;
+      std::memcpy(&one, lengths, sizeof one);
+      visit(text.substr(1, one.name), text.substr(one.name + std::size_t{3}, one.value));
+      text.remove_prefix(kQuoting + one.name + one.value);
+    }
+  }
+
+ private:
+  Head ReadHead() const {
+    Head head;
+    std::memcpy(&head, bytes_, sizeof head);
+    return head;
+  }
+
+  const char* bytes_;
+};
+
+/// Gathers the attributes of one tag.
+class AttributePacker {
+ public:
+  void Clear() {
+    lengths_.clear();
+    textSize_ = 0;
+  }
+  /// Makes room for the attributes that lie in so many bytes of tag text.
+  void Reserve(std::size_t tagBytes);
+  /// The name is trimmed already. What Reserve was told bounds what may be added.
+  void Add(std::string_view name, std::string_view value);
+
+  /// Bytes that CopyTo writes; 0 without attributes.
+  std::size_t Size() const {
+    if (lengths_.empty()) return 0;
+    return sizeof(PackedAttributes::Head) + lengths_.size() * sizeof(PackedAttributes::Lengths) +
+           textSize_;
+  }
+  void CopyTo(char* bytes) const;
+
+ private:
+  std::vector<PackedAttributes::Lengths> lengths_;
+  std::vector<char> text_;
+  std::size_t textSize_ = 0;
+};
+
+}  // namespace tarvo

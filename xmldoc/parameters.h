@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string_view>
+
+#include "support/append_string.h"
+#include "xmldoc/node_list.h"
+#include "xmldoc/packed_attributes.h"
+#include "xmldoc/parameter.h"
+
+namespace tarvo {
+
+/// The ordered list of an element's attributes. Names may repeat.
+///
+/// Keys: a number is always an index from 0, a text always a name, compared without regard to
+/// letter case; of several matches the last wins. A key outside the list changes nothing and gives
+/// a fresh empty parameter that belongs to no list.
+class Parameters {
+ public:
+  int Count() const { return packed_.Any() ? packed_.Count() : list_.Size(); }
+
+  Ref<tarvo::Parameter> Parameter(int index);
+  Ref<tarvo::Parameter> Parameter(std::string_view name);
+
+  /// Adds an attribute at the end and returns its index. Raises what Parameter::SetName raises, and
+  /// the list is as it was then.
+  int AddParameter(std::string_view name, std::string_view value = {});
+
+  /// Takes an attribute out, closing the gap, and returns it.
+  Ref<tarvo::Parameter> RemoveParameter(int index);
+  Ref<tarvo::Parameter> RemoveParameter(std::string_view name);
+
+  /// Whether an attribute of that name (in any letter case) has exactly that value.
+  bool Holds(std::string_view name, std::string_view value) const;
+  /// Whether there is an attribute of that name, in any letter case.
+  bool Holds(std::string_view name) const;
+
+  /// Calls visit(nameView, valueView) for each attribute, in order. `visit` leaves the list alone.
+  template <typename Visit>
+  void ForEach(Visit visit) const {
+    if (packed_.Any()) {
+      packed_.ForEach(visit);
+    } else {
+      for (tarvo::Parameter* one : list_) visit(one->NameView(), one->ValueView());
+    }
+  }
+  /// All attributes as written, when they lie ready; empty when they have to be put together.
+  std::string_view ReadyText() const { return packed_.Text(); }
+
+ private:
+  friend class NodeMaker;
+
+  void Show(PackedAttributes packed) { packed_ = packed; }
+  void Unpack();
+  int IndexOf(std::string_view name);
+
+  NodeList<tarvo::Parameter> list_;
+  PackedAttributes packed_;  // while there are any, list_ is empty
+};
+
+}  // namespace tarvo
