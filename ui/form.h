@@ -2,24 +2,15 @@
 
 #include <array>
 
-#include "ui/component_kind.h"
 #include "ui/controls.h"
 #include "ui/main_window.h"
+#include "ui/per_component.h"
+#include "ui/randomizer_page.h"
 #include "ui/rich_text_view.h"
 #include "ui/timer_queue.h"
+#include "ui/upgrade_page.h"
 
 namespace tarvo {
-
-/// One control for each component, indexed by `ComponentKind`.
-template <class ControlType>
-struct PerComponent : std::array<ControlType, kComponentCount> {
-  using Base = std::array<ControlType, kComponentCount>;
-  using Base::operator[];
-  ControlType& operator[](ComponentKind kind) { return Base::operator[](IndexOf(kind)); }
-  const ControlType& operator[](ComponentKind kind) const {
-    return Base::operator[](IndexOf(kind));
-  }
-};
 
 /// What is seen around the pages, whichever page is shown.
 struct Frame {
@@ -56,17 +47,6 @@ struct ServersPage {
   CheckBox Check2;  ///< Start with Windows.
   CheckBox SMinimized;
   CommandButton Command1;  ///< Unload the launcher only.
-};
-
-/// The randomizer's settings that live in the launcher's own list of values.
-struct RandomizerPage {
-  OptionGroup opt_Rnd;            ///< 0 "Map Start", 1 "Manual", 2 "Program".
-  std::array<TextBox, 2> txtMxD;  ///< 0: limit an hour. 1: limit a day.
-};
-
-/// The upgrade's setting that the crash watch asks for.
-struct UpgradePage {
-  OptionGroup optMode;  ///< 0 "Manual", 1 "Map crash", 2 "Any crash".
 };
 
 /// The interval timers that carry all supervision. Their names are the operator's documents' names.
