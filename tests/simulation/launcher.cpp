@@ -1,0 +1,163 @@
+#include "tests/simulation/launcher.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "ui/status_colours.h"
+
+namespace tarvo {
+namespace {
+
+[[noreturn]] void NoSuch(const std::string& name) {
+  throw std::logic_error("no control is named " + name);
+}
+
+CheckBox* FindCheckBox(ServersPage& page, const std::string& name, std::size_t index) {
+  if (name == "chkAutoStart") return &page.chkAutoStart.at(index);
+  if (name == "chkAK") return &page.chkAK.at(index);
+  if (name == "WLog") return &page.WLog;
+  if (name == "Check2") return &page.Check2;
+  if (name == "SMinimized") return &page.SMinimized;
+  return nullptr;
+}
+
+CommandButton* FindButton(Form& form, const std::string& name, std::size_t index) {
+  if (name == "bStart") return &form.status.bStart.at(index);
+  if (name == "Command1") return &form.servers.Command1;
+  return nullptr;
+}
+
+OptionButton* FindOption(Form& form, const std::string& name, std::size_t index) {
+  if (name == "opt_ShowWin") return &form.servers.opt_ShowWin[index];
+  if (name == "opt_Rnd") return &form.randomizer.opt_Rnd[index];
+  if (name == "optMode") return &form.upgrade.optMode[index];
+  return nullptr;
+}
+
+TextBox& FindTextBox(Form& form, const std::string& name, std::size_t index) {
+  if (name == "TTO") return form.servers.TTO.at(index);
+  if (name == "txtMxD") return form.randomizer.txtMxD.at(index);
+  NoSuch(name);
+}
+
+DropDownList& FindList(ServersPage& page, const std::string& name, std::size_t index) {
+  if (name == "Exes") return page.Exes.at(index);
+  if (name == "Prior") return page.Prior.at(index);
+  if (name == "LogH") return page.LogH;
+  NoSuch(name);
+}
+
+int LevelOf(Colour colour) {
+  const Colour colours[] = {kInfoColour, kNoticeColour, kAlertColour, kExtraColour};
+  const auto found = std::find(std::begin(colours), std::end(colours), colour);
+  return static_cast<int>(found - std::begin(colours));
+}
+
+}  // namespace
+
+Launcher::Launcher(SimMachine& machine)
+    : machine_(machine),
+      lock_(machine.recorder, machine.locks),
+      principal_(machine.PortsFor(lock_)) {
+  TheForm().status.RTLog.SetRichTextMirror(this);
+}
+
+Launcher::~Launcher() { TheForm().status.RTLog.SetRichTextMirror(nullptr); }
+
+void Launcher::Start(std::intptr_t nativeWindow) { principal_.Start(nativeWindow); }
+
+void Launcher::Event(const std::function<void()>& event) {
+  if (!Ended()) principal_.Dispatch().Run(event);
+}
+
+void Launcher::Click(const std::string& name, std::size_t index) {
+  Event([&] {
+    if (CommandButton* button = FindButton(TheForm(), name, index)) return button->Click();
+    if (CheckBox* box = FindCheckBox(TheForm().servers, name, index)) return box->Click();
+    if (OptionButton* option = FindOption(TheForm(), name, index)) return option->Click();
+    NoSuch(name);
+  });
+}
+
+void Launcher::Type(const std::string& name, std::size_t index, const std::string& text) {
+  Event([&] { FindTextBox(TheForm(), name, index).Type(text); });
+}
+
+void Launcher::Choose(const std::string& name, std::size_t index, const std::string& item) {
+  Event([&] {
+    DropDownList& list = FindList(TheForm().servers, name, index);
+    const auto& items = list.Items();
+    const auto found = std::find(items.begin(), items.end(), item);
+    if (found == items.end()) NoSuch(name + " entry " + item);
+    list.Choose(static_cast<int>(found - items.begin()));
+  });
+}
+
+void Launcher::Check(const std::string& name, std::size_t index, bool checked) {
+  CheckBox* box = FindCheckBox(TheForm().servers, name, index);
+  if (!box) NoSuch(name);
+  if (box->Checked() != checked) Click(name, index);
+}
+
+void Launcher::Close() {
+  Event([this] { Window().Close(); });
+}
+
+void Launcher::Pass(std::chrono::milliseconds time) {
+  const std::uint64_t end = machine_.clock.Age() + static_cast<std::uint64_t>(time.count());
+  TimerQueue& timers = principal_.TheTimers();
+  while (!Ended() && !principal_.Dispatch().Closed()) {
+    const auto wait = timers.UntilNext();
+    if (!wait || machine_.clock.Age() + *wait > end) break;
+    machine_.clock.Advance(*wait);
+    ++ticks_;
+    timers.RunNext([this](const std::function<void()>& tick) { principal_.Dispatch().Run(tick); });
+  }
+  if (machine_.clock.Age() < end) machine_.clock.Advance(end - machine_.clock.Age());
+}
+
+void Launcher::Appended(const ColouredText& piece) {
+  if (!keepLog_) return;
+  if (lines_.empty() || lines_.back().ended) lines_.emplace_back();
+  Line& line = lines_.back();
+  if (piece.text == "\r\n") {
+    line.ended = true;
+  } else if (line.stamp.empty() && piece.colour == kStampColour) {
+    line.stamp = piece.text;
+  } else {
+    line.text += piece.text;
+    line.level = LevelOf(piece.colour);
+  }
+}
+
+std::string Launcher::Log() const {
+  std::string text;
+  for (const Line& line : lines_) {
+    // The stamp is "yyyy-mm-dd hh:mm:ss: ".
+    text += line.stamp.substr(11, 8) + ' ' + std::to_string(line.level) + ' ' + line.text + '\n';
+  }
+  return text;
+}
+
+std::string Launcher::NewLog() {
+  std::string text = Log();
+  ForgetLog();
+  return text;
+}
+
+std::size_t Launcher::CountInLog(const std::string& text) const {
+  return static_cast<std::size_t>(std::count_if(
+      lines_.begin(), lines_.end(), [&](const Line& line) { return line.text == text; }));
+}
+
+std::string Launcher::RunningTimers(ComponentKind kind) {
+  Timers& timers = TheForm().timers;
+  std::string names;
+  for (const Timer* timer : {&timers.CrashWatch(kind), &timers.Preparation(kind),
+                             &timers.Probe(kind), &timers.Reprobe(kind)}) {
+    if (timer->Enabled()) names += (names.empty() ? "" : " ") + timer->Name();
+  }
+  return names;
+}
+
+}  // namespace tarvo

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/principal.h"
+#include "tests/simulation/sim_machine.h"
+
+namespace tarvo {
+
+/// The launcher on a simulated machine, and the operator in front of it. Its end of life is the
+/// program's sudden death: nothing is saved, nothing is told.
+///
+/// The operator's verbs name a control as the form does, and reach the program through its dispatch
+/// as a native window would. Time passes by the timer queue, every tick at its moment.
+class Launcher final : private RichTextMirror {
+ public:
+  explicit Launcher(SimMachine& machine);
+  ~Launcher();
+  Launcher(const Launcher&) = delete;
+  Launcher& operator=(const Launcher&) = delete;
+
+  void Start(std::intptr_t nativeWindow = 77);
+
+  void Click(const std::string& name, std::size_t index = 0);
+  void Type(const std::string& name, std::size_t index, const std::string& text);
+  void Choose(const std::string& name, std::size_t index, const std::string& item);
+  /// Brings a box into that state by a click, if it takes one.
+  void Check(const std::string& name, std::size_t index, bool checked = true);
+  void Close();
+
+  /// Lets time pass. A blocking call may make it longer.
+  void Pass(std::chrono::milliseconds time);
+
+  bool Ended() { return Window().Ended(); }
+  int ExitCode() { return Window().ExitCode(); }
+  MainWindow& Window() { return principal_.TheForm().frame.window; }
+  Form& TheForm() { return principal_.TheForm(); }
+  Principal& TheProgram() { return principal_; }
+  const Component& Of(ComponentKind kind) const { return principal_.Components()[kind]; }
+
+  /// The log lines since `ForgetLog`, each "hh:mm:ss level text"; the level is read from the
+  /// colour.
+  std::string Log() const;
+  void ForgetLog() { lines_.clear(); }
+  /// The log lines since the last `NewLog` or `ForgetLog`.
+  std::string NewLog();
+  /// How many log lines since `ForgetLog` have this text.
+  std::size_t CountInLog(const std::string& text) const;
+  /// Keeps no copy of the log's lines, for runs of months.
+  void KeepNoLog() { keepLog_ = false; }
+
+  std::size_t Ticks() const { return ticks_; }
+
+  /// The names of the running timers that belong to a component, for example "LCtrl PrepL".
+  std::string RunningTimers(ComponentKind kind);
+
+ private:
+  struct Line {
+    std::string stamp;
+    std::string text;
+    int level = -1;
+    bool ended = false;
+  };
+
+  void Appended(const ColouredText& piece) override;
+  void Replaced(const std::string&) override {}
+  void Event(const std::function<void()>& event);
+
+  SimMachine& machine_;
+  SimInstanceLock lock_;
+  Principal principal_;
+  std::vector<Line> lines_;
+  std::size_t ticks_ = 0;
+  bool keepLog_ = true;
+};
+
+}  // namespace tarvo

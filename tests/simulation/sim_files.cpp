@@ -1,0 +1,81 @@
+#include "tests/simulation/sim_files.h"
+
+#include <algorithm>
+
+#include "support/text.h"
+
+namespace tarvo {
+
+SimFiles::File* SimFiles::Find(const std::string& path) {
+  const std::string wanted = LowerCase(path);
+  const auto found = std::find_if(files_.begin(), files_.end(),
+                                  [&](const File& file) { return LowerCase(file.path) == wanted; });
+  return found == files_.end() ? nullptr : &*found;
+}
+
+bool SimFiles::Exists(const std::string& path) {
+  recorder_.Note("files.exists(" + path + ")");
+  return Find(path) != nullptr;
+}
+
+ReadResult SimFiles::ReadText(const std::string& path, std::string& text) {
+  recorder_.Note("files.read(" + path + ")");
+  const File* file = Find(path);
+  if (!file) return ReadResult::Missing;
+  if (locked_.contains(LowerCase(path))) return ReadResult::Failed;
+  text = file->text;
+  return ReadResult::Ok;
+}
+
+bool SimFiles::AppendText(const std::string& path, const std::string& text) {
+  recorder_.Note("files.append(" + path + ")");
+  if (refuseAppends_) return false;
+  if (dropAppends_) return true;
+  if (File* file = Find(path)) {
+    file->text += text;
+  } else {
+    files_.push_back({path, text});
+  }
+  return true;
+}
+
+std::vector<std::string> SimFiles::FilesEndingWith(const std::string& folder,
+                                                   const std::string& ending) {
+  recorder_.Note("files.list(" + folder + ")");
+  const std::string beginning = LowerCase(folder) + "\\";
+  std::vector<std::string> names;
+  for (const File& file : files_) {
+    const std::string lower = LowerCase(file.path);
+    const bool inFolder =
+        lower.starts_with(beginning) && lower.find('\\', beginning.size()) == std::string::npos;
+    if (inFolder && lower.ends_with(LowerCase(ending))) {
+      names.push_back(file.path.substr(beginning.size()));
+    }
+  }
+  return names;
+}
+
+void SimFiles::Put(const std::string& path, std::string text) {
+  if (File* file = Find(path)) {
+    file->text = std::move(text);
+  } else {
+    files_.push_back({path, std::move(text)});
+  }
+}
+
+void SimFiles::Remove(const std::string& path) {
+  if (const File* file = Find(path)) files_.erase(files_.begin() + (file - files_.data()));
+}
+
+bool SimFiles::Has(const std::string& path) const {
+  return const_cast<SimFiles*>(this)->Find(path) != nullptr;
+}
+
+std::string SimFiles::TextOf(const std::string& path) const {
+  const File* file = const_cast<SimFiles*>(this)->Find(path);
+  return file ? file->text : std::string();
+}
+
+void SimFiles::LockForReading(const std::string& path) { locked_.insert(LowerCase(path)); }
+
+}  // namespace tarvo

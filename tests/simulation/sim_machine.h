@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+
+#include "platform/machine.h"
+#include "tests/simulation/call_recorder.h"
+#include "tests/simulation/sim_clock.h"
+#include "tests/simulation/sim_desktop.h"
+#include "tests/simulation/sim_files.h"
+#include "tests/simulation/sim_network.h"
+#include "tests/simulation/sim_processes.h"
+#include "tests/simulation/sim_registry.h"
+
+namespace tarvo {
+
+inline constexpr char kLogin[] = "login-server.exe";
+inline constexpr char kChar[] = "char-server.exe";
+inline constexpr char kMap[] = "map-server.exe";
+
+/// A whole machine in memory. It begins with a server root in C:\srv: the launcher, the three
+/// servers, each listening on its usual port once it is started, and their conf files; the registry
+/// is empty, nothing runs but the desktop's own process.
+class SimMachine {
+ public:
+  SimMachine();
+
+  CallRecorder recorder;
+  SimClock clock;
+  SimRegistry registry{recorder};
+  SimFiles files{recorder};
+  SimProcesses processes{recorder, clock, files};
+  SimNetwork network{recorder, clock, processes};
+  SimMemory memory{recorder};
+  SimMessageBoxes boxes{recorder};
+  SimLockTable locks;
+  std::string launcherPath = "C:\\srv\\tarvo-launcher.exe";
+
+  /// The ports of one program on this machine.
+  Machine PortsFor(InstanceLock& lock);
+
+  /// The values of the root that `launcherPath` stands in.
+  std::string SettingsKey() const;
+  void SetSetting(const std::string& name, const std::string& text);
+  /// "(none)" when there is no such value.
+  std::string Setting(const std::string& name) const;
+
+  /// Puts conf files with these lines into a folder, and login_athena.conf beside them.
+  void PutConf(const std::string& folder, const std::string& charConf, const std::string& mapConf);
+};
+
+/// The conf files of the machine's first root.
+std::string UsualCharConf();
+std::string UsualMapConf();
+
+}  // namespace tarvo

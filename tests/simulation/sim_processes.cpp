@@ -1,0 +1,200 @@
+#include "tests/simulation/sim_processes.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "support/text.h"
+
+namespace tarvo {
+namespace {
+
+std::string Call(const char* name, std::uint64_t argument) {
+  return std::string(name) + "(" + std::to_string(argument) + ")";
+}
+
+}  // namespace
+
+SimProcesses::SimProcesses(CallRecorder& recorder, SimClock& clock, const SimFiles& files)
+    : recorder_(recorder), clock_(clock), files_(files) {
+  StartForeign("explorer.exe");
+}
+
+std::vector<ProcessEntry> SimProcesses::Snapshot() {
+  recorder_.Note("processes.snapshot()");
+  Settle();
+  std::vector<ProcessEntry> entries;
+  for (const SimProcess& process : processes_) entries.push_back({process.id, process.executable});
+  return entries;
+}
+
+void SimProcesses::End(ProcessId id) {
+  recorder_.Note(Call("processes.end", id));
+  Settle();
+  SimProcess* process = Find(id);
+  if (!process || process->program.refusesToDie || process->endsAt) return;
+  if (process->program.dyingTime == 0) return Bury(id);
+  process->endsAt = clock_.Age() + process->program.dyingTime;
+  CloseWindows(id);
+}
+
+void SimProcesses::ChangePriority(ProcessId id, std::uint32_t priorityClass) {
+  recorder_.Note("processes.priority(" + std::to_string(id) + ", " + std::to_string(priorityClass) +
+                 ")");
+  Settle();
+  SimProcess* process = Find(id);
+  if (process && priorityClass != 0) process->priorityClass = priorityClass;
+}
+
+std::optional<ProcessId> SimProcesses::LaunchHidden(const std::string& executablePath) {
+  recorder_.Note("processes.launch(" + executablePath + ")");
+  Settle();
+  if (refuseLaunches_ || !files_.Has(executablePath)) return std::nullopt;
+  ++launches_;
+  SimProcess& process = Add(executablePath.substr(executablePath.rfind('\\') + 1));
+  const ProcessId id = process.id;
+  if (process.program.diesAtOnce) Bury(id);
+  return id;
+}
+
+WindowHandle SimProcesses::First() {
+  recorder_.Note("windows.first()");
+  Settle();
+  return windows_.empty() ? 0 : windows_.front().handle;
+}
+
+WindowHandle SimProcesses::Next(WindowHandle window) {
+  recorder_.Note(Call("windows.next", static_cast<std::uint64_t>(window)));
+  Settle();
+  const auto found = std::find_if(windows_.begin(), windows_.end(),
+                                  [&](const SimWindow& w) { return w.handle == window; });
+  if (found == windows_.end()) return 0;
+  const auto vanishing = std::find(vanishing_.begin(), vanishing_.end(), window);
+  if (vanishing != vanishing_.end()) {
+    vanishing_.erase(vanishing);
+    windows_.erase(found);
+    return 0;
+  }
+  return found + 1 == windows_.end() ? 0 : (found + 1)->handle;
+}
+
+bool SimProcesses::StillThere(WindowHandle window) {
+  recorder_.Note(Call("windows.stillThere", static_cast<std::uint64_t>(window)));
+  Settle();
+  return std::any_of(windows_.begin(), windows_.end(),
+                     [&](const SimWindow& w) { return w.handle == window; });
+}
+
+WindowHandle SimProcesses::Parent(WindowHandle window) {
+  recorder_.Note(Call("windows.parent", static_cast<std::uint64_t>(window)));
+  Settle();
+  for (const SimWindow& w : windows_) {
+    if (w.handle == window) return w.parent;
+  }
+  return 0;
+}
+
+ProcessId SimProcesses::Owner(WindowHandle window) {
+  recorder_.Note(Call("windows.owner", static_cast<std::uint64_t>(window)));
+  Settle();
+  for (const SimWindow& w : windows_) {
+    if (w.handle == window) return w.owner;
+  }
+  return 0;
+}
+
+int SimProcesses::Show(WindowHandle window, int command) {
+  recorder_.Note("windows.show(" + std::to_string(window) + ", " + std::to_string(command) + ")");
+  Settle();
+  for (SimWindow& w : windows_) {
+    if (w.handle == window) return std::exchange(w.visible, command != kHideWindow) ? 24 : 0;
+  }
+  return 0;
+}
+
+SimProgram& SimProcesses::Program(const std::string& executable) {
+  return programs_[LowerCase(executable)];
+}
+
+ProcessId SimProcesses::StartForeign(const std::string& executable) { return Add(executable).id; }
+
+void SimProcesses::Crash(ProcessId id) { Bury(id); }
+
+void SimProcesses::CloseWindows(ProcessId id) {
+  std::erase_if(windows_, [&](const SimWindow& w) { return w.owner == id; });
+}
+
+WindowHandle SimProcesses::OpenWindow(ProcessId owner, WindowHandle parent) {
+  lastWindow_ += 2;
+  windows_.insert(windows_.begin(), {lastWindow_, owner, parent, false});
+  return lastWindow_;
+}
+
+void SimProcesses::Raise(WindowHandle window) {
+  std::stable_partition(windows_.begin(), windows_.end(),
+                        [&](const SimWindow& w) { return w.handle == window; });
+}
+
+std::vector<ProcessId> SimProcesses::Named(const std::string& executable) {
+  Settle();
+  std::vector<ProcessId> ids;
+  for (const SimProcess& process : processes_) {
+    if (LowerCase(process.executable) == LowerCase(executable)) ids.push_back(process.id);
+  }
+  return ids;
+}
+
+SimProcess& SimProcesses::TheOne(const std::string& executable) {
+  const std::vector<ProcessId> ids = Named(executable);
+  if (ids.size() != 1) {
+    throw std::logic_error(std::to_string(ids.size()) + " processes are named " + executable);
+  }
+  return *Find(ids.front());
+}
+
+SimWindow* SimProcesses::WindowOf(ProcessId id) {
+  for (SimWindow& window : windows_) {
+    if (window.owner == id) return &window;
+  }
+  return nullptr;
+}
+
+PortAnswer SimProcesses::AnswerAt(std::uint16_t port) {
+  Settle();
+  for (const SimProcess& process : processes_) {
+    const bool open = clock_.Age() >= process.startedAt + process.program.portOpensAfter;
+    if (process.program.port == port && open && !process.endsAt) return process.answer;
+  }
+  return PortAnswer::Refuses;
+}
+
+SimProcess* SimProcesses::Find(ProcessId id) {
+  for (SimProcess& process : processes_) {
+    if (process.id == id) return &process;
+  }
+  return nullptr;
+}
+
+SimProcess& SimProcesses::Add(const std::string& executable) {
+  lastId_ += 4;
+  SimProcess process;
+  process.id = lastId_;
+  process.executable = executable;
+  process.program = Program(executable);
+  process.startedAt = clock_.Age();
+  processes_.push_back(process);
+  if (process.program.opensWindow) OpenWindow(lastId_);
+  return processes_.back();
+}
+
+void SimProcesses::Settle() {
+  std::erase_if(processes_, [this](const SimProcess& process) {
+    return process.endsAt && *process.endsAt <= clock_.Age();
+  });
+}
+
+void SimProcesses::Bury(ProcessId id) {
+  CloseWindows(id);
+  std::erase_if(processes_, [&](const SimProcess& process) { return process.id == id; });
+}
+
+}  // namespace tarvo

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/foreign_windows.h"
+#include "platform/processes.h"
+#include "tests/simulation/call_recorder.h"
+#include "tests/simulation/sim_clock.h"
+#include "tests/simulation/sim_files.h"
+
+namespace tarvo {
+
+enum class PortAnswer { Listens, Refuses, TimesOut };
+
+/// How a server program behaves each time it is started.
+struct SimProgram {
+  std::uint16_t port = 0;
+  std::uint32_t portOpensAfter = 0;  ///< Milliseconds from the start.
+  bool diesAtOnce = false;
+  bool opensWindow = true;
+  bool refusesToDie = false;
+  std::uint32_t dyingTime = 0;  ///< Milliseconds that an ended process is still listed.
+};
+
+struct SimProcess {
+  ProcessId id = 0;
+  std::string executable;
+  SimProgram program;
+  PortAnswer answer = PortAnswer::Listens;
+  std::uint32_t priorityClass = 0x20;
+  std::uint64_t startedAt = 0;          ///< On `SimClock::Age`.
+  std::optional<std::uint64_t> endsAt;  ///< Dying: its window and its port are gone already.
+};
+
+struct SimWindow {
+  WindowHandle handle = 0;
+  ProcessId owner = 0;
+  WindowHandle parent = 0;
+  bool visible = false;
+};
+
+/// The processes of the machine and their top-level windows, the newest window in front.
+class SimProcesses final : public Processes, public ForeignWindows {
+ public:
+  SimProcesses(CallRecorder& recorder, SimClock& clock, const SimFiles& files);
+
+  std::vector<ProcessEntry> Snapshot() override;
+  void End(ProcessId id) override;
+  void ChangePriority(ProcessId id, std::uint32_t priorityClass) override;
+  std::optional<ProcessId> LaunchHidden(const std::string& executablePath) override;
+
+  WindowHandle First() override;
+  WindowHandle Next(WindowHandle window) override;
+  bool StillThere(WindowHandle window) override;
+  WindowHandle Parent(WindowHandle window) override;
+  ProcessId Owner(WindowHandle window) override;
+  int Show(WindowHandle window, int command) override;
+
+  /// The behaviour of a program from its next start on.
+  SimProgram& Program(const std::string& executable);
+  /// Somebody else starts a program; it needs no file.
+  ProcessId StartForeign(const std::string& executable);
+  /// The process ends by itself.
+  void Crash(ProcessId id);
+  /// The process stays, its window goes.
+  void CloseWindows(ProcessId id);
+  WindowHandle OpenWindow(ProcessId owner, WindowHandle parent = 0);
+  /// Moves a window to the front of all others.
+  void Raise(WindowHandle window);
+  /// The window vanishes at the moment at which a walk stands on it and asks for the next one.
+  void VanishUnderWalk(WindowHandle window) { vanishing_.push_back(window); }
+  /// The system refuses to start anything.
+  void RefuseLaunches(bool refuse) { refuseLaunches_ = refuse; }
+
+  /// Listed processes of that name, the dying ones among them.
+  std::vector<ProcessId> Named(const std::string& executable);
+  /// The one process of that name; it is a fault of the test when there are none or several.
+  SimProcess& TheOne(const std::string& executable);
+  const std::vector<SimWindow>& Windows() const { return windows_; }
+  SimWindow* WindowOf(ProcessId id);
+  std::size_t Launches() const { return launches_; }
+
+  /// What a connect to this port of the machine meets now.
+  PortAnswer AnswerAt(std::uint16_t port);
+
+ private:
+  SimProcess* Find(ProcessId id);
+  SimProcess& Add(const std::string& executable);
+  void Settle();
+  void Bury(ProcessId id);
+
+  CallRecorder& recorder_;
+  SimClock& clock_;
+  const SimFiles& files_;
+  std::map<std::string, SimProgram> programs_;
+  std::vector<SimProcess> processes_;
+  std::vector<SimWindow> windows_;
+  std::vector<WindowHandle> vanishing_;
+  ProcessId lastId_ = 1000;
+  WindowHandle lastWindow_ = 0x10000;
+  std::size_t launches_ = 0;
+  bool refuseLaunches_ = false;
+};
+
+}  // namespace tarvo
