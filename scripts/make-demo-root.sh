@@ -36,8 +36,9 @@ for server in login char map; do
     echo "There is no $build/servers/$server-server.exe: build the preset windows-64 first." >&2
     exit 1
   fi
-  cp "$build/servers/$server-server.exe" "$root/"
+  # A new file, not new bytes in the old one: a server of that root may be running.
+  cp --remove-destination "$build/servers/$server-server.exe" "$root/"
 done
 if [[ -f $build/tarvo-launcher.exe ]]; then
-  cp "$build/tarvo-launcher.exe" "$root/"
+  cp --remove-destination "$build/tarvo-launcher.exe" "$root/"
 fi

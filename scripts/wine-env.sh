@@ -97,6 +97,11 @@ wine_display() {
   [[ -s $number ]] || wine_fail "no virtual display: $(tail -1 "$WINE_DIR/xvfb.log")"
   DISPLAY=:$(tr -d '[:space:]' <"$number")
   export DISPLAY
+  # Without a window manager Wine waits 2 seconds for one at each window that it shows or hides.
+  if command -v openbox >/dev/null; then
+    openbox --sm-disable >"$WINE_DIR/openbox.log" 2>&1 &
+    WINE_MANAGER_PROCESS=$!
+  fi
 }
 
 # A prefix is 700 MB, nearly all of it Wine's own libraries, which no program writes to: those folders
@@ -149,11 +154,12 @@ wine_stop() {
   local code=$?
   trap - EXIT
   [[ -n ${WINE_DIR:-} && ${WINEPREFIX:-} == "$WINE_DIR"/* ]] && wine_end_programs
-  if [[ -n ${WINE_DISPLAY_PROCESS:-} ]]; then
-    kill "$WINE_DISPLAY_PROCESS" 2>/dev/null
-    wait "$WINE_DISPLAY_PROCESS" 2>/dev/null
-    WINE_DISPLAY_PROCESS=
-  fi
+  local process
+  for process in ${WINE_MANAGER_PROCESS:-} ${WINE_DISPLAY_PROCESS:-}; do
+    kill "$process" 2>/dev/null
+    wait "$process" 2>/dev/null
+  done
+  WINE_MANAGER_PROCESS= WINE_DISPLAY_PROCESS=
   if [[ -n ${WINE_DIR:-} ]]; then
     if [[ ${TARVO_KEEP:-0} == 1 ]]; then echo "kept: $WINE_DIR" >&2; else rm -rf "$WINE_DIR"; fi
     WINE_DIR=

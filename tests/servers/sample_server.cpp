@@ -87,6 +87,9 @@ LRESULT CALLBACK Obey(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     case kDie:
       DestroyWindow(window);
       return 1;
+    case kBusy:
+      Sleep(static_cast<DWORD>(wParam));
+      return 1;
     case kState:
       return static_cast<LRESULT>(server.listener->State());
     case kAccepted:

@@ -19,6 +19,10 @@ inline constexpr UINT kHide = WM_APP + 6;
 inline constexpr UINT kDie = WM_APP + 7;    ///< Ends in good order with code 0.
 inline constexpr UINT kState = WM_APP + 8;  ///< Returns a `PortState`.
 
+/// Handles no message for wParam milliseconds, as a program does whose window has frozen; its port
+/// goes on. Post it: a sent one comes back that much later.
+inline constexpr UINT kBusy = WM_APP + 9;
+
 /// What a server's port does. 0 is left for a window that gave no answer.
 enum class PortState { Closed = 1, Answering = 2, Hanging = 3 };
 

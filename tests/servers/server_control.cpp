@@ -1,6 +1,7 @@
 // Tells a running sample server how to behave, from outside:
 //
-//   server-control <exe-name> crash|close-port|hang|answer|show|hide|die|state|count|pids [--pid N]
+//   server-control <exe-name> crash|close-port|hang|answer|show|hide|busy|die|state|count|pids
+//   [--pid N]
 //
 // It prints what it did and ends with 0, or says why it could not and ends with 1. `count` and
 // `pids` read the process list and always end with 0. When several processes bear the name, `--pid`
@@ -22,6 +23,7 @@ namespace tarvo::sample {
 namespace {
 
 constexpr UINT kPatience = 5000;
+constexpr WPARAM kBusyTime = 20000;
 
 struct Command {
   const char* name;
@@ -103,11 +105,18 @@ int PrintState(const char* name, HWND window) {
   return state == 0 ? 1 : 0;
 }
 
+int KeepBusy(const char* name, HWND window) {
+  if (PostMessageA(window, kBusy, kBusyTime, 0) == 0) return Refuse(name, "did not obey");
+  std::printf("%s: handles no message for 20 seconds\n", name);
+  return 0;
+}
+
 int Tell(const char* name, const char* what, DWORD process) {
   const HWND window = ServerWindowOf(process);
   const std::string id = std::to_string(process);
   if (window == nullptr) return Refuse(name, "process " + id + " has no sample server's window");
   if (std::strcmp(what, "state") == 0) return PrintState(name, window);
+  if (std::strcmp(what, "busy") == 0) return KeepBusy(name, window);
   for (const Command& command : kCommands) {
     if (std::strcmp(what, command.name) != 0) continue;
     const bool done = command.ends ? EndedBy(window, process, command.message)
@@ -145,7 +154,7 @@ int main(int count, char** arguments) {
   if (count != 3 && !picked) {
     std::puts(
         "server-control <exe-name> "
-        "crash|close-port|hang|answer|show|hide|die|state|count|pids [--pid N]");
+        "crash|close-port|hang|answer|show|hide|busy|die|state|count|pids [--pid N]");
     return 1;
   }
   const DWORD id = picked ? std::strtoul(arguments[4], nullptr, 10) : 0;

@@ -1,0 +1,68 @@
+#include "tests/windows/child_roles.h"
+
+#include <windows.h>
+
+#include <cstdio>
+
+#include "platform/windows/instance_lock_windows.h"
+
+namespace tarvo::test {
+namespace {
+
+constexpr char kHolderClass[] = "TarvoTestHolder";
+
+void WriteFileWith(const std::string& path, const std::string& text) {
+  std::FILE* file = std::fopen(path.c_str(), "wb");
+  if (file == nullptr) return;
+  std::fwrite(text.data(), 1, text.size(), file);
+  std::fclose(file);
+}
+
+int Report(const std::string& path) {
+  char folder[MAX_PATH] = {};
+  GetCurrentDirectoryA(MAX_PATH, folder);
+  STARTUPINFOA startup{};
+  GetStartupInfoA(&startup);
+  const bool commanded = (startup.dwFlags & STARTF_USESHOWWINDOW) != 0;
+  WriteFileWith(path, std::string(GetCommandLineA()) + "\n" + folder + "\n" +
+                          (commanded ? std::to_string(startup.wShowWindow) : "none") + "\n");
+  return 0;
+}
+
+HWND OpenHiddenWindow() {
+  WNDCLASSA windowClass{};
+  windowClass.lpfnWndProc = &DefWindowProcA;
+  windowClass.hInstance = GetModuleHandleA(nullptr);
+  windowClass.lpszClassName = kHolderClass;
+  RegisterClassA(&windowClass);
+  return CreateWindowExA(0, kHolderClass, "holder", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100, nullptr,
+                         nullptr, windowClass.hInstance, nullptr);
+}
+
+int Hold(const std::string& name, bool withWindow, DWORD milliseconds) {
+  WindowsInstanceLock lock;
+  if (!lock.Acquire(name)) return 1;
+  if (withWindow) lock.Publish(name, reinterpret_cast<std::intptr_t>(OpenHiddenWindow()));
+  WriteFileWith(name + ".held", "");
+  if (milliseconds != INFINITE) {
+    Sleep(milliseconds);
+    return 0;
+  }
+  MSG message{};
+  while (GetMessageA(&message, nullptr, 0, 0) > 0) DispatchMessageA(&message);
+  return 0;
+}
+
+}  // namespace
+
+int PlayRole(const std::string& role) {
+  const std::string verb = role.substr(0, role.find(' '));
+  const std::string object = role.substr(verb.size() + 1);
+  if (verb == "report") return Report(object);
+  if (verb == "hold") return Hold(object, false, INFINITE);
+  if (verb == "hold-window") return Hold(object, true, INFINITE);
+  if (verb == "hold-briefly") return Hold(object, false, 800);
+  return 2;
+}
+
+}  // namespace tarvo::test

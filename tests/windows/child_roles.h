@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace tarvo::test {
+
+/// What the test program does instead of testing, when this variable of the environment is set: it
+/// is how a test starts a second process without arguments.
+///
+///   report FILE         writes its command line, current folder and start-up window command, one a
+///                       line, into FILE (in its current folder) and ends
+///   hold NAME           takes the instance lock NAME and holds it until it is ended
+///   hold-window NAME    the same, with a hidden published window
+///   hold-briefly NAME   holds it for 800 milliseconds and ends
+///
+/// The three that hold say so by making a file NAME.held in the current folder.
+inline constexpr char kRoleVariable[] = "TARVO_TEST_ROLE";
+
+/// Plays the role; returns the exit code.
+int PlayRole(const std::string& role);
+
+}  // namespace tarvo::test

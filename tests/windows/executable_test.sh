@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# The launcher is one file of at most 1.5 MB that needs nothing but what Windows brings.
+#
+#   tests/windows/executable_test.sh [BUILD-FOLDER]      (TARVO_WINDOWS_BUILD goes before it)
+set -u
+repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+build=${TARVO_WINDOWS_BUILD:-${1:-$repository/build/windows-64}}
+launcher=$build/tarvo-launcher.exe
+limit=1500000
+# api-ms-win-crt-*: the parts of the C run time that Windows 10 and its successors bring.
+brought='kernel32|user32|gdi32|advapi32|comctl32|comdlg32|shell32|shlwapi|ole32|oleaut32|uxtheme'
+brought+='|ws2_32|wininet|msvcrt|version|msimg32|dwmapi|ntdll|winmm|imm32|riched20|msftedit'
+brought+='|ucrtbase|api-ms-win-crt-[a-z0-9-]+'
+
+if [[ ! -f $launcher ]]; then
+  echo "There is no $launcher." >&2
+  echo "Build it first: cmake --preset windows-64 && cmake --build --preset windows-64" >&2
+  exit 1
+fi
+
+failures=0
+libraries=$(objdump -p "$launcher" | sed -n 's/^\tDLL Name: //p' | tr -d '\r' | sort -fu)
+if [[ -z $libraries ]]; then
+  echo "FAILED: no import table was found in $launcher"
+  failures=1
+fi
+for library in $libraries; do
+  if ! grep -qiE "^($brought)\.dll$" <<<"$library"; then
+    echo "FAILED: $launcher needs $library, which Windows does not bring"
+    failures=1
+  fi
+done
+
+stripped=$(mktemp)
+trap 'rm -f "$stripped"' EXIT
+x86_64-w64-mingw32-strip -o "$stripped" "$launcher" || failures=1
+size=$(stat -c %s "$stripped")
+if ((size > limit)); then
+  echo "FAILED: $launcher has $size bytes stripped, more than $limit"
+  failures=1
+fi
+echo "tarvo-launcher.exe: $size bytes of at most $limit; imports" $libraries
+exit "$failures"
