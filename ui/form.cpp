@@ -48,6 +48,7 @@ ServersPage::ServersPage() {
   LogH.SetToolTip("What status messages will be saved in the log file?");
   WLog.SetToolTip("Save status in log file?");
   SMinimized.SetToolTip("Hide the main window at start?");
+  Command1.SetCaption("Unload launcher only...");
 }
 
 Timers::Timers(TimerQueue& queue)

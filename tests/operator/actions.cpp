@@ -1,0 +1,118 @@
+#include "actions.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+namespace tarvo {
+namespace {
+
+HWND Tabs(HWND launcher) { return NeedControl(launcher, "SSTab1", -1).window; }
+
+void NeedFree(HWND launcher) {
+  if (!IsWindowEnabled(launcher)) throw OperatorError("a message box is up: answer it first");
+}
+
+bool OnShownPage(HWND control) {
+  return (GetWindowLongPtrA(GetParent(control), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+void BringIntoSight(HWND launcher, const FoundControl& control) {
+  const LRESULT pages = Send(Tabs(launcher), TCM_GETITEMCOUNT);
+  for (int page = 1; page <= pages && !OnShownPage(control.window); ++page) {
+    GoToPage(launcher, page);
+  }
+  if (!OnShownPage(control.window)) throw OperatorError(NameOf(control) + " is on no page");
+}
+
+void NeedReach(HWND launcher, const FoundControl& control) {
+  NeedFree(launcher);
+  if (!IsWindowVisible(launcher) || IsIconic(launcher)) {
+    throw OperatorError("the window is hidden: restore it first");
+  }
+  BringIntoSight(launcher, control);
+  if (!IsWindowEnabled(control.window)) throw OperatorError(NameOf(control) + " is disabled");
+}
+
+void NeedType(const FoundControl& control, bool fits, const char* what) {
+  if (!fits) throw OperatorError(NameOf(control) + " is no " + what);
+}
+
+void Notify(HWND launcher, const FoundControl& control, int code) {
+  const auto id = static_cast<WORD>(GetDlgCtrlID(control.window));
+  SendAndSettle(launcher, GetParent(control.window), WM_COMMAND,
+                MAKEWPARAM(id, static_cast<WORD>(code)), reinterpret_cast<LPARAM>(control.window));
+}
+
+std::string EntryOf(HWND list, LRESULT index) {
+  const LRESULT length = Send(list, CB_GETLBTEXTLEN, static_cast<WPARAM>(index));
+  std::string text(static_cast<std::size_t>(length) + 1, '\0');
+  const LRESULT got =
+      Send(list, CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(got));
+  return text;
+}
+
+LRESULT NeedEntry(const FoundControl& control, const std::string& entry) {
+  const LRESULT count = Send(control.window, CB_GETCOUNT);
+  std::string known;
+  for (LRESULT i = 0; i < count; ++i) {
+    const std::string text = EntryOf(control.window, i);
+    if (text == entry || "#" + std::to_string(i) == entry) return i;
+    known += "\n  " + text;
+  }
+  throw OperatorError(NameOf(control) + " has no entry " + entry + ", but:" + known);
+}
+
+}  // namespace
+
+void Click(HWND launcher, const FoundControl& control) {
+  const ControlType type = control.entry->type;
+  NeedType(
+      control,
+      type == ControlType::Button || type == ControlType::CheckBox || type == ControlType::Option,
+      "button, check box or option");
+  NeedReach(launcher, control);
+  Notify(launcher, control, BN_CLICKED);
+}
+
+void SetTo(HWND launcher, const FoundControl& control, const std::string& text) {
+  NeedType(control, control.entry->type == ControlType::TextBox, "text box");
+  NeedReach(launcher, control);
+  Send(control.window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void Select(HWND launcher, const FoundControl& control, const std::string& entry) {
+  NeedType(control, control.entry->type == ControlType::List, "list");
+  NeedReach(launcher, control);
+  Send(control.window, CB_SETCURSEL, static_cast<WPARAM>(NeedEntry(control, entry)));
+  Notify(launcher, control, CBN_SELCHANGE);
+}
+
+void Check(HWND launcher, const FoundControl& control, bool checked) {
+  NeedType(control, control.entry->type == ControlType::CheckBox, "check box");
+  NeedReach(launcher, control);
+  const LRESULT wanted = checked ? BST_CHECKED : BST_UNCHECKED;
+  if (Send(control.window, BM_GETCHECK) == wanted) return;
+  Notify(launcher, control, BN_CLICKED);
+  if (Send(control.window, BM_GETCHECK) == wanted) return;
+  throw OperatorError(NameOf(control) + " does not take the click");
+}
+
+int ShownPage(HWND launcher) { return static_cast<int>(Send(Tabs(launcher), TCM_GETCURSEL)) + 1; }
+
+void GoToPage(HWND launcher, int page) {
+  NeedFree(launcher);
+  const LRESULT pages = Send(Tabs(launcher), TCM_GETITEMCOUNT);
+  if (page < 1 || page > pages) {
+    throw OperatorError("no page " + std::to_string(page) + ": 1 to " + std::to_string(pages));
+  }
+  Send(Tabs(launcher), TCM_SETCURFOCUS, static_cast<WPARAM>(page - 1));
+}
+
+void WindowCommand(HWND launcher, WPARAM command) {
+  NeedFree(launcher);
+  SendAndSettle(launcher, launcher, WM_SYSCOMMAND, command, 0);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "launcher.h"
+
+namespace tarvo {
+
+/// What a person does to a control. Each first makes sure that a person could: the window is seen,
+/// no message box is up, the control is enabled; a control on another page is gone to first.
+
+void Click(HWND launcher, const FoundControl& control);
+void SetTo(HWND launcher, const FoundControl& control, const std::string& text);
+/// An entry by its text, or by its index as "#2".
+void Select(HWND launcher, const FoundControl& control, const std::string& entry);
+void Check(HWND launcher, const FoundControl& control, bool checked);
+/// Pages are counted from 1.
+void GoToPage(HWND launcher, int page);
+/// A command of the window's own menu: SC_CLOSE, SC_MINIMIZE, SC_RESTORE.
+void WindowCommand(HWND launcher, WPARAM command);
+
+/// The page that is shown, counted from 1.
+int ShownPage(HWND launcher);
+
+}  // namespace tarvo

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <windows.h>
+
+#include <stdexcept>
+#include <string>
+
+#include "ui/control_ids.h"
+
+namespace tarvo {
+
+/// What a person would have said about a thing that cannot be done; ends the operator with code 1.
+class OperatorError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Which launcher is meant when several run: by its process, by the folder of its executable, or
+/// the only one.
+struct LauncherChoice {
+  DWORD pid = 0;
+  std::string root;
+
+  bool Fits(DWORD candidate) const;
+};
+
+/// The main window of the chosen launcher, hidden or not; nullptr when there is none. More than one
+/// that fits is an error.
+HWND FindLauncher(const LauncherChoice& choice);
+/// The same, but none is an error too.
+HWND NeedLauncher(const LauncherChoice& choice);
+
+DWORD ProcessOf(HWND window);
+
+/// One control of the form, found on the running launcher's window.
+struct FoundControl {
+  const ControlId* entry;
+  int index;
+  HWND window;
+};
+
+/// Finds a control by name and index, -1 for an index left out. Unknown names, an index that is
+/// missing or out of range, and a control that the window does not have are errors.
+FoundControl NeedControl(HWND launcher, const std::string& name, int index);
+
+/// Name and index as they are written in scripts.
+std::string NameOf(const FoundControl& control);
+
+/// Sends a message that carries nothing away but its answer. A launcher that does not answer
+/// within 30 seconds is an error.
+LRESULT Send(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0);
+
+/// Sends a message whose handling may open a message box, and waits until it is through or a box
+/// is up. The launcher may be gone after it.
+void SendAndSettle(HWND launcher, HWND window, UINT message, WPARAM w, LPARAM l);
+
+/// The text of any window of the launcher, whole.
+std::string TextOf(HWND window);
+
+}  // namespace tarvo

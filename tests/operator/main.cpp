@@ -1,0 +1,197 @@
+#include <windows.h>
+
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "actions.h"
+#include "boxes.h"
+#include "manual.h"
+#include "report.h"
+
+namespace tarvo {
+namespace {
+
+/// The command line, taken apart.
+struct Order {
+  LauncherChoice choice;
+  DWORD boxPatience = 5000;
+  std::string verb;
+  std::vector<std::string> words;
+};
+
+int ToNumber(const std::string& text) {
+  int number = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stop != end) throw OperatorError(text + " is no number");
+  return number;
+}
+
+DWORD Milliseconds(const std::string& seconds) {
+  char* end = nullptr;
+  const double value = std::strtod(seconds.c_str(), &end);
+  if (end == seconds.c_str() || *end != '\0' || value < 0 || value > 1e6) {
+    throw OperatorError(seconds + " is no number of seconds");
+  }
+  return static_cast<DWORD>(value * 1000);
+}
+
+/// A control named by the first words, with `behind` words after it; the index may be left out.
+struct Named {
+  std::string name;
+  int index;
+  std::vector<std::string> rest;
+};
+
+Named TakeName(const Order& order, std::size_t behind) {
+  const std::vector<std::string>& words = order.words;
+  if (words.size() != behind + 1 && words.size() != behind + 2) {
+    throw OperatorError("wrong number of words after " + order.verb + ": see operator help");
+  }
+  const bool indexed = words.size() == behind + 2;
+  return {words[0],
+          indexed ? ToNumber(words[1]) : -1,
+          {words.begin() + (indexed ? 2 : 1), words.end()}};
+}
+
+const std::string& OnlyWord(const Order& order) {
+  if (order.words.size() == 1) return order.words[0];
+  throw OperatorError("one word is wanted after " + order.verb + ": see operator help");
+}
+
+void WaitForWindow(const LauncherChoice& choice, DWORD patience) {
+  const DWORD start = GetTickCount();
+  for (;;) {
+    const HWND launcher = FindLauncher(choice);
+    if (launcher && IsWindowVisible(launcher)) return;
+    if (GetTickCount() - start >= patience) throw OperatorError("no launcher window is to be seen");
+    Sleep(50);
+  }
+}
+
+void WaitUntilGone(const LauncherChoice& choice, DWORD patience) {
+  const HWND launcher = FindLauncher(choice);
+  if (!launcher) return;
+  const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, ProcessOf(launcher));
+  if (!process) return;
+  const DWORD result = WaitForSingleObject(process, patience);
+  CloseHandle(process);
+  if (result != WAIT_OBJECT_0) throw OperatorError("the launcher is still running");
+}
+
+void AnswerBox(const Order& order) {
+  const HWND box = WaitForBox(order.choice, order.boxPatience);
+  PrintBox(box);
+  PressInBox(box, OnlyWord(order));
+}
+
+void ShowBox(const Order& order) {
+  const HWND box = FindBox(order.choice);
+  if (!box) throw OperatorError("no message box is up");
+  PrintBox(box);
+}
+
+bool RunOnControl(const Order& order) {
+  const std::string& verb = order.verb;
+  const bool onText = verb == "set" || verb == "select";
+  if (!onText && verb != "click" && verb != "check" && verb != "uncheck" && verb != "text" &&
+      verb != "tooltip") {
+    return false;
+  }
+  const Named named = TakeName(order, onText ? 1 : 0);
+  const HWND launcher = NeedLauncher(order.choice);
+  const FoundControl control = NeedControl(launcher, named.name, named.index);
+  if (verb == "click") Click(launcher, control);
+  if (verb == "set") SetTo(launcher, control, named.rest[0]);
+  if (verb == "select") Select(launcher, control, named.rest[0]);
+  if (verb == "check" || verb == "uncheck") Check(launcher, control, verb == "check");
+  if (verb == "text") std::printf("%s\n", ReadText(control).c_str());
+  if (verb == "tooltip") std::printf("%s\n", ReadToolTip(launcher, control).c_str());
+  return true;
+}
+
+bool RunWait(const Order& order) {
+  if (order.verb == "wait-text") {
+    const Named named = TakeName(order, 2);
+    WaitForText(order.choice, named.name, named.index, named.rest[0], Milliseconds(named.rest[1]));
+  } else if (order.verb == "follow") {
+    const Named named = TakeName(order, 1);
+    Follow(order.choice, named.name, named.index, Milliseconds(named.rest[0]));
+  } else if (order.verb == "wait-window") {
+    WaitForWindow(order.choice, Milliseconds(OnlyWord(order)));
+  } else if (order.verb == "wait-gone") {
+    WaitUntilGone(order.choice, Milliseconds(OnlyWord(order)));
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool RunOnWindow(const Order& order) {
+  const std::string& verb = order.verb;
+  if (verb == "state") {
+    PrintState(NeedLauncher(order.choice));
+  } else if (verb == "page") {
+    GoToPage(NeedLauncher(order.choice), ToNumber(OnlyWord(order)));
+  } else if (verb == "close") {
+    WindowCommand(NeedLauncher(order.choice), SC_CLOSE);
+  } else if (verb == "minimize") {
+    WindowCommand(NeedLauncher(order.choice), SC_MINIMIZE);
+  } else if (verb == "restore") {
+    WindowCommand(NeedLauncher(order.choice), SC_RESTORE);
+  } else if (verb == "answer") {
+    AnswerBox(order);
+  } else if (verb == "box") {
+    ShowBox(order);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+Order Parse(int count, char** words) {
+  Order order;
+  for (int i = 1; i < count; ++i) {
+    const std::string word = words[i];
+    const bool option = word == "--pid" || word == "--root" || word == "--wait";
+    if (!option) {
+      if (order.verb.empty()) {
+        order.verb = word;
+      } else {
+        order.words.push_back(word);
+      }
+      continue;
+    }
+    if (++i == count) throw OperatorError(word + " wants a value");
+    if (word == "--pid") order.choice.pid = static_cast<DWORD>(ToNumber(words[i]));
+    if (word == "--root") order.choice.root = words[i];
+    if (word == "--wait") order.boxPatience = Milliseconds(words[i]);
+  }
+  return order;
+}
+
+void Run(const Order& order) {
+  if (order.verb.empty() || order.verb == "help") {
+    std::fputs(kManual, stdout);
+  } else if (!RunOnControl(order) && !RunOnWindow(order) && !RunWait(order)) {
+    throw OperatorError("what is " + order.verb + "? See operator help");
+  }
+}
+
+}  // namespace
+}  // namespace tarvo
+
+int main(int count, char** words) {
+  std::setvbuf(stdout, nullptr, _IONBF, 0);
+  try {
+    tarvo::Run(tarvo::Parse(count, words));
+    return 0;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "operator: %s\n", error.what());
+    return 1;
+  }
+}

@@ -1,0 +1,96 @@
+#include "report.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cstdio>
+
+#include "actions.h"
+
+namespace tarvo {
+namespace {
+
+std::string Quoted(const std::string& text) {
+  std::string quoted = "\"";
+  for (char c : text) {
+    if (c == '\r') {
+      quoted += "\\r";
+    } else if (c == '\n') {
+      quoted += "\\n";
+    } else {
+      if (c == '"' || c == '\\') quoted += '\\';
+      quoted += c;
+    }
+  }
+  return quoted + '"';
+}
+
+std::string Colour(HWND light) {
+  const auto kept = reinterpret_cast<INT_PTR>(GetPropA(light, kLightColourProperty));
+  char text[16];
+  std::snprintf(text, sizeof text, "0x%06X", static_cast<unsigned>(kept - 1));
+  return kept == 0 ? "none" : text;
+}
+
+std::string Details(const FoundControl& control) {
+  switch (control.entry->type) {
+    case ControlType::CheckBox:
+    case ControlType::Option:
+      return " checked=" + std::to_string(Send(control.window, BM_GETCHECK));
+    case ControlType::List:
+      return " selection=" + std::to_string(static_cast<int>(Send(control.window, CB_GETCURSEL)));
+    case ControlType::Light:
+      return " light=" + Colour(control.window);
+    default:
+      return {};
+  }
+}
+
+void PrintControl(const FoundControl& control) {
+  std::printf("%s enabled=%d visible=%d", NameOf(control).c_str(),
+              IsWindowEnabled(control.window) != 0, IsWindowVisible(control.window) != 0);
+  if (control.entry->type != ControlType::Tab && control.entry->type != ControlType::RichText) {
+    std::printf(" text=%s", Quoted(ReadText(control)).c_str());
+  }
+  std::printf("%s\n", Details(control).c_str());
+}
+
+}  // namespace
+
+std::string ReadText(const FoundControl& control) {
+  std::string text = TextOf(control.window);
+  const ControlType type = control.entry->type;
+  if (type == ControlType::CheckBox || type == ControlType::Option) std::erase(text, '&');
+  return text;
+}
+
+void PrintState(HWND launcher) {
+  std::printf("window title=%s visible=%d minimized=%d enabled=%d page=%d pid=%lu\n",
+              Quoted(TextOf(launcher)).c_str(), IsWindowVisible(launcher) != 0,
+              IsIconic(launcher) != 0, IsWindowEnabled(launcher) != 0, ShownPage(launcher),
+              ProcessOf(launcher));
+  for (const ControlId& entry : kControlIds) {
+    for (int i = 0; i < entry.count; ++i) {
+      PrintControl(NeedControl(launcher, std::string(entry.name), i));
+    }
+  }
+}
+
+void WaitForText(const LauncherChoice& choice, const std::string& name, int index,
+                 const std::string& part, DWORD patience) {
+  const DWORD start = GetTickCount();
+  std::string text;
+  for (;;) {
+    if (const HWND launcher = FindLauncher(choice)) {
+      text = ReadText(NeedControl(launcher, name, index));
+      if (text.find(part) != std::string::npos) return;
+    }
+    if (GetTickCount() - start >= patience) break;
+    Sleep(50);
+  }
+  throw OperatorError("no \"" + part + "\" in " + name + ", which reads:\n" + text);
+}
+
+}  // namespace tarvo

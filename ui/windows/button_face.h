@@ -1,0 +1,29 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "ui/colour.h"
+
+namespace tarvo {
+
+/// What a coloured button looks like at a moment.
+struct ButtonFace {
+  std::string caption;
+  char accessKey = 0;  ///< Underlined when the caption has it and `showKey` is set; lower case.
+  bool showKey = false;
+  Colour colour = 0;
+  Colour behind = 0;  ///< The page's colour around the rounded corners.
+  bool hot = false;
+  bool pressed = false;
+  bool focused = false;
+  bool disabled = false;
+  int corner = 4;  ///< Pixels.
+};
+
+/// Draws the face in one step, so that nothing flickers. Under high contrast the system's own
+/// colours replace the face's.
+void DrawButtonFace(HDC target, const RECT& area, const ButtonFace& face, HFONT font);
+
+}  // namespace tarvo

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "ui/controls.h"
+#include "ui/windows/widget.h"
+
+namespace tarvo {
+
+/// A plain push button.
+class ButtonWidget : public Mirror<CommandButton> {
+ public:
+  ButtonWidget(Stage& stage, HWND parent, int id, CommandButton& button);
+  Extent Natural() const override;
+  void Command(int code) override;
+  void Access() override;
+
+ protected:
+  void Show() override { SetText(control_.Caption()); }
+};
+
+/// A check box with its text beside it; or, in a table whose column head tells the text, the box
+/// alone, the text then being its name for screen readers.
+class CheckWidget : public Mirror<CheckBox> {
+ public:
+  enum class Kind { WithText, BoxAlone };
+  CheckWidget(Stage& stage, HWND parent, int id, CheckBox& box, const std::string& text,
+              Kind kind = Kind::WithText);
+  Extent Natural() const override;
+  void Command(int code) override;
+  void Access() override;
+  /// Nothing marks the focus of a box without text, so its panel has to.
+  bool BoxAlone() const { return kind_ == Kind::BoxAlone; }
+
+ protected:
+  void Show() override;
+
+ private:
+  Kind kind_;
+};
+
+/// An option that acts at each press, also when it is the selected one: it looks like a button and
+/// stays down while it is selected.
+class OptionWidget : public Mirror<OptionButton> {
+ public:
+  OptionWidget(Stage& stage, HWND parent, int id, OptionButton& option, const std::string& text);
+  Extent Natural() const override;
+  void Command(int code) override;
+  void Access() override;
+
+ protected:
+  void Show() override;
+};
+
+}  // namespace tarvo

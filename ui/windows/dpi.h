@@ -1,0 +1,23 @@
+#pragma once
+
+#include <windows.h>
+
+namespace tarvo {
+
+/// Dots per inch at 100 %.
+inline constexpr int kPlainDpi = 96;
+
+/// The resolution that a window is shown at: that of its monitor where the system knows one for
+/// each, otherwise that of the whole screen.
+int DpiOf(HWND window);
+
+/// The resolution that programs start with, which rich text goes by.
+int SystemDpi();
+
+/// Enlarges a client rectangle to the window around it.
+void GrowToWindow(RECT& rectangle, HWND window, int dpi);
+
+/// The system's message font at a resolution.
+LOGFONTW MessageFontAt(int dpi);
+
+}  // namespace tarvo

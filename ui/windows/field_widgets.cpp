@@ -1,0 +1,115 @@
+#include "ui/windows/field_widgets.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarvo {
+
+TextWidget::TextWidget(Stage& stage, HWND parent, int id, TextBox& box, std::string widest)
+    : Mirror(stage, box), widest_(std::move(widest)) {
+  Create(parent, "EDIT", box.Text(), WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, id);
+  Attach();
+}
+
+Extent TextWidget::Natural() const {
+  const Look& look = stage_.look;
+  return {look.TextExtent(widest_, false, true).width + look.Px(16), look.ControlHeight()};
+}
+
+void TextWidget::Command(int code) {
+  if (code == EN_CHANGE && !showing_ && !typing_) Typed();
+}
+
+void TextWidget::Access() {
+  Widget::Access();
+  SendMessageA(Window(), EM_SETSEL, 0, -1);
+}
+
+void TextWidget::Typed() {
+  typing_ = true;
+  stage_.Happens([this] { control_.Type(TextOf(Window())); });
+  typing_ = false;
+  shownCaret_ = control_.Caret();
+  if (TextOf(Window()) != control_.Text()) Show();
+}
+
+void TextWidget::Show() {
+  if (typing_) return;
+  const bool textDiffers = TextOf(Window()) != control_.Text();
+  showing_ = true;
+  if (textDiffers) SetWindowTextA(Window(), control_.Text().c_str());
+  showing_ = false;
+  if (textDiffers || shownCaret_ != control_.Caret()) {
+    shownCaret_ = control_.Caret();
+    SendMessageA(Window(), EM_SETSEL, shownCaret_, static_cast<LPARAM>(shownCaret_));
+  }
+}
+
+ListWidget::ListWidget(Stage& stage, HWND parent, int id, DropDownList& list, int smallest,
+                       int largest)
+    : Mirror(stage, list), smallest_(smallest), largest_(largest) {
+  Create(parent, "COMBOBOX", "", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, 0, id);
+  Attach();
+}
+
+int ListWidget::WidestItem() const {
+  int widest = 0;
+  for (const std::string& item : control_.Items()) {
+    widest = std::max(widest, stage_.look.TextExtent(item, false, true).width);
+  }
+  return widest;
+}
+
+Extent ListWidget::Natural() const {
+  const Look& look = stage_.look;
+  const int wanted = WidestItem() + look.Px(36);
+  return {std::clamp(wanted, look.Px(smallest_), look.Px(largest_)), look.ControlHeight()};
+}
+
+void ListWidget::TakeLook() {
+  Widget::TakeLook();
+  // The closed list is as high as every other field; its frame takes 6 pixels of the height.
+  SendMessageA(Window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
+               stage_.look.ControlHeight() - 6);
+  SendMessageA(Window(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(WidestItem() + stage_.look.Px(36)),
+               0);
+}
+
+int ListWidget::Selection() const {
+  return static_cast<int>(SendMessageA(Window(), CB_GETCURSEL, 0, 0));
+}
+
+void ListWidget::Command(int code) {
+  const bool chosen = code == CBN_SELCHANGE;
+  // A list that is closed without a choice may have moved its selection on the way.
+  const bool moved = code == CBN_CLOSEUP && Selection() != control_.ListIndex();
+  if (!chosen && !moved) return;
+  stage_.Happens([this] { control_.Choose(Selection()); });
+  Show();
+}
+
+std::string ListWidget::Tip() const {
+  const std::string tip = Mirror::Tip();
+  return tip.empty() ? control_.Text() : tip;
+}
+
+void ListWidget::ShowItems() {
+  const std::vector<std::string>& items = control_.Items();
+  const auto shown = static_cast<std::size_t>(SendMessageA(Window(), CB_GETCOUNT, 0, 0));
+  for (std::size_t i = shown; i < items.size(); ++i) {
+    SendMessageA(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(items[i].c_str()));
+  }
+  if (shown < items.size()) {
+    SendMessageA(Window(), CB_SETDROPPEDWIDTH,
+                 static_cast<WPARAM>(WidestItem() + stage_.look.Px(36)), 0);
+  }
+}
+
+void ListWidget::Show() {
+  ShowItems();
+  if (Selection() != control_.ListIndex()) {
+    SendMessageA(Window(), CB_SETCURSEL, static_cast<WPARAM>(control_.ListIndex()), 0);
+  }
+}
+
+}  // namespace tarvo

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "ui/windows/panel.h"
+
+namespace tarvo {
+
+/// What is seen above the pages: the server's name, the free memory, the lights, the last failure.
+class HeaderPanel : public Panel {
+ public:
+  HeaderPanel(Stage& stage, HWND parent);
+};
+
+}  // namespace tarvo

@@ -1,0 +1,55 @@
+#include <cctype>
+
+#include "ui/windows/main_frame.h"
+
+namespace tarvo {
+namespace {
+
+bool Down(int key) { return (GetKeyState(key) & 0x8000) != 0; }
+
+bool IsPushButton(HWND window) {
+  const LRESULT code = SendMessageA(window, WM_GETDLGCODE, 0, 0);
+  return (code & (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
+}
+
+/// Enter presses the focused button; in a field it does nothing, there being nothing to confirm.
+bool EnterKey(const MSG& message) {
+  if (message.message != WM_KEYDOWN || message.wParam != VK_RETURN) return false;
+  const bool dropped = SendMessageA(message.hwnd, CB_GETDROPPEDSTATE, 0, 0) != 0;
+  if (dropped) return false;
+  if (IsPushButton(message.hwnd)) PostMessageA(message.hwnd, BM_CLICK, 0, 0);
+  return true;
+}
+
+}  // namespace
+
+/// Ctrl+Tab and Ctrl+Page Down go to the next page, with Shift or Page Up to the one before.
+bool MainFrame::PageKey(const MSG& message) {
+  if (message.message != WM_KEYDOWN || !Down(VK_CONTROL) || Down(VK_MENU)) return false;
+  if (message.wParam == VK_TAB) {
+    tabs_.Step(Down(VK_SHIFT) ? -1 : 1);
+  } else if (message.wParam == VK_NEXT) {
+    tabs_.Step(1);
+  } else if (message.wParam == VK_PRIOR) {
+    tabs_.Step(-1);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+/// Access keys press or focus at once; the dialog manager would only focus the start buttons, whose
+/// keys stand in the names beside them.
+bool MainFrame::AccessKey(const MSG& message) {
+  if (message.message != WM_SYSCHAR) return false;
+  const auto key = static_cast<unsigned char>(message.wParam);
+  return key > ' ' && ShownPage().Access(static_cast<char>(std::tolower(key)));
+}
+
+bool MainFrame::TakeKey(MSG& message) {
+  if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
+  return PageKey(message) || AccessKey(message) || EnterKey(message) ||
+         IsDialogMessageA(window_, &message);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "ui/controls.h"
+#include "ui/windows/widget.h"
+
+namespace tarvo {
+
+/// A status light: a drawn window whose text is its component's name and state, and whose colour
+/// can be asked for from outside by the property `kLightColourProperty`.
+class LightWidget : public Mirror<Light> {
+ public:
+  LightWidget(Stage& stage, HWND parent, int id, Light& light, std::string name);
+  Extent Natural() const override;
+  void TakeLook() override;
+  void Detach() override;
+  std::string Tip() const override { return TextOf(Window()); }
+
+ protected:
+  void Show() override;
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+  static void RegisterClassOnce(HINSTANCE instance);
+  void Paint();
+
+  std::string name_;
+  std::vector<std::uint32_t> picture_;  ///< What was drawn last; empty when it is out of date.
+  int size_ = 0;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,178 @@
+#include "ui/windows/log_widget.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+#include "ui/windows/dpi.h"
+
+namespace tarvo {
+namespace {
+
+constexpr int kTwipsPerInch = 1440;
+
+DWORD CALLBACK ReadSource(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
+  auto& rest = *reinterpret_cast<std::string_view*>(cookie);
+  const std::size_t count = std::min(rest.size(), static_cast<std::size_t>(wanted));
+  std::memcpy(buffer, rest.data(), count);
+  rest.remove_prefix(count);
+  *given = static_cast<LONG>(count);
+  return 0;
+}
+
+/// Holds the drawing of a window back, then has it drawn once, without erasing it first.
+class Still {
+ public:
+  explicit Still(HWND window) : window_(window) { SendMessageA(window_, WM_SETREDRAW, FALSE, 0); }
+  ~Still() {
+    SendMessageA(window_, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(window_, nullptr, FALSE);
+  }
+  Still(const Still&) = delete;
+  Still& operator=(const Still&) = delete;
+
+ private:
+  HWND window_;
+};
+
+}  // namespace
+
+LogWidget::LogWidget(Stage& stage, HWND parent, int id, RichTextView& view) : Mirror(stage, view) {
+  LoadLibraryA("riched20.dll");
+  Create(parent, "RichEdit20A", "",
+         WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | ES_NOHIDESEL,
+         WS_EX_CLIENTEDGE, id);
+  SetWindowSubclass(Window(), Keys, 0, reinterpret_cast<DWORD_PTR>(this));
+  SendMessageA(Window(), EM_EXLIMITTEXT, 0, 0x7FFFFFF);
+  SendMessageA(Window(), EM_SETUNDOLIMIT, 0, 0);
+  SendMessageA(Window(), EM_SETBKGNDCOLOR, TRUE, 0);
+  Attach();
+  control_.SetRichTextMirror(this);
+  StreamIn(control_.Source());
+}
+
+void LogWidget::Detach() {
+  Mirror::Detach();
+  control_.SetRichTextMirror(nullptr);
+}
+
+Extent LogWidget::Natural() const {
+  const Look& look = stage_.look;
+  return {look.Px(400), look.TextExtent("X").height * 8 + look.Px(8)};
+}
+
+void LogWidget::TakeLook() {
+  const Still still(Window());
+  const Reading reading = Remember();
+  ApplyFont();
+  Restore(reading);
+}
+
+/// Rich text is measured at the screen's resolution, whatever the window's monitor has.
+void LogWidget::ApplyFont() {
+  const LOGFONTW& font = stage_.look.FontRecord();
+  CHARFORMATW format{};
+  format.cbSize = sizeof format;
+  format.dwMask = CFM_FACE | CFM_SIZE | CFM_CHARSET;
+  format.yHeight = MulDiv(std::abs(font.lfHeight), kTwipsPerInch, SystemDpi());
+  format.bCharSet = font.lfCharSet;
+  std::copy(std::begin(font.lfFaceName), std::end(font.lfFaceName), format.szFaceName);
+  const auto record = reinterpret_cast<LPARAM>(&format);
+  SendMessageW(Window(), EM_SETCHARFORMAT, SCF_DEFAULT, record);
+  SendMessageW(Window(), EM_SETCHARFORMAT, SCF_ALL, record);
+}
+
+LONG LogWidget::Length() const {
+  GETTEXTLENGTHEX request{GTL_NUMCHARS | GTL_PRECISE, CP_ACP};
+  return static_cast<LONG>(
+      SendMessageA(Window(), EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&request), 0));
+}
+
+bool LogWidget::ShowsEnd() const {
+  SCROLLINFO bar{};
+  bar.cbSize = sizeof bar;
+  bar.fMask = SIF_ALL;
+  if (!GetScrollInfo(Window(), SB_VERT, &bar) || bar.nPage == 0) return true;
+  const int line = stage_.look.TextExtent("X").height;
+  return bar.nPos + static_cast<int>(bar.nPage) >= bar.nMax - line;
+}
+
+LogWidget::Reading LogWidget::Remember() const {
+  Reading reading;
+  SendMessageA(Window(), EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&reading.selection));
+  reading.length = Length();
+  const bool selected = reading.selection.cpMin != reading.selection.cpMax;
+  reading.atEnd = !selected && ShowsEnd();
+  POINTL corner{1, 1};
+  reading.topLetter = static_cast<LONG>(
+      SendMessageA(Window(), EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&corner)));
+  return reading;
+}
+
+void LogWidget::ScrollToEnd() {
+  const LONG end = Length();
+  CHARRANGE behindAll{end, end};
+  SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&behindAll));
+  SendMessageA(Window(), WM_VSCROLL, SB_BOTTOM, 0);
+}
+
+/// Letters that were taken off the beginning move the place that is read by as many.
+void LogWidget::Restore(const Reading& reading) {
+  if (reading.atEnd) return ScrollToEnd();
+  const LONG gone = std::max(0L, reading.length - Length());
+  CHARRANGE selection = {std::max(0L, reading.selection.cpMin - gone),
+                         std::max(0L, reading.selection.cpMax - gone)};
+  SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&selection));
+  const LONG top = std::max(0L, reading.topLetter - gone);
+  const LRESULT wanted = SendMessageA(Window(), EM_EXLINEFROMCHAR, 0, top);
+  const LRESULT now = SendMessageA(Window(), EM_GETFIRSTVISIBLELINE, 0, 0);
+  SendMessageA(Window(), EM_LINESCROLL, 0, wanted - now);
+}
+
+void LogWidget::Insert(const ColouredText& piece) {
+  const LONG end = Length();
+  CHARRANGE behindAll{end, end};
+  SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&behindAll));
+  CHARFORMATA format{};
+  format.cbSize = sizeof format;
+  format.dwMask = CFM_COLOR;
+  format.crTextColor = piece.colour;
+  SendMessageA(Window(), EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+  SendMessageA(Window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(piece.text.c_str()));
+}
+
+void LogWidget::Appended(const ColouredText& piece) {
+  const Still still(Window());
+  const Reading reading = Remember();
+  Insert(piece);
+  // Nothing was taken off, however much longer the text is now.
+  Restore(reading);
+}
+
+void LogWidget::StreamIn(const std::string& source) {
+  std::string_view rest = source;
+  EDITSTREAM stream{};
+  stream.dwCookie = reinterpret_cast<DWORD_PTR>(&rest);
+  stream.pfnCallback = ReadSource;
+  SendMessageA(Window(), EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
+  ApplyFont();
+}
+
+void LogWidget::Replaced(const std::string& source) {
+  const Still still(Window());
+  const Reading reading = Remember();
+  StreamIn(source);
+  Restore(reading);
+}
+
+LRESULT CALLBACK LogWidget::Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                                 DWORD_PTR /*self*/) {
+  // Tab and Escape belong to the window around it: the log is for reading.
+  if (message == WM_GETDLGCODE) return DLGC_WANTARROWS;
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Keys, id);
+  return DefSubclassProc(window, message, w, l);
+}
+
+}  // namespace tarvo

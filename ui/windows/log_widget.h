@@ -1,0 +1,46 @@
+#pragma once
+
+#include <windows.h>
+
+#include <richedit.h>
+
+#include "ui/rich_text_view.h"
+#include "ui/windows/widget.h"
+
+namespace tarvo {
+
+/// The log's native view. New text comes in at the end without the rest being drawn again, and the
+/// view follows it while the operator looks at the end; one who reads further up, or has selected
+/// something, keeps his place.
+class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
+ public:
+  LogWidget(Stage& stage, HWND parent, int id, RichTextView& view);
+  Extent Natural() const override;
+  void TakeLook() override;
+  void Detach() override;
+
+  void Appended(const ColouredText& piece) override;
+  void Replaced(const std::string& source) override;
+
+ private:
+  /// Where the operator reads and what he has selected.
+  struct Reading {
+    bool atEnd = true;
+    CHARRANGE selection{};
+    LONG length = 0;     ///< Of the text then.
+    LONG topLetter = 0;  ///< The first one in view.
+  };
+
+  static LRESULT CALLBACK Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                               DWORD_PTR self);
+  bool ShowsEnd() const;
+  LONG Length() const;
+  Reading Remember() const;
+  void Restore(const Reading& reading);
+  void ScrollToEnd();
+  void Insert(const ColouredText& piece);
+  void StreamIn(const std::string& source);
+  void ApplyFont();
+};
+
+}  // namespace tarvo

@@ -1,0 +1,77 @@
+#include "ui/windows/look.h"
+
+#include <uxtheme.h>
+#include <vsstyle.h>
+
+#include <algorithm>
+
+#include "ui/windows/dpi.h"
+
+namespace tarvo {
+namespace {
+
+/// The colour of the inside of a tab page. Themes paint it in a colour of their own that no system
+/// colour tells, so a piece of it is painted and looked at.
+COLORREF TabPageColour(HWND window) {
+  COLORREF colour = GetSysColor(COLOR_3DFACE);
+  if (!IsAppThemed() || !IsThemeActive()) return colour;
+  const HTHEME theme = OpenThemeData(window, L"TAB");
+  const HDC screen = GetDC(nullptr);
+  const HDC memory = CreateCompatibleDC(screen);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, 16, 16);
+  const HGDIOBJ before = SelectObject(memory, bitmap);
+  const RECT whole = {0, 0, 16, 16};
+  if (theme && SUCCEEDED(DrawThemeBackground(theme, memory, TABP_BODY, 0, &whole, nullptr))) {
+    colour = GetPixel(memory, 8, 8);
+  }
+  SelectObject(memory, before);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+  if (theme) CloseThemeData(theme);
+  return colour;
+}
+
+}  // namespace
+
+void Look::Renew(HWND window) {
+  Drop();
+  dpi_ = DpiOf(window);
+  fontRecord_ = MessageFontAt(dpi_);
+  font_ = CreateFontIndirectW(&fontRecord_);
+  LOGFONTW bold = fontRecord_;
+  bold.lfWeight = FW_BOLD;
+  boldFont_ = CreateFontIndirectW(&bold);
+  pageColour_ = TabPageColour(window);
+  pageBrush_ = CreateSolidBrush(pageColour_);
+}
+
+void Look::Drop() {
+  for (const HGDIOBJ object : {HGDIOBJ(font_), HGDIOBJ(boldFont_), HGDIOBJ(pageBrush_)}) {
+    if (object) DeleteObject(object);
+  }
+  font_ = boldFont_ = nullptr;
+  pageBrush_ = nullptr;
+}
+
+int Look::ControlHeight() const { return std::max(Px(24), TextExtent("X").height + Px(8)); }
+
+Extent Look::TextExtent(const std::string& text, bool bold, bool plain) const {
+  const HDC screen = GetDC(nullptr);
+  const HGDIOBJ before = SelectObject(screen, bold ? boldFont_ : font_);
+  RECT box{};
+  DrawTextA(screen, text.c_str(), static_cast<int>(text.size()), &box,
+            DT_CALCRECT | DT_SINGLELINE | (plain ? DT_NOPREFIX : 0U));
+  SelectObject(screen, before);
+  ReleaseDC(nullptr, screen);
+  return {static_cast<int>(box.right), static_cast<int>(box.bottom)};
+}
+
+bool HighContrast() {
+  HIGHCONTRASTA contrast{};
+  contrast.cbSize = sizeof contrast;
+  return SystemParametersInfoA(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+         (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+}  // namespace tarvo

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "ui/grid.h"
+
+namespace tarvo {
+
+/// Fonts and measures of the window at its present resolution, and the brush of its pages.
+class Look {
+ public:
+  Look() = default;
+  ~Look() { Drop(); }
+  Look(const Look&) = delete;
+  Look& operator=(const Look&) = delete;
+
+  /// Takes the system's settings over anew; fonts handed out before are gone after this.
+  void Renew(HWND window);
+
+  int Dpi() const { return dpi_; }
+  /// So many pixels as `at100` are at 100 %.
+  int Px(int at100) const { return MulDiv(at100, dpi_, 96); }
+
+  HFONT Font() const { return font_; }
+  HFONT BoldFont() const { return boldFont_; }
+  const LOGFONTW& FontRecord() const { return fontRecord_; }
+
+  /// The one height of every field, check box and line of text in a row.
+  int ControlHeight() const;
+  /// The extent of a text in the font, or in the bold one; `&` marks an access key unless `plain`.
+  Extent TextExtent(const std::string& text, bool bold = false, bool plain = false) const;
+
+  /// What lies behind the controls of a page, and behind those around the pages.
+  HBRUSH PageBrush() const { return pageBrush_; }
+  COLORREF PageColour() const { return pageColour_; }
+
+ private:
+  void Drop();
+
+  int dpi_ = 96;
+  LOGFONTW fontRecord_{};
+  HFONT font_ = nullptr;
+  HFONT boldFont_ = nullptr;
+  HBRUSH pageBrush_ = nullptr;
+  COLORREF pageColour_ = 0;
+};
+
+/// True when the operator has asked the system for colours of high contrast.
+bool HighContrast();
+
+}  // namespace tarvo

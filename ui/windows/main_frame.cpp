@@ -1,0 +1,237 @@
+#include "ui/windows/main_frame.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "ui/control_ids.h"
+#include "ui/windows/dpi.h"
+#include "ui/windows/resource_ids.h"
+
+#ifndef WM_DPICHANGED
+#define WM_DPICHANGED 0x02E0
+#endif
+
+namespace tarvo {
+namespace {
+
+constexpr int kMargin = 8;                   ///< Around the tab view, at 100 %.
+constexpr Extent kUsualClient = {760, 480};  ///< At 100 %, unless the pages need more.
+
+HICON LoadLauncherIcon(HINSTANCE instance, int width, int height) {
+  const HANDLE icon = LoadImageA(instance, MAKEINTRESOURCEA(kLauncherIcon), IMAGE_ICON,
+                                 GetSystemMetrics(width), GetSystemMetrics(height), LR_SHARED);
+  return icon ? static_cast<HICON>(icon) : LoadIcon(nullptr, IDI_APPLICATION);
+}
+
+Stage& Begun(Stage& stage, HWND window) {
+  stage.look.Renew(window);
+  return stage;
+}
+
+}  // namespace
+
+HWND MainFrame::CreateMainWindow(HINSTANCE instance) {
+  const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
+  InitCommonControlsEx(&controls);
+  WNDCLASSEXA record{};
+  record.cbSize = sizeof record;
+  record.lpfnWndProc = Procedure;
+  record.hInstance = instance;
+  record.hIcon = LoadLauncherIcon(instance, SM_CXICON, SM_CYICON);
+  record.hIconSm = LoadLauncherIcon(instance, SM_CXSMICON, SM_CYSMICON);
+  record.hCursor = LoadCursor(nullptr, IDC_ARROW);
+  record.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
+  record.lpszClassName = kMainWindowClass;
+  RegisterClassExA(&record);
+  return CreateWindowExA(WS_EX_CONTROLPARENT, kMainWindowClass, "",
+                         WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, 0, 0,
+                         nullptr, nullptr, instance, nullptr);
+}
+
+MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
+    : stage_{form, dispatch, GetModuleHandleA(nullptr), {}},
+      window_(CreateMainWindow(stage_.instance)),
+      header_(Begun(stage_, window_), window_),
+      tabs_(stage_, window_, NumberOf("SSTab1"), form.frame.SSTab1, {"Status", "Servers"}),
+      status_(stage_, window_),
+      servers_(stage_, window_),
+      pages_{&status_, &servers_},
+      timers_(stage_, timers, window_) {
+  SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  tabs_.SetPages({status_.Window(), servers_.Window()});
+  TakeLook();
+  const Extent smallest = SmallestClient();
+  RECT size{0, 0, std::max(smallest.width, stage_.look.Px(kUsualClient.width)),
+            std::max(smallest.height, stage_.look.Px(kUsualClient.height))};
+  GrowToWindow(size, window_, stage_.look.Dpi());
+  SetWindowPos(window_, nullptr, 0, 0, size.right - size.left, size.bottom - size.top,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  form.frame.window.SetMirror(this);
+  ShowAsWanted();
+}
+
+MainFrame::~MainFrame() {
+  stage_.form.frame.window.SetMirror(nullptr);
+  header_.Detach();
+  tabs_.Detach();
+  for (Panel* page : pages_) page->Detach();
+  SetWindowLongPtrA(window_, GWLP_USERDATA, 0);
+  DestroyWindow(window_);
+}
+
+void MainFrame::Refresh(const Control& /*control*/) { ShowAsWanted(); }
+
+void MainFrame::ShowAsWanted() {
+  const MainWindow& wanted = stage_.form.frame.window;
+  if (TextOf(window_) != wanted.Title()) SetWindowTextA(window_, wanted.Title().c_str());
+  if (wanted.Ended()) {
+    // Ends the loop of a message box as well, should one be up.
+    PostQuitMessage(wanted.ExitCode());
+    return;
+  }
+  const bool visible = IsWindowVisible(window_) != FALSE;
+  const bool iconic = IsIconic(window_) != FALSE;
+  if (!wanted.Visible()) {
+    if (visible) ShowWindow(window_, SW_HIDE);
+  } else if (wanted.State() == WindowState::Minimized) {
+    if (!visible || !iconic) ShowWindow(window_, SW_SHOWMINNOACTIVE);
+  } else if (!visible || iconic) {
+    ShowWindow(window_, iconic ? SW_RESTORE : SW_SHOW);
+  }
+  if (frontRequests_ == wanted.FrontRequests()) return;
+  frontRequests_ = wanted.FrontRequests();
+  SetForegroundWindow(window_);
+}
+
+void MainFrame::Sized(WPARAM kind) {
+  MainWindow& window = stage_.form.frame.window;
+  if (kind == SIZE_MINIMIZED) {
+    iconic_ = true;
+    stage_.Happens([&window] { window.SetState(WindowState::Minimized); });
+    return;
+  }
+  Arrange();
+  if (!iconic_) return;
+  iconic_ = false;
+  stage_.Happens([&window] { window.SetState(WindowState::Normal); });
+}
+
+/// A window that begins minimized was never an icon, so restoring it is no change of its size.
+void MainFrame::Restoring() {
+  MainWindow& window = stage_.form.frame.window;
+  if (!IsIconic(window_)) {
+    stage_.Happens([&window] { window.SetState(WindowState::Normal); });
+  }
+}
+
+void MainFrame::TakeLook() {
+  stage_.look.Renew(window_);
+  header_.TakeLook();
+  tabs_.TakeLook();
+  for (Panel* page : pages_) page->TakeLook();
+  Arrange();
+  InvalidateRect(window_, nullptr, TRUE);
+}
+
+void MainFrame::Arrange() {
+  RECT client{};
+  GetClientRect(window_, &client);
+  const LONG headerHeight = header_.Smallest().height;
+  const LONG margin = stage_.look.Px(kMargin);
+  header_.Occupy({0, 0, client.right, headerHeight});
+  const RECT room =
+      tabs_.Occupy({margin, headerHeight, client.right - margin, client.bottom - margin});
+  for (Panel* page : pages_) page->Occupy(room);
+}
+
+Extent MainFrame::SmallestClient() const {
+  Extent inside;
+  for (const Panel* page : pages_) {
+    const Extent needed = page->Smallest();
+    inside.width = std::max(inside.width, needed.width);
+    inside.height = std::max(inside.height, needed.height);
+  }
+  const Extent frame = tabs_.FrameExtent();
+  const Extent header = header_.Smallest();
+  const int margin = stage_.look.Px(kMargin);
+  return {std::max(header.width, inside.width + frame.width + 2 * margin),
+          header.height + inside.height + frame.height + margin};
+}
+
+Extent MainFrame::SmallestWindow() const {
+  const Extent client = SmallestClient();
+  RECT around{0, 0, client.width, client.height};
+  GrowToWindow(around, window_, stage_.look.Dpi());
+  return {static_cast<int>(around.right - around.left),
+          static_cast<int>(around.bottom - around.top)};
+}
+
+void MainFrame::Limit(MINMAXINFO& limits) const {
+  const Extent smallest = SmallestWindow();
+  limits.ptMinTrackSize = {smallest.width, smallest.height};
+}
+
+void MainFrame::MoveTo(const RECT& place) {
+  SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
+               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void MainFrame::KeepFocus(bool active) {
+  const HWND focus = GetFocus();
+  if (!active && focus && IsChild(window_, focus)) lastFocus_ = focus;
+}
+
+void MainFrame::GiveFocus() {
+  const bool usable = lastFocus_ && IsWindowVisible(lastFocus_) && IsWindowEnabled(lastFocus_);
+  SetFocus(usable ? lastFocus_ : GetNextDlgTabItem(window_, nullptr, FALSE));
+}
+
+std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_TIMER:
+      timers_.Tick();
+      return 0;
+    case WM_CLOSE:
+      stage_.Happens([this] { stage_.form.frame.window.Close(); });
+      return 0;
+    case WM_SIZE:
+      Sized(w);
+      return 0;
+    case WM_SYSCOMMAND:
+      if ((w & 0xFFF0U) == SC_RESTORE) Restoring();
+      break;
+    case WM_GETMINMAXINFO:
+      Limit(*reinterpret_cast<MINMAXINFO*>(l));
+      return 0;
+    case WM_NOTIFY:
+      if (reinterpret_cast<const NMHDR*>(l)->code == TCN_SELCHANGE) tabs_.Chosen();
+      return 0;
+    case WM_ACTIVATE:
+      KeepFocus(LOWORD(w) != WA_INACTIVE);
+      break;
+    case WM_SETFOCUS:
+      GiveFocus();
+      return 0;
+    case WM_DPICHANGED:
+      TakeLook();
+      MoveTo(*reinterpret_cast<const RECT*>(l));
+      return 0;
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+    case WM_SYSCOLORCHANGE:
+      TakeLook();
+      break;
+    default:
+      break;
+  }
+  return std::nullopt;
+}
+
+LRESULT CALLBACK MainFrame::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+  auto* frame = reinterpret_cast<MainFrame*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  const std::optional<LRESULT> answer = frame ? frame->Handle(message, w, l) : std::nullopt;
+  return answer ? *answer : DefWindowProcA(window, message, w, l);
+}
+
+}  // namespace tarvo

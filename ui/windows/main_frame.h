@@ -1,0 +1,62 @@
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <optional>
+
+#include "ui/windows/header_panel.h"
+#include "ui/windows/servers_panel.h"
+#include "ui/windows/stage.h"
+#include "ui/windows/status_panel.h"
+#include "ui/windows/tab_widget.h"
+#include "ui/windows/timer_pump.h"
+
+namespace tarvo {
+
+/// The main window with all that is in it.
+class MainFrame : private ControlMirror {
+ public:
+  MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch);
+  ~MainFrame() override;
+
+  HWND Window() const { return window_; }
+  /// Takes a message of the loop that belongs to the window's keyboard; true when it is done with.
+  bool TakeKey(MSG& message);
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+  static HWND CreateMainWindow(HINSTANCE instance);
+  std::optional<LRESULT> Handle(UINT message, WPARAM w, LPARAM l);
+  void Refresh(const Control& control) override;
+  void ShowAsWanted();
+
+  void Sized(WPARAM kind);
+  void TakeLook();
+  void Arrange();
+  Extent SmallestClient() const;
+  Extent SmallestWindow() const;
+  void Limit(MINMAXINFO& limits) const;
+  void MoveTo(const RECT& place);
+  void Restoring();
+  void KeepFocus(bool active);
+  void GiveFocus();
+
+  bool PageKey(const MSG& message);
+  bool AccessKey(const MSG& message);
+  Panel& ShownPage() { return *pages_[stage_.form.frame.SSTab1.Page() == 0 ? 0 : 1]; }
+
+  Stage stage_;
+  HWND window_;
+  HeaderPanel header_;
+  TabWidget tabs_;
+  StatusPanel status_;
+  ServersPanel servers_;
+  std::array<Panel*, 2> pages_;
+  TimerPump timers_;
+  HWND lastFocus_ = nullptr;
+  int frontRequests_ = 0;
+  bool iconic_ = false;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,176 @@
+#include "ui/windows/panel.h"
+
+#include "ui/windows/button_widgets.h"
+
+namespace tarvo {
+namespace {
+
+constexpr char kClass[] = "TarvoPanel";
+
+HWND CreatePanelWindow(HINSTANCE instance, HWND parent) {
+  return CreateWindowExA(WS_EX_CONTROLPARENT, kClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
+                         0, 0, 0, 0, parent, nullptr, instance, nullptr);
+}
+
+/// The focused check box without text, on this panel; nothing else has its focus drawn for it.
+const Widget* BareFocus(HWND panel) {
+  const HWND focus = GetFocus();
+  if (!IsChild(panel, focus)) return nullptr;
+  const auto* check = dynamic_cast<const CheckWidget*>(Widget::Of(focus));
+  return check && check->BoxAlone() ? check : nullptr;
+}
+
+RECT FocusRing(HWND panel, HWND window, int distance) {
+  RECT ring{};
+  GetWindowRect(window, &ring);
+  MapWindowPoints(nullptr, panel, reinterpret_cast<POINT*>(&ring), 2);
+  InflateRect(&ring, distance, 0);
+  return ring;
+}
+
+}  // namespace
+
+Panel::Panel(Stage& stage, HWND parent, Ground ground)
+    : stage_(stage),
+      ground_(ground),
+      window_((RegisterClassOnce(stage.instance), CreatePanelWindow(stage.instance, parent))),
+      tips_(stage, window_) {
+  SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+void Panel::RegisterClassOnce(HINSTANCE instance) {
+  WNDCLASSA record{};
+  if (GetClassInfoA(instance, kClass, &record)) return;
+  record.lpfnWndProc = Procedure;
+  record.hInstance = instance;
+  record.hCursor = LoadCursor(nullptr, IDC_ARROW);
+  record.lpszClassName = kClass;
+  RegisterClassA(&record);
+}
+
+void Panel::Keep(std::optional<Slot> slot, std::unique_ptr<Widget> widget) {
+  widget->TakeLook();
+  if (slot) tips_.Add(*widget);
+  entries_.push_back({slot, std::move(widget)});
+}
+
+void Panel::Detach() {
+  for (Entry& entry : entries_) entry.widget->Detach();
+}
+
+bool Panel::Access(char key) {
+  for (Entry& entry : entries_) {
+    if (entry.widget->AccessKey() != key) continue;
+    entry.widget->Access();
+    return true;
+  }
+  return false;
+}
+
+Grid Panel::ToGrid() const {
+  Grid grid{columns_, rows_, {}};
+  for (Track& track : grid.columns) track.gap = stage_.look.Px(track.gap);
+  for (Track& track : grid.rows) track.gap = stage_.look.Px(track.gap);
+  for (const Entry& entry : entries_) {
+    if (!entry.slot) continue;
+    const Slot& slot = *entry.slot;
+    grid.cells.push_back({slot.row, slot.column, slot.span, entry.widget->Natural(), slot.fills});
+  }
+  return grid;
+}
+
+Extent Panel::Smallest() const {
+  const Extent inner = SmallestSize(ToGrid());
+  return {inner.width + stage_.look.Px(margin_.width),
+          inner.height + stage_.look.Px(margin_.height)};
+}
+
+void Panel::Occupy(const RECT& area) {
+  const int width = static_cast<int>(area.right - area.left);
+  const int height = static_cast<int>(area.bottom - area.top);
+  MoveWindow(window_, area.left, area.top, width, height, TRUE);
+  const std::vector<Place> places = Arrange(ToGrid(), {0, 0, width - stage_.look.Px(margin_.width),
+                                                       height - stage_.look.Px(margin_.height)});
+  auto place = places.begin();
+  for (Entry& entry : entries_) {
+    if (!entry.slot) continue;
+    MoveWindow(entry.widget->Window(), place->left, place->top, place->width, place->height, TRUE);
+    tips_.Placed(*entry.widget);
+    ++place;
+  }
+}
+
+void Panel::TakeLook() {
+  tips_.TakeLook();
+  for (Entry& entry : entries_) entry.widget->TakeLook();
+  InvalidateRect(window_, nullptr, TRUE);
+}
+
+HBRUSH Panel::Brush() const {
+  return ground_ == Ground::Page ? stage_.look.PageBrush() : GetSysColorBrush(COLOR_3DFACE);
+}
+
+LRESULT Panel::ColourOfText(HDC target) const {
+  SetBkMode(target, TRANSPARENT);
+  SetTextColor(target, GetSysColor(COLOR_BTNTEXT));
+  return reinterpret_cast<LRESULT>(Brush());
+}
+
+void Panel::Commanded(HWND from, int code) {
+  if (Widget* widget = Widget::Of(from)) widget->Command(code);
+  const bool focusMoved = code == BN_SETFOCUS || code == BN_KILLFOCUS;
+  const auto* check = dynamic_cast<const CheckWidget*>(Widget::Of(from));
+  if (!focusMoved || !check || !check->BoxAlone()) return;
+  const RECT ring = FocusRing(window_, from, stage_.look.Px(3));
+  InvalidateRect(window_, &ring, TRUE);
+}
+
+void Panel::Paint() {
+  PAINTSTRUCT paint{};
+  const HDC target = BeginPaint(window_, &paint);
+  if (const Widget* focused = BareFocus(window_)) {
+    const RECT ring = FocusRing(window_, focused->Window(), stage_.look.Px(3));
+    SetTextColor(target, GetSysColor(COLOR_BTNTEXT));
+    DrawFocusRect(target, &ring);
+  }
+  EndPaint(window_, &paint);
+}
+
+std::optional<LRESULT> Panel::Handle(UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_COMMAND:
+      Commanded(reinterpret_cast<HWND>(l), HIWORD(w));
+      return 0;
+    case WM_NOTIFY:
+      if (tips_.Answer(*reinterpret_cast<NMHDR*>(l))) return 0;
+      break;
+    case WM_DRAWITEM: {
+      const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(l);
+      if (Widget* widget = Widget::Of(item.hwndItem)) widget->Draw(item);
+      return TRUE;
+    }
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      return ColourOfText(reinterpret_cast<HDC>(w));
+    case WM_ERASEBKGND: {
+      RECT area{};
+      GetClientRect(window_, &area);
+      FillRect(reinterpret_cast<HDC>(w), &area, Brush());
+      return 1;
+    }
+    case WM_PAINT:
+      Paint();
+      return 0;
+    default:
+      break;
+  }
+  return std::nullopt;
+}
+
+LRESULT CALLBACK Panel::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+  auto* panel = reinterpret_cast<Panel*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  const std::optional<LRESULT> answer = panel ? panel->Handle(message, w, l) : std::nullopt;
+  return answer ? *answer : DefWindowProcA(window, message, w, l);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "ui/windows/panel.h"
+
+namespace tarvo {
+
+/// The first page: the log, which takes all room, and the start buttons under it.
+class StatusPanel : public Panel {
+ public:
+  StatusPanel(Stage& stage, HWND parent);
+};
+
+}  // namespace tarvo

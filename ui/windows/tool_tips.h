@@ -1,0 +1,34 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "ui/windows/stage.h"
+
+namespace tarvo {
+
+class Widget;
+
+/// The tool tips of one panel. The text is asked of the widget at the moment when it is shown, so a
+/// control that is disabled meanwhile says why.
+class ToolTips {
+ public:
+  ToolTips(Stage& stage, HWND panel);
+
+  void Add(const Widget& widget);
+  /// The widget has another place: disabled and text-only windows get no mouse messages of their
+  /// own, so the panel watches their places for them.
+  void Placed(const Widget& widget);
+  void TakeLook();
+  /// Answers a notification that asks for a text. False for any other notification.
+  bool Answer(NMHDR& notification);
+
+ private:
+  Stage& stage_;
+  HWND panel_;
+  HWND window_;
+  std::string text_;  ///< What is shown at present; the system keeps only the pointer.
+};
+
+}  // namespace tarvo

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "ui/control.h"
+#include "ui/windows/stage.h"
+
+namespace tarvo {
+
+/// One native child window. It belongs to its parent window and is destroyed with it.
+///
+/// A widget of a control mirrors that control: `Refresh` carries the control's state to the native
+/// window, `Command` hands what the operator did to the control. Controls lead: a native window
+/// never changes its state by itself, or is set back to the control's.
+class Widget : public ControlMirror {
+ public:
+  ~Widget() override = default;
+  Widget(const Widget&) = delete;
+  Widget& operator=(const Widget&) = delete;
+
+  HWND Window() const { return window_; }
+
+  /// The size that shows all of it.
+  virtual Extent Natural() const = 0;
+  /// Takes the fonts and measures of the look over.
+  virtual void TakeLook();
+  /// A notification of the native window to its parent.
+  virtual void Command(int /*code*/) {}
+  /// Draws an owner-drawn window.
+  virtual void Draw(const DRAWITEMSTRUCT& /*item*/) {}
+  /// What its tool tip says at this moment; "" for no tool tip.
+  virtual std::string Tip() const { return {}; }
+  /// Ends the mirroring, before the native window goes.
+  virtual void Detach() {}
+
+  void Refresh(const Control& control) override;
+
+  /// The access key that presses or focuses the widget, in lower case; 0 for none.
+  char AccessKey() const { return accessKey_; }
+  void SetAccessKey(char key) { accessKey_ = key; }
+  /// Does what the access key asks for.
+  virtual void Access() { SetFocus(window_); }
+
+  /// What a disabled control says in its tool tip, before all else.
+  void SetReasonWhenDisabled(std::string reason) { reasonWhenDisabled_ = std::move(reason); }
+  const std::string& ReasonWhenDisabled() const { return reasonWhenDisabled_; }
+
+  /// The widget of a native window; nullptr for a window that has none.
+  static Widget* Of(HWND window);
+
+ protected:
+  explicit Widget(Stage& stage) : stage_(stage) {}
+  void Create(HWND parent, const char* windowClass, const std::string& text, DWORD style,
+              DWORD extendedStyle, int id);
+  /// Carries the control's state, all but enabled, to the native window.
+  virtual void Show() {}
+  /// Sets the window's text when it differs, so that nothing is drawn in vain.
+  void SetText(const std::string& text);
+
+  Stage& stage_;
+
+ private:
+  HWND window_ = nullptr;
+  char accessKey_ = 0;
+  std::string reasonWhenDisabled_;
+};
+
+/// A widget that mirrors a control.
+template <class ControlType>
+class Mirror : public Widget {
+ public:
+  void Detach() override { control_.SetMirror(nullptr); }
+  std::string Tip() const override {
+    return !control_.Enabled() && !ReasonWhenDisabled().empty() ? ReasonWhenDisabled()
+                                                                : control_.ToolTip();
+  }
+
+ protected:
+  Mirror(Stage& stage, ControlType& control) : Widget(stage), control_(control) {}
+  /// Begins the mirroring; the native window exists.
+  void Attach() {
+    control_.SetMirror(this);
+    Refresh(control_);
+  }
+
+  ControlType& control_;
+};
+
+/// The window's text, in whole.
+std::string TextOf(HWND window);
+
+/// The number of a control, or of one of an array, as everything outside knows it.
+int NumberOf(std::string_view name, int index = 0);
+
+}  // namespace tarvo
