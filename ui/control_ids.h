@@ -6,7 +6,19 @@
 namespace tarvo {
 
 /// What kind of window stands for a control, and so how it is driven from outside.
-enum class ControlType { Label, Light, Button, CheckBox, Option, TextBox, List, Tab, RichText };
+enum class ControlType {
+  Label,
+  Light,
+  Button,
+  CheckBox,
+  Option,
+  TextBox,
+  List,
+  Tab,
+  RichText,
+  ListBox,
+  ScrollBar,
+};
 
 /// The window number of a control or of an array of controls: element i has `firstId` + i.
 struct ControlId {
@@ -44,6 +56,20 @@ inline constexpr std::array kControlIds = {
     ControlId{"Check2", ControlType::CheckBox, 1, 1262},
     ControlId{"SMinimized", ControlType::CheckBox, 1, 1263},
     ControlId{"Command1", ControlType::Button, 1, 1264},
+    ControlId{"cmdParam", ControlType::List, 1, 1300},
+    ControlId{"rIni", ControlType::TextBox, 1, 1301},
+    ControlId{"rEnd", ControlType::TextBox, 1, 1302},
+    ControlId{"rAdd", ControlType::Button, 2, 1303},
+    ControlId{"lstRnd", ControlType::ListBox, 1, 1305},
+    ControlId{"Command2", ControlType::Button, 1, 1306},
+    ControlId{"opt_Rnd", ControlType::Option, 3, 1310},
+    ControlId{"txtMxD", ControlType::TextBox, 2, 1313},
+    ControlId{"lstDay", ControlType::ListBox, 1, 1320},
+    ControlId{"ScrollTime", ControlType::ScrollBar, 2, 1321},
+    ControlId{"txt_Time", ControlType::TextBox, 2, 1323},
+    ControlId{"cmbRstrt", ControlType::List, 1, 1325},
+    ControlId{"cmdCalendar", ControlType::Button, 2, 1326},
+    ControlId{"lstDTRands", ControlType::ListBox, 1, 1328},
 };
 
 /// The entry of a control's name; nullptr for a name that no control has.

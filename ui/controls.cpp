@@ -1,5 +1,8 @@
 #include "ui/controls.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "support/runtime_error.h"
 
 namespace tarvo {
@@ -47,12 +50,23 @@ void TextBox::SetText(std::string text) {
   if (text_ == text) return;
   text_ = std::move(text);
   caret_ = 0;
+  selectionLength_ = 0;
   Changed();
   Raise(onChange);
 }
 
 void TextBox::SetCaret(std::size_t position) {
-  caret_ = position < text_.size() ? position : text_.size();
+  MoveCaret(position);
+  Changed();
+}
+
+void TextBox::SelectAll() {
+  MoveCaret(0, text_.size());
+  Changed();
+}
+
+void TextBox::SetMaxLength(std::size_t characters) {
+  maxLength_ = characters;
   Changed();
 }
 
@@ -60,20 +74,72 @@ void TextBox::Type(std::string text) {
   if (!Enabled() || text_ == text) return;
   text_ = std::move(text);
   caret_ = text_.size();
+  selectionLength_ = 0;
   Changed();
   Raise(onChange);
 }
 
-void DropDownList::AddItem(std::string item) {
+void TextBox::MoveCaret(std::size_t position, std::size_t selectionLength) {
+  caret_ = std::min(position, text_.size());
+  selectionLength_ = std::min(selectionLength, text_.size() - caret_);
+}
+
+void TextBox::PressKey(char key) {
+  if (!LetsThrough(key)) return;
+  constexpr char kBackspace = 8;
+  std::string text = text_;
+  std::size_t caret = caret_;
+  const bool erasesOne = key == kBackspace && selectionLength_ == 0 && caret > 0;
+  if (erasesOne) --caret;
+  text.erase(caret, erasesOne ? 1 : selectionLength_);
+  if (static_cast<unsigned char>(key) >= ' ' && (maxLength_ == 0 || text.size() < maxLength_)) {
+    text.insert(caret++, 1, key);
+  }
+  Type(std::move(text));
+  SetCaret(caret);
+}
+
+void TextBox::GainFocus() {
+  if (Enabled()) Raise(onGotFocus);
+}
+
+void TextBox::LoseFocus() { Raise(onLostFocus); }
+
+void ItemList::AddItem(std::string item) {
   items_.push_back(std::move(item));
   Changed();
 }
 
-std::string DropDownList::Text() const {
+void ItemList::AddItems(std::vector<std::string> items) {
+  items_.insert(items_.end(), std::make_move_iterator(items.begin()),
+                std::make_move_iterator(items.end()));
+  Changed();
+}
+
+void ItemList::RemoveItem(int index) {
+  if (index < 0 || index >= static_cast<int>(items_.size())) return;
+  items_.erase(items_.begin() + index);
+  ++removals_;
+  if (listIndex_ == index) {
+    listIndex_ = -1;
+  } else if (listIndex_ > index) {
+    --listIndex_;
+  }
+  Changed();
+}
+
+void ItemList::Clear() {
+  items_.clear();
+  ++removals_;
+  listIndex_ = -1;
+  Changed();
+}
+
+std::string ItemList::Text() const {
   return listIndex_ < 0 ? std::string() : items_[static_cast<std::size_t>(listIndex_)];
 }
 
-void DropDownList::SetListIndex(int index) {
+void ItemList::SetListIndex(int index) {
   if (index < -1 || index >= static_cast<int>(items_.size())) {
     throw RuntimeError(Fault::InvalidPropertyValue, "ListIndex");
   }
@@ -83,11 +149,30 @@ void DropDownList::SetListIndex(int index) {
   Raise(onSelect);
 }
 
-void DropDownList::Choose(int index) {
+void ItemList::Choose(int index) {
   if (!Enabled() || index < 0 || index >= static_cast<int>(items_.size())) return;
   listIndex_ = index;
   Changed();
   Raise(onSelect);
+}
+
+void ScrollBar::SetRange(int min, int max) {
+  min_ = min;
+  max_ = max;
+  SetValue(value_);
+  Changed();
+}
+
+void ScrollBar::SetValue(int value) {
+  value = std::clamp(value, min_, max_);
+  if (value_ == value) return;
+  value_ = value;
+  Changed();
+  Raise(onChange);
+}
+
+void ScrollBar::Scroll(int value) {
+  if (Enabled()) SetValue(value);
 }
 
 void OptionButton::Select() {

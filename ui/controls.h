@@ -63,6 +63,8 @@ class CheckBox : public Control {
   bool checked_ = false;
 };
 
+/// A line of text that the operator edits. The caret stands before the character of its position;
+/// with a selection it stands at the selection's start.
 class TextBox : public Control {
  public:
   const std::string& Text() const { return text_; }
@@ -70,22 +72,55 @@ class TextBox : public Control {
   void SetText(std::string text);
   std::size_t Caret() const { return caret_; }
   void SetCaret(std::size_t position);
+  /// Characters that are selected behind the caret.
+  std::size_t SelectionLength() const { return selectionLength_; }
+  /// Selects the whole text, the caret before it.
+  void SelectAll();
+
+  /// Characters that the operator can type at most; 0 for no limit. The program's own texts and
+  /// `Type` are not cut.
+  std::size_t MaxLength() const { return maxLength_; }
+  void SetMaxLength(std::size_t characters);
 
   /// The operator's typing: the box now holds `text` with the caret at its end.
   void Type(std::string text);
 
+  /// The operator moved the caret or the selection. Mirrors are not told: it came from there.
+  void MoveCaret(std::size_t position, std::size_t selectionLength = 0);
+  /// Whether a key that the operator presses reaches the text; `onKeyPress` may swallow it.
+  bool LetsThrough(char key) const { return Enabled() && (!onKeyPress || onKeyPress(key)); }
+  /// A whole key press: a character or Backspace (8) that is let through edits the text at the
+  /// caret within the greatest length, as a native box does.
+  void PressKey(char key);
+  /// The operator entered or left the box.
+  void GainFocus();
+  void LoseFocus();
+
   std::function<void()> onChange;
+  std::function<bool(char key)> onKeyPress;  ///< False swallows the key.
+  std::function<void()> onGotFocus;
+  std::function<void()> onLostFocus;
 
  private:
   std::string text_;
   std::size_t caret_ = 0;
+  std::size_t selectionLength_ = 0;
+  std::size_t maxLength_ = 0;
 };
 
-/// A drop-down list. Its text is that of the selected entry, "" without a selection.
-class DropDownList : public Control {
+/// What every control with a list of entries has. Its text is that of the selected entry, ""
+/// without a selection.
+class ItemList : public Control {
  public:
   const std::vector<std::string>& Items() const { return items_; }
   void AddItem(std::string item);
+  /// Adds them all, telling the mirror once.
+  void AddItems(std::vector<std::string> items);
+  /// Takes an entry out; its selection goes with it, without `onSelect`. An index outside the list
+  /// changes nothing.
+  void RemoveItem(int index);
+  /// Takes all entries out, without `onSelect`.
+  void Clear();
 
   /// Index of the selected entry, -1 without a selection.
   int ListIndex() const { return listIndex_; }
@@ -98,11 +133,46 @@ class DropDownList : public Control {
   /// one.
   void Choose(int index);
 
+  /// How often entries were taken out: a mirror that only adds is out of date when it grew.
+  std::size_t Removals() const { return removals_; }
+
   std::function<void()> onSelect;
+
+ protected:
+  ~ItemList() = default;
 
  private:
   std::vector<std::string> items_;
   int listIndex_ = -1;
+  std::size_t removals_ = 0;
+};
+
+/// A list that shows its selected entry, and all of them when it is opened.
+class DropDownList : public ItemList {};
+
+/// A list that shows several entries at once.
+class ListBox : public ItemList {};
+
+/// A number that is set by moving a thumb or by arrow keys.
+class ScrollBar : public Control {
+ public:
+  int Min() const { return min_; }
+  int Max() const { return max_; }
+  /// `min` is not above `max`; the value is brought between them.
+  void SetRange(int min, int max);
+  int Value() const { return value_; }
+  /// Brings the value between the ends; raises `onChange` when it differs from the old one.
+  void SetValue(int value);
+
+  /// The operator moves the thumb there.
+  void Scroll(int value);
+
+  std::function<void()> onChange;
+
+ private:
+  int min_ = 0;
+  int max_ = 100;
+  int value_ = 0;
 };
 
 class OptionGroup;

@@ -65,7 +65,8 @@ Timers::Timers(TimerQueue& queue)
       TChar(queue, "TChar", 2000),
       TMap(queue, "TMap", 2000),
       Mem(queue, "Mem", 5000, true),
-      tmrAlarma(queue, "tmrAlarma", 2000, true) {}
+      tmrAlarma(queue, "tmrAlarma", 2000, true),
+      tmr_Calendar(queue, "tmr_Calendar", 15000) {}
 
 Timer& Timers::CrashWatch(ComponentKind kind) { return Pick(kind, LCtrl, CCtrl, MCtrl); }
 Timer& Timers::Preparation(ComponentKind kind) { return Pick(kind, PrepL, PrepC, PrepM); }

@@ -59,6 +59,7 @@ struct Timers {
   Timer TLogin, TChar, TMap;  ///< Re-probe of a frozen component, 2000 ms.
   Timer Mem;                  ///< Memory read-out, 5000 ms, always on.
   Timer tmrAlarma;            ///< Status lights, 2000 ms, always on.
+  Timer tmr_Calendar;         ///< Randomize calendar, 15000 ms.
 
   Timer& CrashWatch(ComponentKind kind);
   Timer& Preparation(ComponentKind kind);
