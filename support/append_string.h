@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -20,8 +21,9 @@ namespace tarvo {
 /// blocks, so gathering N characters costs time in proportion to N, whatever N is.
 ///
 /// Lengths are counted in bytes, sizeof(Character) for a character, in 32 signed bits: a text that
-/// would pass 2,147,483,647 bytes raises RuntimeError "Overflow" and leaves the builder as it was.
-template <typename Character>
+/// would pass kMostBytes, 2,147,483,647 bytes, raises RuntimeError "Overflow" and leaves the
+/// builder as it was.
+template <typename Character, std::int32_t kMostBytes = std::numeric_limits<std::int32_t>::max()>
 class BasicAppendString {
  public:
   using View = std::basic_string_view<Character>;
@@ -68,7 +70,7 @@ class BasicAppendString {
     std::size_t size;
   };
   static constexpr std::size_t kMostCharacters =
-      static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()) / sizeof(Character);
+      static_cast<std::size_t>(kMostBytes) / sizeof(Character);
 
   std::size_t UsedCharacters() const { return before_ + used_; }
 
@@ -107,7 +109,7 @@ class BasicAppendString {
     current_ = block;
     used_ = 0;
     end_ = blocks_[block].characters.get();
-    room_ = blocks_[block].size;
+    room_ = std::min(blocks_[block].size, kMostCharacters - before_);
   }
 
   String Joined() const {
@@ -137,7 +139,7 @@ class BasicAppendString {
   std::size_t current_ = 0;   // the block being filled; those before it are full
   std::size_t before_ = 0;    // characters in the full blocks
   std::size_t used_ = 0;      // characters in the current block
-  std::size_t room_ = 0;      // characters free in the current block
+  std::size_t room_ = 0;      // characters that still go into the current block
   Character* end_ = nullptr;  // where the next character goes
 };
 

@@ -1,0 +1,126 @@
+#include "support/append_string.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvo {
+namespace {
+
+template <typename Character>
+class AppendStringOf : public ::testing::Test {
+ protected:
+  using Builder = BasicAppendString<Character>;
+  using String = std::basic_string<Character>;
+  static constexpr std::size_t kStep = 196608;
+
+  static String Filled(std::size_t size, char first = 'a') {
+    String text;
+    for (std::size_t i = 0; i < size; ++i)
+      text += static_cast<Character>(first + static_cast<char>(i % 26));
+    return text;
+  }
+  static std::int64_t Bytes(std::size_t characters) {
+    return static_cast<std::int64_t>(characters * sizeof(Character));
+  }
+
+  Builder builder;
+};
+
+using CharacterTypes = ::testing::Types<char, char16_t>;
+TYPED_TEST_SUITE(AppendStringOf, CharacterTypes);
+
+TYPED_TEST(AppendStringOf, NewBuilderReturnsTheEmptyText) {
+  EXPECT_TRUE(this->builder.ReturnString().empty());
+  EXPECT_EQ(this->builder.UsedBytes(), 0);
+  EXPECT_EQ(this->builder.CapacityBytes(), 0);
+}
+
+TYPED_TEST(AppendStringOf, AppendingNothingChangesNothing) {
+  this->builder.AddToString({});
+  EXPECT_EQ(this->builder.CapacityBytes(), 0);
+  this->builder.AddToString(this->Filled(3));
+  this->builder.AddToString({});
+  EXPECT_EQ(this->builder.ReturnString(), this->Filled(3));
+}
+
+TYPED_TEST(AppendStringOf, CountsBytesNotCharacters) {
+  this->builder.AddToString(this->Filled(5));
+  EXPECT_EQ(this->builder.UsedBytes(), this->Bytes(5));
+}
+
+TYPED_TEST(AppendStringOf, GrowsByOneStepAndNotBeforeItIsFull) {
+  this->builder.AddToString(this->Filled(1));
+  EXPECT_EQ(this->builder.CapacityBytes(), this->Bytes(this->kStep));
+  this->builder.AddToString(this->Filled(this->kStep - 1));
+  EXPECT_EQ(this->builder.CapacityBytes(), this->Bytes(this->kStep));
+  this->builder.AddToString(this->Filled(1));
+  EXPECT_EQ(this->builder.CapacityBytes(), this->Bytes(2 * this->kStep));
+  EXPECT_EQ(this->builder.ReturnString(),
+            this->Filled(1) + this->Filled(this->kStep - 1) + this->Filled(1));
+}
+
+TYPED_TEST(AppendStringOf, OnePieceTakesAsManyStepsAsItNeeds) {
+  this->builder.AddToString(this->Filled(10));
+  this->builder.AddToString(this->Filled(3 * this->kStep));
+  EXPECT_EQ(this->builder.CapacityBytes(), this->Bytes(4 * this->kStep));
+  EXPECT_EQ(this->builder.UsedBytes(), this->Bytes(3 * this->kStep + 10));
+  EXPECT_EQ(this->builder.ReturnString(), this->Filled(10) + this->Filled(3 * this->kStep));
+}
+
+TYPED_TEST(AppendStringOf, ReturnStringTwiceGivesTheSameText) {
+  this->builder.AddToString(this->Filled(7));
+  EXPECT_EQ(this->builder.ReturnString(), this->Filled(7));
+  EXPECT_EQ(this->builder.ReturnString(), this->Filled(7));
+}
+
+TYPED_TEST(AppendStringOf, ReturnStringDropsTheSpareCapacity) {
+  this->builder.AddToString(this->Filled(7));
+  this->builder.ReturnString();
+  EXPECT_EQ(this->builder.CapacityBytes(), this->Bytes(7));
+  this->builder.AddToString(this->Filled(2));
+  EXPECT_EQ(this->builder.CapacityBytes(), this->Bytes(7 + this->kStep));
+}
+
+TYPED_TEST(AppendStringOf, AppendingGoesOnBehindAReturnedText) {
+  this->builder.AddToString(this->Filled(7));
+  this->builder.ReturnString();
+  this->builder.AddToString(this->Filled(9, 'A'));
+  EXPECT_EQ(this->builder.ReturnString(), this->Filled(7) + this->Filled(9, 'A'));
+}
+
+TYPED_TEST(AppendStringOf, ManySmallPiecesCrossTheStepsWhole) {
+  std::basic_string<TypeParam> whole;
+  for (int i = 0; i < 50000; ++i) {
+    const auto piece =
+        this->Filled(static_cast<std::size_t>(i % 11), static_cast<char>('0' + i % 7));
+    this->builder.AddToString(piece);
+    whole += piece;
+  }
+  EXPECT_EQ(this->builder.ReturnString(), whole);
+}
+
+TYPED_TEST(AppendStringOf, TakeStringLeavesTheBuilderEmpty) {
+  this->builder.AddToString(this->Filled(7));
+  EXPECT_EQ(this->builder.TakeString(), this->Filled(7));
+  EXPECT_EQ(this->builder.UsedBytes(), 0);
+  EXPECT_EQ(this->builder.CapacityBytes(), 0);
+  EXPECT_TRUE(this->builder.ReturnString().empty());
+}
+
+TYPED_TEST(AppendStringOf, ATextPastTheCountOfBytesOverflowsAndChangesNothing) {
+  BasicAppendString<TypeParam, 8> small;
+  const std::size_t fits = 8 / sizeof(TypeParam);
+  small.AddToString(this->Filled(fits - 1));
+  small.AddToString(this->Filled(1));
+  EXPECT_EQ(small.UsedBytes(), 8);
+  try {
+    small.AddToString(this->Filled(1));
+    FAIL() << "no overflow";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.Number(), 6);
+    EXPECT_EQ(error.Description(), "Overflow");
+  }
+  EXPECT_EQ(small.ReturnString(), this->Filled(fits - 1) + this->Filled(1));
+}
+
+}  // namespace
+}  // namespace tarvo

@@ -1,0 +1,168 @@
+// Documents to and from files and URLs, and what the event log gets to hear.
+#include <gtest/gtest.h>
+
+#include "fake_ports.h"
+#include "tree_text.h"
+#include "xmldoc/document.h"
+
+namespace tarvo {
+namespace {
+
+using Entries = std::vector<std::string>;
+
+const FileFault kDiskFull{112, "There is not enough space on the disk."};
+const FileFault kReadOnly{5, "Access is denied."};
+const FileFault kLocked{32, "The file is in use by another process."};
+
+class DocumentFiles : public ::testing::Test {
+ protected:
+  FilesInMemory disk;
+  RecordedLog log;
+  Ref<Document> document = Document::Create();
+};
+
+TEST_F(DocumentFiles, ImportReadsTheWholeFile) {
+  disk.files["C:\\x.xml"] = "<r><a>1</a></r>\r\n";
+  EXPECT_TRUE(document->XMLImportFile("C:\\x.xml", disk, log));
+  EXPECT_EQ(TreeText(*document), "r{a=1}");
+  EXPECT_EQ(log.entries, Entries{});
+}
+
+TEST_F(DocumentFiles, ImportGivesTheResultOfTheReading) {
+  disk.files["x.xml"] = "<r><a>1</a></r>junk";
+  document->SetStopOnLoadError(true);
+  EXPECT_FALSE(document->XMLImportFile("x.xml", disk, log));
+  EXPECT_EQ(TreeText(*document), "r{a=1}");
+  EXPECT_EQ(log.entries, Entries{});
+}
+
+TEST_F(DocumentFiles, AMissingFileIsLogged) {
+  EXPECT_FALSE(document->XMLImportFile("C:\\none.xml", disk, log));
+  EXPECT_EQ(log.entries, Entries{"File not found: C:\\none.xml"});
+}
+
+TEST_F(DocumentFiles, AFileThatCannotBeReadIsLogged) {
+  disk.files["x.xml"] = "<r><a/></r>";
+  FaultyFiles locked(disk, kLocked);
+  EXPECT_FALSE(document->XMLImportFile("x.xml", locked, log));
+  EXPECT_EQ(log.entries, Entries{"I/O error: x.xml"});
+  EXPECT_EQ(TreeText(*document), "{}");
+}
+
+TEST_F(DocumentFiles, AFileOfNoBytesIsTheEmptyText) {
+  disk.files["x.xml"] = "";
+  EXPECT_TRUE(document->XMLImportFile("x.xml", disk, log));
+  document->SetStopOnLoadError(true);
+  EXPECT_FALSE(document->XMLImportFile("x.xml", disk, log));
+  EXPECT_EQ(log.entries, Entries{});
+}
+
+TEST_F(DocumentFiles, ExportReplacesTheFile) {
+  disk.files["x.xml"] = "old";
+  document->XMLImport("<r><a>1</a></r>");
+  EXPECT_TRUE(document->XMLExportFile("x.xml", disk, log));
+  EXPECT_EQ(disk.files["x.xml"], document->XMLExport());
+  EXPECT_EQ(log.entries, Entries{});
+}
+
+TEST_F(DocumentFiles, StringtoFileWritesTheTextUnchanged) {
+  EXPECT_TRUE(Document::StringtoFile("a\nb\xFF", "x.txt", disk, log));
+  EXPECT_EQ(disk.files["x.txt"], "a\nb\xFF");
+}
+
+TEST_F(DocumentFiles, AnExportThatCannotBeWrittenIsLoggedAndTheOldFileIsWhole) {
+  disk.files["x.xml"] = "old";
+  document->XMLImport("<r><a>1</a></r>");
+  for (const FileFault& fault : {kDiskFull, kReadOnly, kLocked}) {
+    FaultyFiles faulty(disk, fault);
+    log.entries.clear();
+    EXPECT_FALSE(document->XMLExportFile("x.xml", faulty, log));
+    EXPECT_FALSE(Document::StringtoFile("new", "x.xml", faulty, log));
+    const std::string entry = "Error en funci\xF3n StringtoFile";
+    EXPECT_EQ(log.entries, (Entries{entry, entry}));
+    EXPECT_EQ(disk.files["x.xml"], "old");
+  }
+}
+
+TEST_F(DocumentFiles, AnExportTooLongForATextIsLoggedAndRaisesNothing) {
+  std::string deep;
+  for (int i = 0; i < 60000; ++i) deep += "<a>";
+  document->XMLImport(deep + "<b/></a>");
+  disk.files["x.xml"] = "old";
+  EXPECT_FALSE(document->XMLExportFile("x.xml", disk, log));
+  EXPECT_EQ(log.entries, Entries{"Error en funci\xF3n StringtoFile"});
+  EXPECT_EQ(disk.files["x.xml"], "old");
+}
+
+TEST_F(DocumentFiles, StringToFileCreatesAndWithPermissionReplaces) {
+  EXPECT_TRUE(StringToFile("x.txt", "one", false, disk, disk, log));
+  EXPECT_EQ(disk.files["x.txt"], "one");
+  EXPECT_TRUE(StringToFile("x.txt", "two", true, disk, disk, log));
+  EXPECT_EQ(disk.files["x.txt"], "two");
+  EXPECT_EQ(log.entries, Entries{});
+}
+
+TEST_F(DocumentFiles, StringToFileRefusesToReplaceWithoutPermission) {
+  disk.files["C:\\x.txt"] = "old";
+  EXPECT_FALSE(StringToFile("C:\\x.txt", "new", false, disk, disk, log));
+  EXPECT_EQ(log.entries, Entries{"StringToFile: File already exists (C:\\x.txt)"});
+  EXPECT_EQ(disk.files["C:\\x.txt"], "old");
+}
+
+TEST_F(DocumentFiles, StringToFileLogsNumberAndDescriptionOfAFault) {
+  disk.files["x.txt"] = "old";
+  FaultyFiles full(disk, kDiskFull);
+  EXPECT_FALSE(StringToFile("x.txt", "new", true, full, full, log));
+  EXPECT_EQ(log.entries,
+            Entries{"StringToFile: Error 112\r\nThere is not enough space on the disk."});
+  EXPECT_EQ(disk.files["x.txt"], "old");
+}
+
+TEST_F(DocumentFiles, FetchesAUrlWithEverythingItIsGiven) {
+  ScriptedFetch fetch;
+  fetch.body = "<r><a>1</a></r>";
+  std::string url = "example.com/x.xml";
+  EXPECT_TRUE(document->XMLImportHTM(url, 1, "user", "word", "proxy:8080", 7, fetch, log));
+  EXPECT_EQ(TreeText(*document), "r{a=1}");
+  EXPECT_EQ(url, "<r><a>1</a></r>");
+  ASSERT_EQ(fetch.requests.size(), 1u);
+  const FetchRequest& request = fetch.requests[0];
+  EXPECT_EQ(request.url, "example.com/x.xml");
+  EXPECT_EQ(request.protocol, 5);
+  EXPECT_EQ(request.userName, "user");
+  EXPECT_EQ(request.password, "word");
+  EXPECT_EQ(request.proxy, "proxy:8080");
+  EXPECT_EQ(request.accessType, 0);
+  EXPECT_EQ(request.requestTimeout, 7);
+}
+
+TEST_F(DocumentFiles, TheProtocolIsItsAbsoluteValueAndFour) {
+  const std::vector<std::pair<int, int>> rows{{0, 4}, {1, 5}, {-1, 5}, {-32768, 32772}};
+  for (const auto& [given, asked] : rows) {
+    ScriptedFetch fetch;
+    std::string url = "u";
+    document->XMLImportHTM(url, static_cast<std::int16_t>(given), "", "", "", 1, fetch, log);
+    EXPECT_EQ(fetch.requests.at(0).protocol, asked) << given;
+  }
+}
+
+TEST_F(DocumentFiles, AFailedFetchIsLoggedAndLeavesTheUrl) {
+  ScriptedFetch fetch;
+  std::string url = "http://example.com/x";
+  EXPECT_FALSE(document->XMLImportHTM(url, 0, "", "", "", 1, fetch, log));
+  EXPECT_EQ(log.entries, Entries{"I/O error: http://example.com/x"});
+  EXPECT_EQ(url, "http://example.com/x");
+}
+
+TEST_F(DocumentFiles, AFetchedTextGivesTheResultOfItsReading) {
+  ScriptedFetch fetch;
+  fetch.body = "<r><a/></r>junk";
+  document->SetStopOnLoadError(true);
+  std::string url = "u";
+  EXPECT_FALSE(document->XMLImportHTM(url, 0, "", "", "", 1, fetch, log));
+  EXPECT_EQ(log.entries, Entries{});
+  EXPECT_EQ(url, "<r><a/></r>junk");
+}
+
+}  // namespace
+}  // namespace tarvo

@@ -1,0 +1,70 @@
+#include "xmldoc/tool/xmltool.h"
+
+#include <utility>
+
+#include "support/runtime_error.h"
+#include "xmldoc/document.h"
+#include "xmldoc/tool/json_dump.h"
+#include "xmldoc/tool/stdio_file_reader.h"
+
+namespace tarvo {
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongUse = 2;
+constexpr const char* kUse =
+    "xmltool dump FILE [--stop-on-load-error]   the imported document as JSON\n"
+    "xmltool export FILE                        the imported document written out again\n"
+    "xmltool attributes TEXT                    the attributes of a tag's text as JSON\n";
+
+XmlToolRun Done(std::string output) { return {0, std::move(output), {}}; }
+XmlToolRun Failed(const std::string& why) { return {kFailed, {}, "xmltool: " + why + "\n"}; }
+
+bool ReadFile(const std::string& path, std::string& text) {
+  return StdioFileReader().ReadText(path, text) == ReadResult::Ok;
+}
+
+XmlToolRun Dump(const std::string& path, bool stopOnLoadError) {
+  std::string text;
+  if (!ReadFile(path, text)) return Failed("cannot read " + path);
+  const Ref<Document> document = Document::Create();
+  document->SetStopOnLoadError(stopOnLoadError);
+  const bool result = document->XMLImport(text);
+  return Done(JsonDump(result, *document) + "\n");
+}
+
+XmlToolRun Export(const std::string& path) {
+  std::string text;
+  if (!ReadFile(path, text)) return Failed("cannot read " + path);
+  const Ref<Document> document = Document::Create();
+  document->XMLImport(text);
+  try {
+    return Done(document->XMLExport());
+  } catch (const RuntimeError& error) {
+    return Failed(error.Description());
+  }
+}
+
+XmlToolRun ShowAttributes(std::string_view text) {
+  std::vector<std::pair<std::string, std::string>> pairs;
+  for (;;) {
+    std::string name;
+    std::string value;
+    Document::GetNextParameter(text, name, value);
+    if (name.empty()) return Done(JsonPairs(pairs) + "\n");
+    pairs.emplace_back(std::move(name), std::move(value));
+  }
+}
+
+}  // namespace
+
+XmlToolRun RunXmlTool(const std::vector<std::string>& words) {
+  const bool stop = words.size() == 3 && words[0] == "dump" && words[2] == "--stop-on-load-error";
+  if (words.size() != 2 && !stop) return {kWrongUse, {}, kUse};
+  if (words[0] == "dump") return Dump(words[1], stop);
+  if (words[0] == "export") return Export(words[1]);
+  if (words[0] == "attributes") return ShowAttributes(words[1]);
+  return {kWrongUse, {}, kUse};
+}
+
+}  // namespace tarvo
