@@ -12,8 +12,8 @@ namespace tarvo {
 using SocketHandle = std::intptr_t;
 inline constexpr SocketHandle kNoSocket = -1;
 
-/// A buffer for a WSAPROTOCOL_INFO record: the wide form fills its 628 bytes, the ANSI form the first
-/// 372, in 32-bit and 64-bit builds alike. Every number stands at the same place in both.
+/// A buffer for a WSAPROTOCOL_INFO record: the wide form fills its 628 bytes, the ANSI form the
+/// first 372, in 32-bit and 64-bit builds alike. Every number stands at the same place in both.
 using ProtocolRecord = std::array<std::uint8_t, 628>;
 
 /// The bytes of a sockaddr_in.

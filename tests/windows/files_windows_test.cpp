@@ -117,11 +117,6 @@ TEST_F(WindowsFilesTest, SaysThatItCouldNotAppend) {
   EXPECT_FALSE(appender_.AppendText(folder_.File("no-folder\\a.log"), "text"));
   EXPECT_FALSE(appender_.AppendText(folder_.MakeFolder("a-folder"), "text"));
 
-  const std::string readOnly = folder_.Write("read-only.log", "old");
-  SetFileAttributesA(readOnly.c_str(), FILE_ATTRIBUTE_READONLY);
-  EXPECT_FALSE(appender_.AppendText(readOnly, "text"));
-  EXPECT_EQ(BytesOf(readOnly), "old");
-
   const std::string locked = folder_.Write("locked.log", "old");
   {
     const KernelHandle lock = OpenWith(locked, GENERIC_READ, 0);
