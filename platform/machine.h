@@ -3,11 +3,14 @@
 #include <string>
 
 #include "platform/clock.h"
+#include "platform/code_page.h"
 #include "platform/files.h"
 #include "platform/foreign_windows.h"
+#include "platform/icons.h"
 #include "platform/instance_lock.h"
 #include "platform/memory_status.h"
 #include "platform/message_boxes.h"
+#include "platform/notification_area.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
 #include "platform/sockets.h"
@@ -29,6 +32,9 @@ struct Machine {
   MemoryStatus& memoryStatus;
   MessageBoxes& messageBoxes;
   InstanceLock& instanceLock;
+  NotificationArea& notificationArea;
+  Icons& icons;
+  CodePage& codePage;
   std::string executablePath;  ///< Full path of the launcher's own executable.
 };
 

@@ -1,11 +1,14 @@
 #include "platform/windows/windows_machine.h"
 
 #include "platform/windows/clock_windows.h"
+#include "platform/windows/code_page_windows.h"
 #include "platform/windows/files_windows.h"
 #include "platform/windows/foreign_windows_windows.h"
+#include "platform/windows/icons_windows.h"
 #include "platform/windows/instance_lock_windows.h"
 #include "platform/windows/memory_status_windows.h"
 #include "platform/windows/message_boxes_windows.h"
+#include "platform/windows/notification_area_windows.h"
 #include "platform/windows/processes_windows.h"
 #include "platform/windows/registry_windows.h"
 #include "platform/windows/sockets_windows.h"
@@ -39,6 +42,9 @@ struct WindowsMachine::Adapters {
   WindowsMemoryStatus memoryStatus;
   WindowsMessageBoxes messageBoxes;
   WindowsInstanceLock instanceLock;
+  WindowsNotificationArea notificationArea;
+  WindowsIcons icons;
+  WindowsCodePage codePage;
 };
 
 WindowsMachine::WindowsMachine() : adapters_(std::make_unique<Adapters>()) {}
@@ -46,10 +52,10 @@ WindowsMachine::~WindowsMachine() = default;
 
 Machine WindowsMachine::Ports() {
   Adapters& all = *adapters_;
-  return {all.registry,       all.fileReader,     all.fileAppender, all.folderLister,
-          all.processes,      all.foreignWindows, all.sockets,      all.localClock,
-          all.tickClock,      all.memoryStatus,   all.messageBoxes, all.instanceLock,
-          OwnExecutablePath()};
+  return {all.registry,         all.fileReader,     all.fileAppender, all.folderLister,
+          all.processes,        all.foreignWindows, all.sockets,      all.localClock,
+          all.tickClock,        all.memoryStatus,   all.messageBoxes, all.instanceLock,
+          all.notificationArea, all.icons,          all.codePage,     OwnExecutablePath()};
 }
 
 void WindowsMachine::SetOwner(std::intptr_t window) { adapters_->messageBoxes.SetOwner(window); }

@@ -8,6 +8,7 @@
 #include "tests/simulation/sim_desktop.h"
 #include "tests/simulation/sim_files.h"
 #include "tests/simulation/sim_network.h"
+#include "tests/simulation/sim_notification_area.h"
 #include "tests/simulation/sim_processes.h"
 #include "tests/simulation/sim_registry.h"
 
@@ -33,6 +34,9 @@ class SimMachine {
   SimMemory memory{recorder};
   SimMessageBoxes boxes{recorder};
   SimLockTable locks;
+  SimNotificationArea tray{recorder};
+  SimIcons icons;
+  SimCodePage codePage;
   std::string launcherPath = "C:\\srv\\tarvo-launcher.exe";
 
   /// The ports of one program on this machine.

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/code_page.h"
+
+namespace tarvo {
+
+class WindowsCodePage final : public CodePage {
+ public:
+  bool IsLeadByte(unsigned char byte) override;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,136 @@
+#include "platform/windows/notification_area_windows.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <utility>
+
+namespace tarvo {
+namespace {
+
+constexpr char kClass[] = "TarvoSysTray";
+constexpr UINT kIconId = 1;
+constexpr UINT kCallbackMessage = WM_MOUSEMOVE;
+constexpr UINT kFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
+static_assert(kCallbackMessage == 512 && kFlags == 7);
+
+constexpr DWORD kRecordSize = NOTIFYICONDATAA_V1_SIZE;
+static_assert(kRecordSize == (sizeof(void*) == 4 ? 88 : 104));
+
+HWND ToNative(std::intptr_t window) { return reinterpret_cast<HWND>(window); }
+
+LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+  auto* area = reinterpret_cast<WindowsNotificationArea*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  if (area && area->TakeMessage(message, l)) return 0;
+  return DefWindowProcA(window, message, w, l);
+}
+
+void RegisterClassOnce(HINSTANCE instance) {
+  WNDCLASSA record{};
+  if (GetClassInfoA(instance, kClass, &record)) return;
+  record.lpfnWndProc = Procedure;
+  record.hInstance = instance;
+  record.lpszClassName = kClass;
+  RegisterClassA(&record);
+}
+
+/// The entries' numbers are their indices plus 1: 0 says that nothing was chosen.
+HMENU MakeMenu(const std::vector<MenuEntry>& entries) {
+  const HMENU menu = CreatePopupMenu();
+  UINT number = 0;
+  for (const MenuEntry& entry : entries) {
+    ++number;
+    AppendMenuA(menu, entry.enabled ? MF_STRING : MF_STRING | MF_GRAYED, number,
+                entry.caption.c_str());
+    if (entry.isDefault) SetMenuDefaultItem(menu, number, FALSE);
+  }
+  return menu;
+}
+
+int TrackAtCursor(HMENU menu, HWND owner) {
+  POINT cursor{};
+  GetCursorPos(&cursor);
+  // Without both, a click beside the menu would not close it.
+  SetForegroundWindow(owner);
+  const int chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_LEFTBUTTON, cursor.x,
+                                    cursor.y, 0, owner, nullptr);
+  PostMessageA(owner, WM_NULL, 0, 0);
+  return chosen;
+}
+
+}  // namespace
+
+WindowsNotificationArea::~WindowsNotificationArea() {
+  Delete();
+  CloseWindow();
+}
+
+void WindowsNotificationArea::OpenWindow(const std::string& title) {
+  if (window_ != 0) return;
+  const HINSTANCE instance = GetModuleHandleA(nullptr);
+  RegisterClassOnce(instance);
+  const HWND window = CreateWindowExA(WS_EX_TOOLWINDOW, kClass, title.c_str(), WS_POPUP, 0, 0, 0, 0,
+                                      nullptr, nullptr, instance, nullptr);
+  window_ = reinterpret_cast<std::intptr_t>(window);
+  SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  shellRestarted_ = RegisterWindowMessageA("TaskbarCreated");
+  // A launcher with administrator's rights would not hear the shell, which has none.
+  ChangeWindowMessageFilterEx(window, shellRestarted_, MSGFLT_ALLOW, nullptr);
+}
+
+void WindowsNotificationArea::CloseWindow() {
+  if (window_ == 0) return;
+  if (menuIsUp_) EndMenu();
+  const HWND window = ToNative(std::exchange(window_, 0));
+  SetWindowLongPtrA(window, GWLP_USERDATA, 0);
+  DestroyWindow(window);
+}
+
+void WindowsNotificationArea::Add(const NotificationIcon& icon) {
+  added_ = true;
+  Notify(NIM_ADD, icon);
+}
+
+void WindowsNotificationArea::Modify(const NotificationIcon& icon) { Notify(NIM_MODIFY, icon); }
+
+void WindowsNotificationArea::Delete() {
+  if (std::exchange(added_, false)) Notify(NIM_DELETE, {});
+}
+
+void WindowsNotificationArea::Notify(std::uint32_t order, const NotificationIcon& icon) const {
+  NOTIFYICONDATAA record{};
+  static_assert(kLongestTip == 64 - 1);  // The first version's tip and its end mark.
+  record.cbSize = kRecordSize;
+  record.hWnd = ToNative(window_);
+  record.uID = kIconId;
+  record.uFlags = kFlags;
+  record.uCallbackMessage = kCallbackMessage;
+  record.hIcon = reinterpret_cast<HICON>(icon.icon);
+  icon.tip.copy(record.szTip, kLongestTip);
+  Shell_NotifyIconA(order, &record);
+}
+
+std::optional<std::size_t> WindowsNotificationArea::ShowMenu(
+    const std::vector<MenuEntry>& entries) {
+  if (menuIsUp_ || window_ == 0) return std::nullopt;
+  menuIsUp_ = true;
+  const HMENU menu = MakeMenu(entries);
+  const int chosen = TrackAtCursor(menu, ToNative(window_));
+  DestroyMenu(menu);
+  menuIsUp_ = false;
+  if (chosen <= 0) return std::nullopt;
+  return static_cast<std::size_t>(chosen - 1);
+}
+
+bool WindowsNotificationArea::TakeMessage(std::uint32_t message, std::intptr_t detail) {
+  if (message == kCallbackMessage) {
+    if (onMouseMessage) onMouseMessage(LOWORD(detail));
+    return true;
+  }
+  if (message != shellRestarted_) return false;
+  if (onShellRestarted) onShellRestarted();
+  return true;
+}
+
+}  // namespace tarvo
