@@ -4,6 +4,8 @@
 
 #include "platform/clock.h"
 #include "platform/code_page.h"
+#include "platform/file_copies.h"
+#include "platform/file_dialog.h"
 #include "platform/files.h"
 #include "platform/foreign_windows.h"
 #include "platform/icons.h"
@@ -35,6 +37,8 @@ struct Machine {
   NotificationArea& notificationArea;
   Icons& icons;
   CodePage& codePage;
+  FileCopies& fileCopies;
+  FileDialog& fileDialog;
   std::string executablePath;  ///< Full path of the launcher's own executable.
 };
 

@@ -2,6 +2,8 @@
 
 #include "platform/windows/clock_windows.h"
 #include "platform/windows/code_page_windows.h"
+#include "platform/windows/file_copies_windows.h"
+#include "platform/windows/file_dialog_windows.h"
 #include "platform/windows/files_windows.h"
 #include "platform/windows/foreign_windows_windows.h"
 #include "platform/windows/icons_windows.h"
@@ -45,6 +47,8 @@ struct WindowsMachine::Adapters {
   WindowsNotificationArea notificationArea;
   WindowsIcons icons;
   WindowsCodePage codePage;
+  WindowsFileCopies fileCopies;
+  WindowsFileDialog fileDialog;
 };
 
 WindowsMachine::WindowsMachine() : adapters_(std::make_unique<Adapters>()) {}
@@ -55,9 +59,13 @@ Machine WindowsMachine::Ports() {
   return {all.registry,         all.fileReader,     all.fileAppender, all.folderLister,
           all.processes,        all.foreignWindows, all.sockets,      all.localClock,
           all.tickClock,        all.memoryStatus,   all.messageBoxes, all.instanceLock,
-          all.notificationArea, all.icons,          all.codePage,     OwnExecutablePath()};
+          all.notificationArea, all.icons,          all.codePage,     all.fileCopies,
+          all.fileDialog,       OwnExecutablePath()};
 }
 
-void WindowsMachine::SetOwner(std::intptr_t window) { adapters_->messageBoxes.SetOwner(window); }
+void WindowsMachine::SetOwner(std::intptr_t window) {
+  adapters_->messageBoxes.SetOwner(window);
+  adapters_->fileDialog.SetOwner(window);
+}
 
 }  // namespace tarvo

@@ -17,7 +17,8 @@ class WindowsMachine {
 
   Machine Ports();
 
-  /// The window (a handle of this process) that message boxes belong to from now on; 0 for none.
+  /// The window (a handle of this process) that message boxes and dialogs belong to from now on; 0
+  /// for none.
   void SetOwner(std::intptr_t window);
 
  private:

@@ -32,8 +32,8 @@ SimMachine::SimMachine() {
 }
 
 Machine SimMachine::PortsFor(InstanceLock& lock) {
-  return {registry, files,  files, files, processes, processes, network,  clock,
-          clock,    memory, boxes, lock,  tray,      icons,     codePage, launcherPath};
+  return {registry, files, files, files, processes, processes, network, clock,      clock,
+          memory,   boxes, lock,  tray,  icons,     codePage,  copies,  fileDialog, launcherPath};
 }
 
 std::string SimMachine::SettingsKey() const { return ServerRoot(launcherPath).SettingsKey(); }

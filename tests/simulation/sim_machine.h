@@ -6,6 +6,7 @@
 #include "tests/simulation/call_recorder.h"
 #include "tests/simulation/sim_clock.h"
 #include "tests/simulation/sim_desktop.h"
+#include "tests/simulation/sim_file_copies.h"
 #include "tests/simulation/sim_files.h"
 #include "tests/simulation/sim_network.h"
 #include "tests/simulation/sim_notification_area.h"
@@ -30,6 +31,8 @@ class SimMachine {
   SimRegistry registry{recorder};
   SimFiles files{recorder};
   SimProcesses processes{recorder, clock, files};
+  SimFileCopies copies{recorder, clock, files, processes};
+  SimFileDialog fileDialog{recorder};
   SimNetwork network{recorder, clock, processes};
   SimMemory memory{recorder};
   SimMessageBoxes boxes{recorder};
