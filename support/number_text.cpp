@@ -90,6 +90,16 @@ double NumericValue(std::string_view text) {
   return length == 0 ? 0 : DecimalValue(number.substr(0, length));
 }
 
+bool IsNumeric(std::string_view text) {
+  const std::string_view number = Trimmed(text, " \t");
+  if (IsHexPrefix(number)) {
+    const HexDigits hex = ReadHex(number.substr(2));
+    return hex.value && hex.count == number.size() - 2;
+  }
+  const std::size_t length = DecimalLength(number);
+  return length != 0 && length == number.size();
+}
+
 std::int32_t ToInteger(std::string_view text) {
   const std::string_view number = Trimmed(text, " \t");
   if (IsHexPrefix(number)) {
@@ -103,11 +113,15 @@ std::int32_t ToInteger(std::string_view text) {
   return RoundToInteger(DecimalValue(number));
 }
 
-std::int32_t RoundToInteger(double value) {
+double RoundedToEven(double value) {
   const double floor = std::floor(value);
   const double rest = value - floor;
   const bool floorIsOdd = std::fmod(floor, 2.0) != 0;
-  const double rounded = rest > 0.5 || (rest == 0.5 && floorIsOdd) ? floor + 1 : floor;
+  return rest > 0.5 || (rest == 0.5 && floorIsOdd) ? floor + 1 : floor;
+}
+
+std::int32_t RoundToInteger(double value) {
+  const double rounded = RoundedToEven(value);
   if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
         rounded <= std::numeric_limits<std::int32_t>::max())) {
     throw RuntimeError(Fault::Overflow);

@@ -14,10 +14,17 @@ namespace tarvo {
 /// signed number. An exponent (E or D) is read. Never fails.
 double NumericValue(std::string_view text);
 
+/// Whether the whole text is a number: blanks and tabs around it are ignored, "&H" introduces
+/// hexadecimal digits of 32 bits at most. A text of nothing but blanks is no number.
+bool IsNumeric(std::string_view text);
+
 /// The whole text as a 32-bit integer: blanks and tabs around it are ignored, a fraction is rounded
 /// to the nearest integer (halves to even), "&H" introduces up to eight hexadecimal digits. Raises
 /// type mismatch (13) for a text that is empty or no number, overflow (6) beyond 32 bits.
 std::int32_t ToInteger(std::string_view text);
+
+/// The nearest whole number, halves to even, however large; what is no number stays so.
+double RoundedToEven(double value);
 
 /// Rounds to the nearest integer, halves to even; raises overflow (6) beyond 32 bits.
 std::int32_t RoundToInteger(double value);

@@ -1,0 +1,139 @@
+#include "randomizer/calendar.h"
+
+#include <algorithm>
+
+#include "core/registry_text.h"
+#include "randomizer/calendar_line.h"
+#include "randomizer/server_settings.h"
+#include "support/date_time.h"
+#include "support/number_text.h"
+#include "support/runtime_error.h"
+
+namespace tarvo {
+namespace {
+
+constexpr char kLastRun[] = "LastRandProcess";
+constexpr std::chrono::days kLongAgo(1000);
+
+std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+/// What cannot be read counts as missing.
+LocalTime ReadDateTime(const std::string& text, LocalTime whenMissing) {
+  try {
+    return ParseDateTime(text);
+  } catch (const RuntimeError&) {
+    return whenMissing;
+  }
+}
+
+}  // namespace
+
+void RandomizerCalendar::Load() {
+  set_.Load();
+  ListEntries();
+}
+
+void RandomizerCalendar::ListEntries() {
+  const Ref<Document> set = set_.Child();
+  std::vector<std::string> lines;
+  for (int i = 0; i < set->Fields().Count(); ++i) {
+    const Ref<Field> entry = set->Fields().Field(i);
+    lines.push_back(
+        CalendarLineOf(entry->Name(), entry->Parameters().Parameter("Restart")->Value()));
+  }
+  page_.lstDTRands.AddItems(std::move(lines));
+}
+
+void RandomizerCalendar::cmdCalendar_Click(std::size_t index) {
+  if (!SetIsLoaded()) return;
+  if (index == 0) {
+    Add();
+  } else {
+    Remove();
+  }
+  set_.Save();
+}
+
+bool RandomizerCalendar::SetIsLoaded() {
+  if (set_.Loaded()) return true;
+  Load();
+  if (!set_.Loaded()) log_.LogStatus(set_.Path() + " file can't be loaded", kAlert);
+  return set_.Loaded();
+}
+
+void RandomizerCalendar::Add() {
+  if (page_.lstDay.ListIndex() < 0) return;
+  for (std::size_t i = 0; i < page_.txt_Time.size(); ++i) txt_Time_LostFocus(i);
+  const std::string name =
+      page_.lstDay.Text() + "_" + page_.txt_Time[0].Text() + ":" + page_.txt_Time[1].Text();
+  Fields& entries = set_.Child()->Fields();
+  if (IndexOfField(entries, name) >= 0) return;
+  const char* const restart = page_.cmbRstrt.ListIndex() == 0 ? "Yes" : "No";
+  const int added = entries.AddField(name);
+  entries.Field(added)->Parameters().AddParameter("Restart", restart);
+  page_.lstDTRands.AddItem(CalendarLineOf(name, restart));
+}
+
+void RandomizerCalendar::Remove() {
+  const int selected = page_.lstDTRands.ListIndex();
+  if (selected < 0) return;
+  const auto& lines = page_.lstDTRands.Items();
+  const std::string name = NameInCalendarLine(lines[static_cast<std::size_t>(selected)]);
+  const auto above =
+      std::count_if(lines.begin(), lines.begin() + selected,
+                    [&](const std::string& line) { return NameInCalendarLine(line) == name; });
+  Fields& entries = set_.Child()->Fields();
+  entries.RemoveField(IndexOfField(entries, name, static_cast<int>(above)));
+  page_.lstDTRands.RemoveItem(selected);
+}
+
+void RandomizerCalendar::ScrollTime_Change(std::size_t index) {
+  page_.txt_Time[index].SetText(TwoDigits(page_.ScrollTime[index].Value()));
+}
+
+void RandomizerCalendar::txt_Time_LostFocus(std::size_t index) {
+  const std::string typed = page_.txt_Time[index].Text();
+  ScrollBar& scroll = page_.ScrollTime[index];
+  if (IsNumeric(typed)) {
+    const double value = std::clamp<double>(NumericValue(typed), scroll.Min(), scroll.Max());
+    scroll.SetValue(static_cast<int>(value));
+  }
+  ScrollTime_Change(index);
+}
+
+void RandomizerCalendar::Tick() {
+  const LocalTime now = clock_.Now();
+  const MinuteOfWeek current = MinuteOfWeekAt(now);
+  const auto& lines = page_.lstDTRands.Items();
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const auto entry = ReadCalendarLine(lines[i]);
+    if (!entry || entry->at != current) continue;
+    if (RanInThisMinute(now)) return;
+    Run(entry->restarts);
+  }
+}
+
+bool RandomizerCalendar::RanInThisMinute(LocalTime now) const {
+  const LocalTime longAgo = now - kLongAgo;
+  const std::string text = ReadRegistryString(registry_, Hive::LocalMachine, settingsKey_, kLastRun,
+                                              GeneralDate(longAgo));
+  return MinuteOfWeekAt(ReadDateTime(text, longAgo)) == MinuteOfWeekAt(now);
+}
+
+void RandomizerCalendar::Run(bool restarts) {
+  if (page_.lstRnd.Items().empty()) log_.LogStatus("Randomize: Nothing to do!", kExtra);
+  engine_.RunRandomizer();
+  if (restarts) {
+    log_.LogStatus("Randomize: Restarting Server", kExtra);
+    if (restartRunning) restartRunning();
+  }
+  WriteRegistryString(registry_, Hive::LocalMachine, settingsKey_, kLastRun,
+                      GeneralDate(clock_.Now()));
+}
+
+bool TimeTakesKey(char key) {
+  constexpr char kBackspace = 8;
+  return key == kBackspace || (key >= '0' && key <= '9');
+}
+
+}  // namespace tarvo

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+
+#include "core/status_log.h"
+#include "platform/clock.h"
+#include "platform/registry.h"
+#include "randomizer/engine.h"
+#include "randomizer/stored_set.h"
+#include "ui/randomizer_page.h"
+
+namespace tarvo {
+
+/// The group "Randomize Calendar  (program  mode)": days and times of the week at which the engine
+/// runs and, if the entry says so, the running servers are restarted.
+///
+/// A minute of the week that was the last one to run is not run again, whatever the date: that
+/// keeps the four ticks of a minute from running it four times. An entry that is alone therefore
+/// runs once, and stays silent until another entry has run. Minutes that were missed are not caught
+/// up.
+class RandomizerCalendar {
+ public:
+  RandomizerCalendar(RandomizerPage& page, StoredSet& set, RandomizerEngine& engine,
+                     Registry& registry, std::string settingsKey, LocalClock& clock, StatusLog& log)
+      : page_(page),
+        set_(set),
+        engine_(engine),
+        registry_(registry),
+        settingsKey_(std::move(settingsKey)),
+        clock_(clock),
+        log_(log) {}
+
+  /// Reads the file and lists its entries; call it once at start-up.
+  void Load();
+
+  /// 0 adds the day and time of the page at the end, unless the entry is there already; 1 removes
+  /// the selected entry. Both write the file, even when nothing has changed. When the file could
+  /// not be read before, it is read first; one that still cannot be read is told in the log, and
+  /// the press has no other effect.
+  void cmdCalendar_Click(std::size_t index);
+
+  /// A scroll bar was moved: 0 the hour's, 1 the minute's. Its text box shows the value.
+  void ScrollTime_Change(std::size_t index);
+  /// The operator has typed into the hour's or minute's box and leaves it: a number goes to the
+  /// scroll bar, at most its greatest; any other text gives way to the scroll bar's value.
+  void txt_Time_LostFocus(std::size_t index);
+
+  /// The tick of `tmr_Calendar`, every 15 seconds in the mode "Program".
+  void Tick();
+
+  /// Restarts every running server.
+  std::function<void()> restartRunning;
+
+ private:
+  bool SetIsLoaded();
+  void ListEntries();
+  void Add();
+  void Remove();
+  bool RanInThisMinute(LocalTime now) const;
+  void Run(bool restarts);
+
+  RandomizerPage& page_;
+  StoredSet& set_;
+  RandomizerEngine& engine_;
+  Registry& registry_;
+  const std::string settingsKey_;
+  LocalClock& clock_;
+  StatusLog& log_;
+};
+
+/// Only digits and Backspace reach the boxes of hour and minute.
+bool TimeTakesKey(char key);
+
+}  // namespace tarvo

@@ -1,0 +1,60 @@
+#include "randomizer/calendar_line.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace tarvo {
+namespace {
+
+/// Takes the text up to the mark off the front of `rest`, and the mark with it; all of it when
+/// there is no mark, and `found` is false then.
+std::string_view TakeUpTo(std::string_view& rest, char mark, bool& found) {
+  const std::size_t at = rest.find(mark);
+  found = at != std::string_view::npos;
+  const std::string_view piece = rest.substr(0, at);
+  rest.remove_prefix(found ? at + 1 : rest.size());
+  return piece;
+}
+
+bool ReadNumber(std::string_view digits, int& number) {
+  const char* const end = digits.data() + digits.size();
+  const auto result = std::from_chars(digits.data(), end, number);
+  return result.ec == std::errc() && result.ptr == end && digits.front() != '-';
+}
+
+}  // namespace
+
+int DayIndexOf(std::string_view name) {
+  constexpr std::string_view kDays[] = {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
+  const auto found = std::find(std::begin(kDays), std::end(kDays), name);
+  return found == std::end(kDays) ? 0 : static_cast<int>(found - std::begin(kDays)) + 1;
+}
+
+std::optional<CalendarEntry> ReadCalendarLine(std::string_view line) {
+  bool dayEnds = false;
+  bool timeEnds = false;
+  bool hourEnds = false;
+  CalendarEntry entry;
+  entry.at.weekday = DayIndexOf(TakeUpTo(line, ' ', dayEnds));
+  std::string_view minute = TakeUpTo(line, ' ', timeEnds);
+  const std::string_view hour = TakeUpTo(minute, ':', hourEnds);
+  if (!dayEnds || !timeEnds || !hourEnds) return std::nullopt;
+  if (!ReadNumber(hour, entry.at.hour) || !ReadNumber(minute, entry.at.minute)) return std::nullopt;
+  entry.restarts = line == "restart=Y";
+  if (!entry.restarts && line != "restart=N") return std::nullopt;
+  return entry;
+}
+
+std::string CalendarLineOf(std::string name, std::string_view restart) {
+  std::replace(name.begin(), name.end(), '_', ' ');
+  return name + (restart == "Yes" ? " restart=Y" : " restart=N");
+}
+
+std::string NameInCalendarLine(std::string line) {
+  const std::size_t first = line.find(' ');
+  if (first == std::string::npos) return line;
+  line[first] = '_';
+  return line.substr(0, line.find(' ', first));
+}
+
+}  // namespace tarvo

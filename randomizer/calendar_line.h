@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "randomizer/minute_of_week.h"
+
+namespace tarvo {
+
+/// "Mon" to "Sun" as 1 to 7, compared exactly; 0 for any other text.
+int DayIndexOf(std::string_view name);
+
+/// What a line of the calendar's list says.
+struct CalendarEntry {
+  MinuteOfWeek at;
+  bool restarts = false;
+
+  bool operator==(const CalendarEntry&) const = default;
+};
+
+/// Reads a line "Mon 08:30 restart=Y". Nothing for a line of any other form (three pieces apart by
+/// one blank each, the second made of digits, ":" and digits, the third with "restart=Y" or
+/// "restart=N"), which only a hand-edited file can bring about. A day or time that no week has is
+/// read, and never comes.
+std::optional<CalendarEntry> ReadCalendarLine(std::string_view line);
+
+/// The line of an entry: its name with "_" as blanks, and whether `restart` is exactly "Yes".
+std::string CalendarLineOf(std::string name, std::string_view restart);
+
+/// The way back to the name: the line's first blank as "_", cut at the next one.
+std::string NameInCalendarLine(std::string line);
+
+}  // namespace tarvo

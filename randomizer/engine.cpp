@@ -1,0 +1,51 @@
+#include "randomizer/engine.h"
+
+#include "randomizer/named_lines.h"
+#include "randomizer/whole_range.h"
+
+namespace tarvo {
+
+void RandomizerEngine::RunRandomizer() {
+  const Ref<Document> set = document_.Childs().Child("Randomize");
+  Fields& parameters = set->Fields();
+  if (parameters.Count() == 0) {
+    return log_.LogStatus("Randomizer Information: Nothing to do!", kExtra);
+  }
+  std::string text;
+  if (reader_.ReadText(path_, text) != ReadResult::Ok) {
+    return log_.LogStatus("Randomizer Error: " + path_ + " file can't be loaded", kAlert);
+  }
+  log_.LogStatus("Starting Randomizer - Updating battle_athena.conf", kExtra);
+  random_.Reseed();
+  if (!StringToFile(path_, DrawAll(text, parameters), true, reader_, replacer_, eventLog_)) {
+    return log_.LogStatus("Can't write " + path_ + " file.", kAlert);
+  }
+  log_.LogStatus("Randomize was succesfull, " + std::to_string(parameters.Count()) + " change(s)",
+                 kExtra);
+}
+
+std::string RandomizerEngine::DrawAll(std::string_view text, Fields& parameters) {
+  NamedLines lines(text, parameters);
+  for (int i = 0; i < parameters.Count(); ++i) {
+    const Ref<Field> parameter = parameters.Field(i);
+    const std::string name = parameter->Name();
+    for (std::size_t position : lines.Of(name)) {
+      lines.Replace(position, name + ": " + std::to_string(DrawFor(*parameter, name)));
+    }
+  }
+  return lines.Joined();
+}
+
+std::int64_t RandomizerEngine::DrawFor(Field& parameter, const std::string& name) {
+  Parameters& bounds = parameter.Parameters();
+  const WholeRange range =
+      RangeOf(bounds.Parameter("Min")->ValueView(), bounds.Parameter("Max")->ValueView());
+  const bool fixed = range.low == range.high;
+  const std::int64_t drawn = fixed ? range.high : DrawWhole(random_, range);
+  log_.LogStatus("> " + name + " (" + std::to_string(range.low) + "~" + std::to_string(range.high) +
+                     "): " + std::to_string(drawn) + (fixed ? " - Nothing to calc" : ""),
+                 kExtra);
+  return drawn;
+}
+
+}  // namespace tarvo

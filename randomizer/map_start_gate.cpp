@@ -1,0 +1,65 @@
+#include "randomizer/map_start_gate.h"
+
+#include <limits>
+
+#include "core/registry_text.h"
+#include "randomizer/minute_of_week.h"
+#include "support/date_time.h"
+#include "support/number_text.h"
+
+namespace tarvo {
+namespace {
+
+bool NotAbove(const TextBox& limit, std::int32_t count) {
+  return NumericValue(limit.Text()) <= count;
+}
+
+void AddOne(std::int32_t& count) {
+  if (count < std::numeric_limits<std::int32_t>::max()) ++count;
+}
+
+}  // namespace
+
+LocalTime ZeroDateTime() {
+  using namespace std::chrono_literals;
+  return std::chrono::local_days(1899y / 12 / 30);
+}
+
+void MapStartGate::RandomizeOnMapStart() {
+  if (!page_.opt_Rnd[0].Selected()) return;
+  const LocalTime now = clock_.Now();
+  if (counters_.LastRandomize == ZeroDateTime()) counters_.LastRandomize = now;
+  if (LimitReached(now)) return;
+  engine_.RunRandomizer();
+  AddOne(counters_.HourRndCnt);
+  AddOne(counters_.DayRndCnt);
+  counters_.LastRandomize = clock_.Now();
+  Save();
+}
+
+bool MapStartGate::LimitReached(LocalTime now) {
+  const MinuteOfWeek last = MinuteOfWeekAt(counters_.LastRandomize);
+  const MinuteOfWeek current = MinuteOfWeekAt(now);
+  if (last.hour != current.hour) {
+    counters_.HourRndCnt = 0;
+  } else if (NotAbove(page_.txtMxD[0], counters_.HourRndCnt)) {
+    return true;
+  }
+  if (last.weekday != current.weekday) {
+    counters_.DayRndCnt = 0;
+  } else if (NotAbove(page_.txtMxD[1], counters_.DayRndCnt)) {
+    return true;
+  }
+  return false;
+}
+
+void MapStartGate::Save() {
+  const auto write = [this](const char* name, const std::string& text) {
+    WriteRegistryString(registry_, Hive::LocalMachine, settingsKey_, name, text);
+  };
+  write("LastRandomize", GeneralDate(counters_.LastRandomize));
+  write("DayRndCnt", std::to_string(counters_.DayRndCnt));
+  write("HourRndCnt", std::to_string(counters_.HourRndCnt));
+}
+
+}  // namespace tarvo

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/clock.h"
+#include "platform/registry.h"
+#include "randomizer/engine.h"
+#include "ui/randomizer_page.h"
+
+namespace tarvo {
+
+/// How often starts of the map server have randomized, and when they last did.
+struct MapStartCounters {
+  LocalTime LastRandomize{};
+  std::int32_t DayRndCnt = 0;
+  std::int32_t HourRndCnt = 0;
+};
+
+/// The date-time that stands for "never".
+LocalTime ZeroDateTime();
+
+/// Randomizes at the starts of the map server, within the operator's limits.
+///
+/// The limits compare the hour of the day (0 to 23) and the weekday alone, never the date: the runs
+/// of an hour yesterday count in the same hour today, those of a weekday in the same weekday of the
+/// next week. A limit is the number that its box starts with, read anew each time.
+class MapStartGate {
+ public:
+  MapStartGate(RandomizerPage& page, RandomizerEngine& engine, Registry& registry,
+               std::string settingsKey, LocalClock& clock)
+      : page_(page),
+        engine_(engine),
+        registry_(registry),
+        settingsKey_(std::move(settingsKey)),
+        clock_(clock) {}
+
+  /// What the settings hold, once at start-up.
+  void SetCounters(const MapStartCounters& counters) { counters_ = counters; }
+  const MapStartCounters& Counters() const { return counters_; }
+
+  /// The map server is about to be started. In the mode "Map Start", and unless a limit is reached,
+  /// one run of the engine; it counts whatever comes of it, and the counters are saved. Counters
+  /// that were set back for a new hour or day before a limit stopped the run are not saved.
+  void RandomizeOnMapStart();
+
+ private:
+  bool LimitReached(LocalTime now);
+  void Save();
+
+  RandomizerPage& page_;
+  RandomizerEngine& engine_;
+  Registry& registry_;
+  const std::string settingsKey_;
+  LocalClock& clock_;
+  MapStartCounters counters_;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,184 @@
+#include "randomizer/parameter_panel.h"
+
+#include <algorithm>
+
+#include "randomizer/server_settings.h"
+#include "support/number_text.h"
+
+namespace tarvo {
+namespace {
+
+std::string NameInLine(const std::string& line) { return line.substr(0, line.find(':')); }
+
+std::string LineOf(Field& range) {
+  Parameters& bounds = range.Parameters();
+  return range.Name() + ":" + bounds.Parameter("Min")->Value() + " to " +
+         bounds.Parameter("Max")->Value();
+}
+
+void SetBound(Parameters& bounds, const char* name, const std::string& text) {
+  if (bounds.Holds(name)) {
+    bounds.Parameter(name)->SetValue(text);
+  } else {
+    bounds.AddParameter(name, text);
+  }
+}
+
+std::string BoundOrValue(Field& setting, const char* name) {
+  const std::string bound = setting.Parameters().Parameter(name)->Value();
+  return bound.empty() ? setting.Value() : bound;
+}
+
+}  // namespace
+
+void ParameterPanel::Fill() {
+  RefillRandomizeList();
+  CopyBounds();
+  const Ref<Document> settings = document_.Childs().Child("Battle_Athena");
+  std::vector<std::string> names;
+  for (int i = 0; i < settings->Fields().Count(); ++i) {
+    names.push_back(settings->Fields().Field(i)->Name());
+  }
+  page_.cmdParam.AddItems(std::move(names));
+  if (!page_.cmdParam.Items().empty()) page_.cmdParam.SetListIndex(0);
+}
+
+void ParameterPanel::CopyBounds() {
+  const Ref<Document> settings = document_.Childs().Child("Battle_Athena");
+  const auto first = FirstFields(settings->Fields());
+  const Ref<Document> set = set_.Child();
+  for (int i = 0; i < set->Fields().Count(); ++i) {
+    const Ref<Field> range = set->Fields().Field(i);
+    const auto found = first.find(range->NameView());
+    if (found == first.end()) continue;
+    Parameters& bounds = settings->Fields().Field(found->second)->Parameters();
+    for (const char* name : {"Min", "Max"}) {
+      bounds.AddParameter(name, range->Parameters().Parameter(name)->Value());
+    }
+  }
+}
+
+void ParameterPanel::RefillRandomizeList() {
+  const Ref<Document> set = set_.Child();
+  std::vector<std::string> lines;
+  for (int i = 0; i < set->Fields().Count(); ++i) {
+    lines.push_back(LineOf(*set->Fields().Field(i)));
+  }
+  page_.lstRnd.Clear();
+  page_.lstRnd.AddItems(std::move(lines));
+}
+
+void ParameterPanel::SelectRandomizeListEntry(const std::string& name) {
+  listSelecting_ = true;
+  const auto& lines = page_.lstRnd.Items();
+  const auto found = std::find_if(lines.begin(), lines.end(), [&](const std::string& line) {
+    return NameInLine(line) == name;
+  });
+  if (found != lines.end()) page_.lstRnd.SetListIndex(static_cast<int>(found - lines.begin()));
+  listSelecting_ = false;
+}
+
+Ref<Field> ParameterPanel::Setting(const std::string& name) const {
+  const Fields& settings = document_.Childs().Child("Battle_Athena")->Fields();
+  return settings.Field(IndexOfField(settings, name));
+}
+
+void ParameterPanel::cmdParam_Click() {
+  if (page_.cmdParam.ListIndex() < 0) return;
+  const Ref<Field> setting = Setting(page_.cmdParam.Text());
+  page_.rIni.SetText(BoundOrValue(*setting, "Min"));
+  page_.rEnd.SetText(BoundOrValue(*setting, "Max"));
+}
+
+void ParameterPanel::lstRnd_Click() {
+  if (listSelecting_ || page_.lstRnd.ListIndex() < 0) return;
+  const auto& names = page_.cmdParam.Items();
+  const auto found = std::find(names.begin(), names.end(), NameInLine(page_.lstRnd.Text()));
+  if (found != names.end()) page_.cmdParam.SetListIndex(static_cast<int>(found - names.begin()));
+}
+
+void ParameterPanel::rAdd_Click(std::size_t index) {
+  if (index == 0) {
+    Update();
+  } else {
+    Remove();
+  }
+}
+
+void ParameterPanel::Update() {
+  if (page_.cmdParam.ListIndex() < 0 || RefuseBounds() || !SetIsLoaded()) return;
+  StoreRange(page_.cmdParam.Text());
+  ShowAndSave();
+}
+
+bool ParameterPanel::RefuseBounds() {
+  const std::string min = page_.rIni.Text();
+  const std::string max = page_.rEnd.Text();
+  if (!IsNumeric(min) || !IsNumeric(max)) {
+    messageBoxes_.Ask({"Please, use numeric values!", BoxIcon::Exclamation});
+    return true;
+  }
+  if (RoundedToEven(NumericValue(min)) == RoundedToEven(NumericValue(max))) {
+    messageBoxes_.Ask({"Please, enter different values!", BoxIcon::Exclamation});
+    return true;
+  }
+  return false;
+}
+
+void ParameterPanel::StoreRange(const std::string& name) {
+  const std::string min = page_.rIni.Text();
+  const std::string max = page_.rEnd.Text();
+  Parameters& bounds = Setting(name)->Parameters();
+  SetBound(bounds, "Max", ShortestDecimal(NumericValue(max)));
+  SetBound(bounds, "Min", ShortestDecimal(NumericValue(min)));
+  Fields& ranges = set_.Child()->Fields();
+  if (IndexOfField(ranges, name) < 0) ranges.AddField(name);
+  Parameters& range = ranges.SearchField(name)->Parameters();
+  SetBound(range, "Min", min);
+  SetBound(range, "Max", max);
+}
+
+void ParameterPanel::Remove() {
+  const int selected = page_.lstRnd.ListIndex();
+  if (selected < 0 || !SetIsLoaded()) return;
+  const auto& lines = page_.lstRnd.Items();
+  const std::string name = NameInLine(lines[static_cast<std::size_t>(selected)]);
+  const auto above =
+      std::count_if(lines.begin(), lines.begin() + selected,
+                    [&](const std::string& line) { return NameInLine(line) == name; });
+  Fields& ranges = set_.Child()->Fields();
+  ranges.RemoveField(IndexOfField(ranges, name, static_cast<int>(above)));
+  ShowAndSave();
+}
+
+bool ParameterPanel::SetIsLoaded() {
+  if (set_.Loaded()) return true;
+  set_.Load();
+  if (set_.Loaded()) {
+    CopyBounds();
+  } else {
+    log_.LogStatus(set_.Path() + " file can't be loaded", kAlert);
+  }
+  return set_.Loaded();
+}
+
+void ParameterPanel::ShowAndSave() {
+  RefillRandomizeList();
+  SelectRandomizeListEntry(page_.cmdParam.Text());
+  set_.Save();
+}
+
+bool BoundTakesKey(const TextBox& box, char key) {
+  constexpr char kBackspace = 8;
+  if (key == '-') return box.Caret() == 0 && box.Text().find('-') == std::string::npos;
+  return key == kBackspace || (key >= '0' && key <= '9');
+}
+
+void TidyBound(TextBox& box) {
+  const std::size_t caret = box.Caret();
+  const double value = NumericValue(box.Text());
+  box.SetText(ShortestDecimal(value));
+  box.SetCaret(value == 0 ? 1 : caret);
+}
+
+}  // namespace tarvo

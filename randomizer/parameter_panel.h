@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "core/status_log.h"
+#include "platform/message_boxes.h"
+#include "randomizer/stored_set.h"
+#include "ui/randomizer_page.h"
+#include "xmldoc/document.h"
+
+namespace tarvo {
+
+/// The group "Server Configuration" of the page: the settings of the server's file, each of which
+/// can be given a range, and the list of the ranges.
+///
+/// Names are compared exactly. Of two settings of one name the panel means the first, of two ranges
+/// of one name (hand-edited) the last. Choosing a setting never changes data.
+class ParameterPanel {
+ public:
+  /// `document` is the randomizer's tree, whose child "Battle_Athena" holds the settings with their
+  /// present values, and the bounds of those that have a range.
+  ParameterPanel(RandomizerPage& page, Document& document, StoredSet& set,
+                 MessageBoxes& messageBoxes, StatusLog& log)
+      : page_(page), document_(document), set_(set), messageBoxes_(messageBoxes), log_(log) {}
+
+  /// Shows what was loaded: the ranges in `lstRnd` and in their settings, the settings in
+  /// `cmdParam`, the first one selected.
+  void Fill();
+
+  /// Lists one line for each range: "name:min to max".
+  void RefillRandomizeList();
+
+  /// Selects the first line of that name in `lstRnd`, without the choice's reaching `cmdParam`. No
+  /// such line leaves the selection as it is.
+  void SelectRandomizeListEntry(const std::string& name);
+
+  /// A setting was selected: the boxes show its bounds, or its present value for want of them.
+  void cmdParam_Click();
+  /// A range was selected: its setting is selected too, if there is one.
+  void lstRnd_Click();
+  /// 0 gives the selected setting the range in the boxes, 1 takes the selected range away; both
+  /// write the set to its file. Without a selection they do nothing. Bounds that are no numbers, or
+  /// the same number when rounded, are refused in a message box. When the set could not be read at
+  /// start-up it is read first; one that still cannot be read is told in the log and left alone.
+  void rAdd_Click(std::size_t index);
+
+ private:
+  Ref<Field> Setting(const std::string& name) const;
+  std::string SelectedRange() const;
+  bool SetIsLoaded();
+  void CopyBounds();
+  void Update();
+  void Remove();
+  bool RefuseBounds();
+  void StoreRange(const std::string& name);
+  void ShowAndSave();
+
+  RandomizerPage& page_;
+  Document& document_;
+  StoredSet& set_;
+  MessageBoxes& messageBoxes_;
+  StatusLog& log_;
+  bool listSelecting_ = false;
+};
+
+/// Whether a key reaches a box of a bound: Backspace, digits, and a first "-" before the text.
+bool BoundTakesKey(const TextBox& box, char key);
+
+/// The operator leaves a box of a bound: it shows the number that its text starts with. The caret
+/// stays where it was, but goes behind the 0 of an empty box.
+void TidyBound(TextBox& box);
+
+}  // namespace tarvo
