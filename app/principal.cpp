@@ -36,9 +36,18 @@ Principal::Principal(const Machine& machine)
                    machine.tickClock),
       crashWatch_(form_, components_, processes_, startStop_, log_, machine.localClock),
       lights_(form_.frame.Sem, components_),
-      windowOptions_(form_, components_, processes_, registry_, root_) {
+      windowOptions_(form_, components_, processes_, registry_, root_),
+      lastHour_(form_.frame.Strip, components_, machine.tickClock),
+      statusIcons_(machine.icons),
+      tray_(machine.notificationArea, machine.codePage, dispatch_),
+      upgradeSettings_(form_, registry_, root_, machine.fileDialog),
+      upgrade_({form_, components_, startStop_, log_, upgradeSettings_, machine.fileReader,
+                PatientCopies(machine.fileCopies, machine.tickClock), machine.localClock,
+                machine.messageBoxes, root_.AppFolder(), crashWatch_.UpgradeInProgress}) {
   WireControls();
   WireTimers();
+  WireUpgrade();
+  WireTray();
 }
 
 void Principal::WireControls() {
@@ -49,6 +58,7 @@ void Principal::WireControls() {
     Form_Unload(cancel);
     if (!cancel) form_.frame.window.End(kExitNormal);
   };
+  form_.frame.window.onEndSession = [this] { Form_EndSession(); };
   for (std::size_t i = 0; i < form_.status.bStart.size(); ++i) {
     form_.status.bStart[i].onClick = [this, i] { startStop_.bStart_Click(i); };
   }
@@ -74,7 +84,50 @@ void Principal::WireTimers() {
     timers.Reprobe(kind).onTick = [this, kind] { freezeWatch_.ProbeAgain(kind); };
   }
   timers.Mem.onTick = [this] { ShowFreeMemory(machine_.memoryStatus, form_.frame.lblMemory); };
-  timers.tmrAlarma.onTick = [this] { lights_.Refresh(); };
+  timers.tmrAlarma.onTick = [this] { tmrAlarma_Timer(); };
+}
+
+void Principal::WireTray() {
+  tray_.AddMenuItem("&Show", "open", true);
+  tray_.SysTrayDoubleClick = [this](int) { form_.frame.window.BringToFront(); };
+  tray_.SysTrayMouseDown = [this](int button) { SysTrayMouseDown(button); };
+  tray_.MenuClick = [this](std::size_t, const std::string& key) { MenuClick(key); };
+}
+
+void Principal::SysTrayMouseDown(int button) {
+  constexpr int kRightButton = 2;
+  if (button == kRightButton) tray_.ShowMenu();
+}
+
+void Principal::MenuClick(const std::string& key) {
+  if (key == "close") return;
+  if (key == "open") return form_.frame.window.BringToFront();
+  machine_.messageBoxes.Ask({"Clicked item with key " + key, BoxIcon::Information});
+}
+
+void Principal::tmrAlarma_Timer() {
+  lights_.Refresh();
+  tray_.SetIconHandle(imgIcon(lights_.StatusCode()));
+  lastHour_.Note();
+}
+
+IconHandle Principal::imgIcon(int code) { return statusIcons_.For(StatesOfCode(code)); }
+
+void Principal::WireUpgrade() {
+  settings_.loadUpgradeSettings = [this] { upgradeSettings_.LoadUpgradeSettings(); };
+  crashWatch_.runUpgrade = [this](int trigger) { return upgrade_.RunUpgrade(trigger); };
+  UpgradePage& page = form_.upgrade;
+  for (ComponentKind kind : kComponents) {
+    page.cmd_nBrowse[kind].onClick = [this, kind] { upgradeSettings_.cmd_nBrowse_Click(kind); };
+    page.nPath[kind].onDrop = [this, kind](const std::string& path) {
+      upgradeSettings_.ChooseNew(kind, path);
+    };
+    form_.servers.Exes[kind].onSelect = [this, kind] { upgradeSettings_.ShowTarget(kind); };
+  }
+  for (std::size_t i = 0; i < OptionGroup::Size(); ++i) {
+    page.optMode[i].onClick = [this, i] { upgradeSettings_.optMode_Click(i); };
+  }
+  page.UpdateNow.onClick = [this] { upgrade_.UpdateNow_Click(); };
 }
 
 std::string Principal::InstanceName() const {
@@ -104,7 +157,9 @@ void Principal::Form_Load() {
   if (!StartNetworking() || !LoadSettings()) return;
   LogConfiguration();
   log_.LogStatus("Launcher Ready!", kInfo);
-  form_.frame.window.SetTitle("[" + form_.frame.SName.Caption() + "] - Tarvo Launcher");
+  const std::string title = "[" + form_.frame.SName.Caption() + "] - Tarvo Launcher";
+  tray_.SetToolTip(title);
+  form_.frame.window.SetTitle(title);
   LookForRunningComponents();
   AutoStart();
   if (componentsFoundInMemory_) form_.frame.SSTab1.SetPage(0);
@@ -129,6 +184,8 @@ bool Principal::LoadSettings() {
   }
   form_.frame.SName.SetCaption(read.configuration.serverName.value_or(""));
   ListExecutables(machine_.folderLister, root_, form_.servers.Exes);
+  // The settings may minimize the window, and then the icon is the only way back to it.
+  tray_.Load("Tarvo Launcher", imgIcon(lights_.StatusCode()));
   settings_.Load();
   return true;
 }
@@ -186,8 +243,17 @@ void Principal::Form_Unload(bool& cancel) {
     machine_.messageBoxes.Ask({"Please, stop servers before close this application"});
     return;
   }
+  tray_.Unload();
   settings_.Save();
   machine_.sockets.Stop();
+}
+
+/// As a close, but servers that run do not hinder it: they are left to the system.
+void Principal::Form_EndSession() {
+  tray_.Unload();
+  settings_.Save();
+  machine_.sockets.Stop();
+  form_.frame.window.End(kExitNormal);
 }
 
 void Principal::Form_Resize() {
@@ -204,6 +270,7 @@ void Principal::Command1_Click() {
        BoxIcon::Exclamation, BoxButtons::YesNo, true});
   if (answer != Answer::Yes || form_.frame.window.Ended()) return;
   log_.LogStatus("Launcher unloaded from memory! (server still running)", kAlert);
+  tray_.Unload();
   for (Component& component : components_) component.ProcessId = 0;
   settings_.Save();
   form_.frame.window.End(kExitNormal);
@@ -211,6 +278,7 @@ void Principal::Command1_Click() {
 
 void Principal::ShowFault(const RuntimeError& fault) {
   timers_.StopForever();
+  tray_.Unload();
   std::string text =
       "Run-time error '" + std::to_string(fault.Number()) + "':\r\n\r\n" + fault.Description();
   if (!fault.Source().empty()) text += "\r\n\r\n" + fault.Source();

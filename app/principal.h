@@ -10,6 +10,9 @@
 #include "core/server_root.h"
 #include "core/start_stop.h"
 #include "core/status_log.h"
+#include "desktop/frm_sys_tray.h"
+#include "desktop/last_hour.h"
+#include "desktop/status_icons.h"
 #include "desktop/window_options.h"
 #include "platform/machine.h"
 #include "supervision/crash_watch.h"
@@ -18,6 +21,8 @@
 #include "supervision/status_lights.h"
 #include "ui/event_dispatch.h"
 #include "ui/form.h"
+#include "upgrade/component_upgrade.h"
+#include "upgrade/upgrade_settings.h"
 
 namespace tarvo {
 
@@ -54,11 +59,19 @@ class Principal {
  private:
   void WireControls();
   void WireTimers();
+  void WireTray();
+  void WireUpgrade();
 
   void Form_Load();
   void Form_Unload(bool& cancel);
   void Form_Resize();
   void Command1_Click();
+  void Form_EndSession();
+
+  void SysTrayMouseDown(int button);
+  void MenuClick(const std::string& key);
+  void tmrAlarma_Timer();
+  IconHandle imgIcon(int code);
 
   bool StartNetworking();
   bool LoadSettings();
@@ -84,6 +97,11 @@ class Principal {
   CrashWatch crashWatch_;
   StatusLights lights_;
   WindowOptions windowOptions_;
+  LastHour lastHour_;
+  StatusIcons statusIcons_;
+  frmSysTray tray_;
+  UpgradeSettings upgradeSettings_;
+  ComponentUpgrade upgrade_;
   bool componentsFoundInMemory_ = false;
 };
 

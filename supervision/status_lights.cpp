@@ -30,6 +30,19 @@ std::optional<int> StatusCodeFor(AlarmState login, AlarmState charServer, AlarmS
   return code;
 }
 
+PerComponent<AlarmState> StatesOfCode(int code) {
+  constexpr AlarmState kStates[] = {AlarmState::Healthy, AlarmState::Trouble,
+                                    AlarmState::NotWatched};
+  for (AlarmState login : kStates) {
+    for (AlarmState charServer : kStates) {
+      for (AlarmState map : kStates) {
+        if (StatusCodeFor(login, charServer, map) == code) return {{login, charServer, map}};
+      }
+    }
+  }
+  return {{AlarmState::NotWatched, AlarmState::NotWatched, AlarmState::NotWatched}};
+}
+
 Colour LightColourFor(AlarmState state) {
   switch (state) {
     case AlarmState::Trouble:

@@ -11,6 +11,9 @@ namespace tarvo {
 /// code (login in trouble, char not watched, map in trouble).
 std::optional<int> StatusCodeFor(AlarmState login, AlarmState charServer, AlarmState map);
 
+/// The alarm states that a code stands for. A code outside 0 to 25 is taken as 8, nothing watched.
+PerComponent<AlarmState> StatesOfCode(int code);
+
 /// The colour of a component's light.
 Colour LightColourFor(AlarmState state);
 

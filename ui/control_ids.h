@@ -43,6 +43,7 @@ inline constexpr std::array kControlIds = {
     ControlId{"lblMemory", ControlType::Label, 1, 1002},
     ControlId{"SSTab1", ControlType::Tab, 1, 1003},
     ControlId{"Sem", ControlType::Light, 3, 1010},
+    ControlId{"Strip", ControlType::Label, 3, 1020},
     ControlId{"RTLog", ControlType::RichText, 1, 1100},
     ControlId{"bStart", ControlType::Button, 5, 1110},
     ControlId{"Exes", ControlType::List, 3, 1200},

@@ -7,6 +7,7 @@
 #include "ui/per_component.h"
 #include "ui/randomizer_page.h"
 #include "ui/rich_text_view.h"
+#include "ui/strip.h"
 #include "ui/timer_queue.h"
 #include "ui/upgrade_page.h"
 
@@ -20,6 +21,7 @@ struct Frame {
   Label lblErr;             ///< Behind "Last failure:": which component failed last, and when.
   Label lblMemory;          ///< Behind "Free Memory:".
   PerComponent<Light> Sem;  ///< Status lights.
+  PerComponent<StatusStrip> Strip;  ///< Beside each light: its component's last hour.
 };
 
 /// First page: what the servers do, and the buttons that start and stop them.

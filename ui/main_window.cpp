@@ -31,6 +31,8 @@ void MainWindow::BringToFront() {
 
 void MainWindow::Close() { Raise(onClose); }
 
+void MainWindow::EndSession() { Raise(onEndSession); }
+
 void MainWindow::End(int exitCode) {
   if (ended_) return;
   ended_ = true;

@@ -29,6 +29,9 @@ class MainWindow : public Control {
   /// The operator's close request: `onClose` decides what becomes of it.
   void Close();
 
+  /// The system ends the operator's session: he is not asked, and `onEndSession` has no say in it.
+  void EndSession();
+
   /// Ends the program with this exit code: no event is handled any more. The first call counts.
   void End(int exitCode);
   bool Ended() const { return ended_; }
@@ -36,6 +39,7 @@ class MainWindow : public Control {
 
   std::function<void()> onResize;
   std::function<void()> onClose;
+  std::function<void()> onEndSession;
 
  private:
   std::string title_ = "Tarvo Launcher";

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/component.h"
+#include "platform/clock.h"
+#include "ui/strip.h"
+
+namespace tarvo {
+
+/// Feeds the strips that show what each component did in the last hour, out of the same states as
+/// the status lights. Nothing of it is stored: a launcher that is started anew has seen nothing.
+class LastHour {
+ public:
+  LastHour(PerComponent<StatusStrip>& strips, const ComponentTable& components, TickClock& clock)
+      : strips_(strips), components_(components), clock_(clock) {}
+
+  /// To be called at each tick of the status lights, after them. Moments that were missed, because
+  /// the machine slept, are unseen.
+  void Note();
+
+  /// Milliseconds that one cell of a strip stands for.
+  static constexpr std::uint32_t kCell = 3600000 / StatusStrip::kCells;
+
+ private:
+  std::size_t CellsSinceLast();
+
+  PerComponent<StatusStrip>& strips_;
+  const ComponentTable& components_;
+  TickClock& clock_;
+  bool begun_ = false;
+  std::uint32_t cellBegan_ = 0;  ///< Tick count at the beginning of the newest cell.
+};
+
+/// What a component's cell shows: its alarm state, or that it is stopped when it is neither watched
+/// nor known to run.
+StripState StripStateOf(const Component& component);
+
+/// A strip in words, such as "Map, last hour: trouble 0.5 min, healthy 12 min".
+std::string WordsOf(const StatusStrip& strip, ComponentKind kind);
+
+}  // namespace tarvo
