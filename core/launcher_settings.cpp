@@ -59,7 +59,7 @@ void LauncherSettings::Load() {
   ReadFlag("RunAtStartup", form_.servers.Check2);
   LoadAutokill();
   LoadRandomizer();
-  LoadUpgradeMode();
+  if (loadUpgradeSettings) loadUpgradeSettings();
   for (std::size_t i = 0; i < kComponentCount; ++i) chkAK_Click(form_.servers, i);
   LoadStartMinimized();
 }
@@ -128,12 +128,6 @@ void LauncherSettings::LoadRandomizer() {
   lastRandomize_ = Converting("LastRandomize", [&] { return ParseDateTime(last); });
   dayRndCnt_ = ReadInteger("DayRndCnt", "0");
   hourRndCnt_ = ReadInteger("HourRndCnt", "0");
-}
-
-void LauncherSettings::LoadUpgradeMode() {
-  const std::int32_t mode = ReadInteger("UpdateMode", "0");
-  if (mode < 0 || mode >= static_cast<std::int32_t>(OptionGroup::Size())) return;
-  form_.upgrade.optMode[static_cast<std::size_t>(mode)].Select();
 }
 
 void LauncherSettings::LoadStartMinimized() {

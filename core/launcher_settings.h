@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "core/component.h"
@@ -39,6 +40,9 @@ class LauncherSettings {
   /// Writes what the operator can edit. A refused write goes unnoticed.
   void Save();
 
+  /// The upgrade loads its own values here: after the randomizer's, before the autokill boxes act.
+  std::function<void()> loadUpgradeSettings;
+
   LocalTime LastRandomize() const { return lastRandomize_; }
   std::int32_t DayRndCnt() const { return dayRndCnt_; }
   std::int32_t HourRndCnt() const { return hourRndCnt_; }
@@ -59,7 +63,6 @@ class LauncherSettings {
   void LoadLogFile();
   void LoadAutokill();
   void LoadRandomizer();
-  void LoadUpgradeMode();
   void LoadStartMinimized();
 
   Form& form_;

@@ -19,6 +19,12 @@ const char* DescriptionOf(Fault fault) {
       return "Internal error";
     case Fault::FileNotFound:
       return "File not found";
+    case Fault::DiskFull:
+      return "Disk full";
+    case Fault::PermissionDenied:
+      return "Permission denied";
+    case Fault::PathFileAccess:
+      return "Path/File access error";
     case Fault::InvalidPropertyValue:
       return "Invalid property value";
   }

@@ -15,6 +15,9 @@ enum class Fault : int {
   TypeMismatch = 13,
   InternalError = 51,
   FileNotFound = 53,
+  DiskFull = 61,
+  PermissionDenied = 70,
+  PathFileAccess = 75,
   InvalidPropertyValue = 380,
 };
 

@@ -1,0 +1,149 @@
+#include "upgrade/component_upgrade.h"
+
+#include <algorithm>
+
+#include "support/date_time.h"
+
+namespace tarvo {
+namespace {
+
+constexpr std::size_t kDigitsToTheMinute = 12;
+
+std::string Doing(const char* what, ComponentKind kind) {
+  return std::string(what) + " " + NameOf(kind) + " Server...";
+}
+
+}  // namespace
+
+void ComponentUpgrade::UpdateNow_Click() {
+  const bool anyRuns = std::any_of(with_.components.begin(), with_.components.end(),
+                                   [](const Component& c) { return c.ProcessId != 0; });
+  if (anyRuns && with_.messageBoxes.Ask(UpgradeQuestion()) != Answer::Yes) return;
+  // A tick under the question may have ended the program.
+  if (with_.form.frame.window.Ended()) return;
+  const int code = RunUpgrade(0);
+  if (const auto box = UpgradeBoxFor(code, with_.form.upgrade.nPath)) with_.messageBoxes.Ask(*box);
+  if (code == kUpgradeSeeLog) with_.form.frame.SSTab1.SetPage(0);
+}
+
+int ComponentUpgrade::RunUpgrade(int trigger) {
+  if (const int refusal = CheckPaths(); refusal != kUpgradeDone) return refusal;
+  DateTexts dates;
+  const Marks isNew = ReadNewDates(dates);
+  if (std::none_of(isNew.begin(), isNew.end(), [](bool mark) { return mark; })) {
+    return kUpgradeNothingNew;
+  }
+  with_.log.LogStatus("Upgrade in progress...", kNotice);
+  if (!MayGoOn(isNew)) return kUpgradeNotAllNew;
+  const Marks toRestart = StopRunning(trigger);
+  if (with_.form.upgrade.chk_Opts[0].Checked()) BackUp();
+  Replace();
+  Remember(dates);
+  StartAgain(toRestart);
+  if (with_.form.upgrade.chk_Opts[2].Checked()) {
+    with_.form.upgrade.optMode[0].Select();
+    with_.settings.optMode_Click(0);
+  }
+  with_.settings.ShowLastUpgrade();
+  return kUpgradeDone;
+}
+
+int ComponentUpgrade::CheckPaths() {
+  const auto& nPath = with_.form.upgrade.nPath;
+  const bool anyEmpty = std::any_of(nPath.begin(), nPath.end(),
+                                    [](const PathBox& box) { return box.Text().empty(); });
+  if (anyEmpty) {
+    return Refuse(kUpgradeNotChosen, "Please, select the right new components (login, char, map)");
+  }
+  const std::string& login = nPath[ComponentKind::Login].Text();
+  const std::string& charServer = nPath[ComponentKind::Char].Text();
+  const std::string& map = nPath[ComponentKind::Map].Text();
+  if (login == charServer || login == map || charServer == map) {
+    return Refuse(kUpgradeSameFile, "Please select the right components.");
+  }
+  for (ComponentKind kind : kComponents) {
+    const std::string& path = nPath[kind].Text();
+    if (with_.files.Exists(path)) continue;
+    return Refuse(kUpgradeFirstMissing + static_cast<int>(IndexOf(kind)), "File missing: " + path);
+  }
+  return kUpgradeDone;
+}
+
+int ComponentUpgrade::Refuse(int code, const std::string& reason) {
+  with_.log.LogStatus("Update Error: " + reason, kAlert);
+  return code;
+}
+
+ComponentUpgrade::Marks ComponentUpgrade::ReadNewDates(DateTexts& dates) {
+  for (ComponentKind kind : kComponents) dates[kind] = with_.settings.StoredDate(kind);
+  Marks isNew{};
+  for (ComponentKind kind : kComponents) {
+    const std::string text = with_.copies.DateText(with_.form.upgrade.nPath[kind].Text());
+    isNew[kind] = text != dates[kind];
+    dates[kind] = text;
+  }
+  return isNew;
+}
+
+bool ComponentUpgrade::MayGoOn(const Marks& isNew) {
+  if (std::all_of(isNew.begin(), isNew.end(), [](bool mark) { return mark; })) return true;
+  if (with_.form.upgrade.chk_Opts[1].Checked()) {
+    with_.log.LogStatus("Error, some server component have not changes! - Upgrade stopped", kAlert);
+    return false;
+  }
+  with_.log.LogStatus("Warning, some server component have not changes!", kNotice);
+  return true;
+}
+
+ComponentUpgrade::Marks ComponentUpgrade::StopRunning(int trigger) {
+  Marks toRestart{};
+  with_.UpgradeInProgress = true;
+  for (ComponentKind kind : kComponents) {
+    if (with_.components[kind].ProcessId != 0) {
+      with_.log.LogStatus(Doing("Stopping", kind), kInfo);
+      with_.startStop.StopComponent(kind);
+      toRestart[kind] = true;
+    }
+    if (trigger == static_cast<int>(IndexOf(kind)) + 1) toRestart[kind] = true;
+  }
+  with_.UpgradeInProgress = false;
+  return toRestart;
+}
+
+void ComponentUpgrade::BackUp() {
+  const std::string folder = with_.appFolder + "\\LBackup";
+  if (!with_.copies.FolderExists(folder)) {
+    with_.log.LogStatus("Creating LBackup folder (first time)", kExtra);
+    with_.copies.MakeFolder(folder);
+  }
+  const std::string stamp = DateStamp(with_.clock.Now()).substr(0, kDigitsToTheMinute);
+  for (ComponentKind kind : kComponents) {
+    const std::string exe = with_.form.servers.Exes[kind].Text();
+    const std::string saved = "\\LBackup\\" + stamp + "_" + exe;
+    with_.log.LogStatus("Saving " + exe + " as " + saved, kExtra);
+    with_.copies.CopyOver(with_.settings.TargetPath(kind), with_.appFolder + saved);
+  }
+}
+
+void ComponentUpgrade::Replace() {
+  for (ComponentKind kind : kComponents) {
+    with_.log.LogStatus(Doing("Upgrading", kind), kExtra);
+    with_.copies.CopyOver(with_.form.upgrade.nPath[kind].Text(), with_.settings.TargetPath(kind));
+  }
+}
+
+void ComponentUpgrade::Remember(const DateTexts& dates) {
+  for (ComponentKind kind : kComponents) with_.settings.StoreDate(kind, dates[kind]);
+  with_.log.LogStatus("Upgrade complete!", kExtra);
+  with_.settings.StoreLastUpgrade(GeneralDate(with_.clock.Now()));
+}
+
+void ComponentUpgrade::StartAgain(const Marks& toRestart) {
+  for (ComponentKind kind : kComponents) {
+    if (!toRestart[kind]) continue;
+    with_.log.LogStatus(Doing("Starting", kind), kNotice);
+    with_.startStop.StartComponent(kind);
+  }
+}
+
+}  // namespace tarvo

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <string>
+
+#include "core/component.h"
+#include "core/start_stop.h"
+#include "core/status_log.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/message_boxes.h"
+#include "ui/form.h"
+#include "upgrade/patient_copies.h"
+#include "upgrade/upgrade_boxes.h"
+#include "upgrade/upgrade_settings.h"
+
+namespace tarvo {
+
+/// Replaces the three server executables of the root by newly built ones, keeps a dated copy of the
+/// old ones in `LBackup`, and starts again what ran. An executable is new when the text of its
+/// last-modified date differs from the one remembered from the upgrade before.
+class ComponentUpgrade {
+ public:
+  /// What the upgrade works with. `UpgradeInProgress` is the program's one flag: true while an
+  /// upgrade stops the running components.
+  struct Parts {
+    Form& form;
+    ComponentTable& components;
+    StartStop& startStop;
+    StatusLog& log;
+    UpgradeSettings& settings;
+    FileReader& files;
+    PatientCopies copies;
+    LocalClock& clock;
+    MessageBoxes& messageBoxes;
+    std::string appFolder;
+    bool& UpgradeInProgress;
+  };
+
+  explicit ComponentUpgrade(Parts parts) : with_(std::move(parts)) {}
+
+  /// The operator's upgrade: asks first when a component runs, and tells the result in a box.
+  void UpdateNow_Click();
+
+  /// Upgrades all three executables, to the end, within the event that called. `trigger` is 0 for
+  /// the operator, 1, 2, 3 when login, char, map has crashed; that component is started afterwards
+  /// whether or not it ran. Returns a code of upgrade_boxes.h, 0 when the upgrade is done. A
+  /// refused upgrade (any other code) has touched no file and stopped nothing.
+  ///
+  /// A folder or copy that fails is a fault of the run time (see `PatientCopies`): what was copied
+  /// stays copied, no date is remembered, and nothing is started again.
+  int RunUpgrade(int trigger);
+
+ private:
+  using DateTexts = PerComponent<std::string>;
+  using Marks = PerComponent<bool>;
+
+  int CheckPaths();
+  int Refuse(int code, const std::string& reason);
+  Marks ReadNewDates(DateTexts& dates);
+  bool MayGoOn(const Marks& isNew);
+  Marks StopRunning(int trigger);
+  void BackUp();
+  void Replace();
+  void Remember(const DateTexts& dates);
+  void StartAgain(const Marks& toRestart);
+
+  Parts with_;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/message_boxes.h"
+#include "ui/upgrade_page.h"
+
+namespace tarvo {
+
+/// Results of an upgrade. The codes of a missing file are `kUpgradeFirstMissing` and the two after
+/// it: login, char, map.
+inline constexpr int kUpgradeDone = 0;
+inline constexpr int kUpgradeNothingNew = 1;
+inline constexpr int kUpgradeNotAllNew = 2;
+inline constexpr int kUpgradeSeeLog = 3;  ///< Reserved for whoever calls; no upgrade returns it.
+inline constexpr int kUpgradeNotChosen = 4;
+inline constexpr int kUpgradeSameFile = 5;
+inline constexpr int kUpgradeFirstMissing = 6;
+
+/// Asked before servers that run are stopped by an upgrade that the operator began.
+MessageBoxRequest UpgradeQuestion();
+
+/// The box that tells the operator what became of the upgrade that he began; nothing for a code
+/// that there is not.
+std::optional<MessageBoxRequest> UpgradeBoxFor(int code, const PerComponent<PathBox>& nPath);
+
+}  // namespace tarvo

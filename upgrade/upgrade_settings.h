@@ -1,0 +1,62 @@
+#pragma once
+
+#include <string>
+
+#include "core/server_root.h"
+#include "platform/file_dialog.h"
+#include "platform/registry.h"
+#include "ui/form.h"
+
+namespace tarvo {
+
+/// What the upgrade remembers between its runs, all of it string values of the root's key, and the
+/// page's controls that show and choose it.
+///
+/// A path that the operator has chosen in the dialog or dropped onto its box is stored at once; one
+/// that he types is used and not stored. Refused writes go unnoticed.
+class UpgradeSettings {
+ public:
+  UpgradeSettings(Form& form, Registry& registry, const ServerRoot& root, FileDialog& dialog)
+      : page_(form.upgrade),
+        Exes_(form.servers.Exes),
+        registry_(registry),
+        settingsKey_(root.SettingsKey()),
+        appFolder_(root.AppFolder()),
+        dialog_(dialog) {}
+
+  /// Fills the page, once at start-up, after the executables are chosen. Writes nothing. An
+  /// `UpdateMode` that is no 32-bit number is a fault (13, 6) whose source is the value's name; a
+  /// number that is no option's selects none.
+  void LoadUpgradeSettings();
+
+  /// Asks for the new executable of a component; cancelling changes nothing.
+  void cmd_nBrowse_Click(ComponentKind kind);
+  /// The operator has chosen this file by any means: shows and stores its path.
+  void ChooseNew(ComponentKind kind, const std::string& path);
+  void optMode_Click(std::size_t index);
+
+  /// Full path of the executable that will be replaced; it follows the component's chooser.
+  std::string TargetPath(ComponentKind kind) const;
+  void ShowTarget(ComponentKind kind);
+
+  /// The date text of the executable that was copied last; "" when there was none.
+  std::string StoredDate(ComponentKind kind);
+  void StoreDate(ComponentKind kind, const std::string& text);
+  void StoreLastUpgrade(const std::string& text);
+  /// Shows the moment of the last upgrade, "n/a" when there was none.
+  void ShowLastUpgrade();
+
+ private:
+  void LoadMode();
+  std::string Read(const std::string& name, const std::string& defaultText = {});
+  void Write(const std::string& name, const std::string& text);
+
+  UpgradePage& page_;
+  const PerComponent<DropDownList>& Exes_;
+  Registry& registry_;
+  const std::string settingsKey_;
+  const std::string appFolder_;
+  FileDialog& dialog_;
+};
+
+}  // namespace tarvo
