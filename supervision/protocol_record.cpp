@@ -14,20 +14,20 @@ constexpr std::size_t kServiceFlags = 0;
 constexpr std::size_t kProviderFlags = 16;
 constexpr std::size_t kProviderId = 20;
 constexpr std::size_t kCatalogEntryId = 36;
-constexpr std::size_t kVersion = 76;  // Behind the protocol chain: a length and seven entries.
-constexpr std::size_t kAddressFamily = 80;
-constexpr std::size_t kMaxSockAddr = 84;
-constexpr std::size_t kMinSockAddr = 88;
-constexpr std::size_t kSocketType = 92;
-constexpr std::size_t kProtocol = 96;
-constexpr std::size_t kProtocolMaxOffset = 100;
-constexpr std::size_t kNetworkByteOrder = 104;
-constexpr std::size_t kSecurityScheme = 108;
-constexpr std::size_t kMessageSize = 112;
-constexpr std::size_t kProtocolName = 120;  // A reserved number stands before it.
+constexpr std::size_t kVersion = 72;  // Behind the protocol chain: a length and seven entries.
+constexpr std::size_t kAddressFamily = 76;
+constexpr std::size_t kMaxSockAddr = 80;
+constexpr std::size_t kMinSockAddr = 84;
+constexpr std::size_t kSocketType = 88;
+constexpr std::size_t kProtocol = 92;
+constexpr std::size_t kProtocolMaxOffset = 96;
+constexpr std::size_t kNetworkByteOrder = 100;
+constexpr std::size_t kSecurityScheme = 104;
+constexpr std::size_t kMessageSize = 108;
+constexpr std::size_t kProtocolName = 116;  // A reserved number stands before it.
 constexpr std::size_t kProtocolNameSize = 256;
 
-static_assert(kProtocolName + 256 <= std::tuple_size_v<ProtocolRecord>);
+static_assert(kProtocolName + kProtocolNameSize <= std::tuple_size_v<ProtocolRecord>);
 
 std::int32_t NumberAt(const ProtocolRecord& record, std::size_t offset) {
   std::int32_t number = 0;
