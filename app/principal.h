@@ -56,6 +56,8 @@ class Principal {
   /// Where an upgrade takes over a crash; see `CrashWatch::runUpgrade`.
   CrashWatch& TheCrashWatch() { return crashWatch_; }
 
+  frmSysTray& TheTray() { return tray_; }
+
  private:
   void WireControls();
   void WireTimers();
