@@ -33,10 +33,23 @@ class BasicAppendString {
 
   /// Appends `text`, which may be empty. It must not lie in the builder itself.
   void AddToString(View text) {
-    if (text.size() <= room_) {
-      Put(text);
+    if (text.size() <= Room()) {
+      end_ = Copied(end_, text);
     } else {
       AddBeyondBlock(text);
+    }
+  }
+
+  /// Appends texts and literals one behind the other: as AddToString for each, with one look at the
+  /// room for all of them.
+  template <typename... Pieces>
+  void AddPieces(const Pieces&... pieces) {
+    if ((AsView(pieces).size() + ...) <= Room()) {
+      Character* to = end_;
+      ((to = Copied(to, AsView(pieces))), ...);
+      end_ = to;
+    } else {
+      (AddToString(AsView(pieces)), ...);
     }
   }
 
@@ -72,22 +85,27 @@ class BasicAppendString {
   static constexpr std::size_t kMostCharacters =
       static_cast<std::size_t>(kMostBytes) / sizeof(Character);
 
-  std::size_t UsedCharacters() const { return before_ + used_; }
+  static View AsView(View text) { return text; }
+  template <std::size_t kSize>
+  static View AsView(const Character (&literal)[kSize]) {
+    return {literal, kSize - 1};
+  }
 
-  void Put(View text) {
-    if (text.empty()) return;
-    std::memcpy(end_, text.data(), text.size() * sizeof(Character));
-    end_ += text.size();
-    used_ += text.size();
-    room_ -= text.size();
+  std::size_t Room() const { return static_cast<std::size_t>(limit_ - end_); }
+  std::size_t Used() const { return static_cast<std::size_t>(end_ - begin_); }
+  std::size_t UsedCharacters() const { return before_ + Used(); }
+
+  static Character* Copied(Character* to, View text) {
+    if (!text.empty()) std::memcpy(to, text.data(), text.size() * sizeof(Character));
+    return to + text.size();
   }
 
   void AddBeyondBlock(View text) {
     Extend(text.size());
     while (!text.empty()) {
-      if (room_ == 0) Open(current_ + 1);
-      const View part = text.substr(0, room_);
-      Put(part);
+      if (Room() == 0) Open(current_ + 1);
+      const View part = text.substr(0, Room());
+      end_ = Copied(end_, part);
       text.remove_prefix(part.size());
     }
   }
@@ -105,11 +123,10 @@ class BasicAppendString {
   }
 
   void Open(std::size_t block) {
-    before_ += used_;
+    before_ += Used();
     current_ = block;
-    used_ = 0;
-    end_ = blocks_[block].characters.get();
-    room_ = std::min(blocks_[block].size, kMostCharacters - before_);
+    begin_ = end_ = blocks_[block].characters.get();
+    limit_ = begin_ + std::min(blocks_[block].size, kMostCharacters - before_);
   }
 
   String Joined() const {
@@ -117,7 +134,7 @@ class BasicAppendString {
     text.reserve(UsedCharacters());
     for (std::size_t i = 0; i < current_; ++i)
       text.append(blocks_[i].characters.get(), blocks_[i].size);
-    if (!blocks_.empty()) text.append(blocks_[current_].characters.get(), used_);
+    if (!blocks_.empty()) text.append(begin_, Used());
     return text;
   }
 
@@ -129,18 +146,18 @@ class BasicAppendString {
           {std::unique_ptr<Character[]>(new Character[text.size()]), text.size()});
       cut.capacity_ = text.size();
       cut.Open(0);
-      cut.Put(text);
+      cut.end_ = Copied(cut.end_, text);
     }
     *this = std::move(cut);
   }
 
   std::vector<Block> blocks_;
-  std::size_t capacity_ = 0;  // characters in all blocks
-  std::size_t current_ = 0;   // the block being filled; those before it are full
-  std::size_t before_ = 0;    // characters in the full blocks
-  std::size_t used_ = 0;      // characters in the current block
-  std::size_t room_ = 0;      // characters that still go into the current block
-  Character* end_ = nullptr;  // where the next character goes
+  std::size_t capacity_ = 0;    // characters in all blocks
+  std::size_t current_ = 0;     // the block being filled; those before it are full
+  std::size_t before_ = 0;      // characters in the full blocks
+  Character* begin_ = nullptr;  // of the current block
+  Character* end_ = nullptr;    // where the next character goes
+  Character* limit_ = nullptr;  // behind the last character that the block takes
 };
 
 /// The builder for the program's own 8-bit text, and the one for UTF-16.

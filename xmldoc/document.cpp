@@ -23,8 +23,12 @@ void Document::DestroyTree(Document* first) {
     for (Document* child : node->childs_.list_) {
       if (--child->header_.references > 0) continue;
       delete child->rare_;
-      child->nextDying_ = first;
-      first = child;
+      if (child->childs_.Count() == 0) {
+        child->Destroy();
+      } else {
+        child->nextDying_ = first;
+        first = child;
+      }
     }
     node->childs_.list_.Abandon();
     node->Destroy();

@@ -62,8 +62,12 @@ class AttributePacker {
  public:
   void Clear() {
     lengths_.clear();
-    textSize_ = 0;
+    written_ = {};
   }
+  /// Takes attributes as the writer writes them, ` name="value"` with nothing else in between, from
+  /// `from` on, as long as there are any and they hold no sign that ends a tag or breaks its line.
+  /// Returns where they end. The text has to stay until CopyTo.
+  const char* TakeWritten(const char* from, const char* end);
   /// Makes room for the attributes that lie in so many bytes of tag text.
   void Reserve(std::size_t tagBytes);
   /// The name is trimmed already. What Reserve was told bounds what may be added.
@@ -73,14 +77,14 @@ class AttributePacker {
   std::size_t Size() const {
     if (lengths_.empty()) return 0;
     return sizeof(PackedAttributes::Head) + lengths_.size() * sizeof(PackedAttributes::Lengths) +
-           textSize_;
+           written_.size();
   }
   void CopyTo(char* bytes) const;
 
  private:
   std::vector<PackedAttributes::Lengths> lengths_;
   std::vector<char> text_;
-  std::size_t textSize_ = 0;
+  std::string_view written_;  // in text_, or where TakeWritten found it
 };
 
 }  // namespace tarvo

@@ -75,62 +75,55 @@ class TreeWriter {
   }
 
   void StartNode(Document& node) {
-    Indent(open_.size());
-    StartTag(node.NameView(), node.Parameters());
+    Add(Tabs(open_.size()), "<", node.NameView(), node.Parameters().ReadyText());
+    AddLooseParameters(node.Parameters());
     if (node.fields_.Count() == 0 && node.childs_.Count() == 0) {
-      sink_.AddToString("/>\r\n");
+      Add("/>\r\n");
       return;
     }
-    sink_.AddToString(">\r\n");
+    Add(">\r\n");
     open_.push_back({BusyMark(node), 0});
     for (Field* field : node.fields_.list_) WriteField(*field);
   }
 
   void EndNode() {
-    Indent(open_.size() - 1);
-    EndTag(open_.back().mark.Node().NameView());
+    Add(Tabs(open_.size() - 1), "</", open_.back().mark.Node().NameView(), ">\r\n");
     open_.pop_back();
   }
 
   void WriteField(Field& field) {
-    Indent(open_.size());
-    StartTag(field.NameView(), field.Parameters());
+    const std::string_view name = field.NameView();
+    Add(Tabs(open_.size()), "<", name, field.Parameters().ReadyText());
+    AddLooseParameters(field.Parameters());
     // The kept form is the value with "<" and ">" escaped already.
     const std::string_view value = field.EscapedValueView();
     if (value.empty()) {
-      sink_.AddToString("/>\r\n");
-      return;
+      Add("/>\r\n");
+    } else {
+      Add(">", value, "</", name, ">\r\n");
     }
-    sink_.AddToString(">");
-    sink_.AddToString(value);
-    EndTag(field.NameView());
   }
 
-  void StartTag(std::string_view name, const Parameters& parameters) {
-    sink_.AddToString("<");
-    sink_.AddToString(name);
-    if (!parameters.ReadyText().empty()) {
-      sink_.AddToString(parameters.ReadyText());
-      return;
-    }
-    parameters.ForEach([this](std::string_view itsName, std::string_view value) {
-      sink_.AddToString(" ");
-      sink_.AddToString(itsName);
-      sink_.AddToString("=\"");
-      sink_.AddToString(value);
-      sink_.AddToString("\"");
+  /// The attributes whose text does not lie ready.
+  void AddLooseParameters(const Parameters& parameters) {
+    if (!parameters.ReadyText().empty()) return;
+    parameters.ForEach([this](std::string_view name, std::string_view value) {
+      Add(" ", name, "=\"", value, "\"");
     });
   }
 
-  void EndTag(std::string_view name) {
-    sink_.AddToString("</");
-    sink_.AddToString(name);
-    sink_.AddToString(">\r\n");
+  std::string_view Tabs(std::size_t depth) {
+    if (tabs_.size() < depth) tabs_.resize(depth * 2, '\t');
+    return std::string_view(tabs_).substr(0, depth);
   }
 
-  void Indent(std::size_t depth) {
-    if (tabs_.size() < depth) tabs_.resize(depth * 2, '\t');
-    sink_.AddToString(std::string_view(tabs_).substr(0, depth));
+  template <typename... Pieces>
+  void Add(const Pieces&... pieces) {
+    if constexpr (requires { sink_.AddPieces(pieces...); }) {
+      sink_.AddPieces(pieces...);
+    } else {
+      (sink_.AddToString(pieces), ...);
+    }
   }
 
   Sink& sink_;

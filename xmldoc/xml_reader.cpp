@@ -77,7 +77,7 @@ XmlReader::Step XmlReader::ReadTag() {
   const char* open = FindOpen(at_);
   if (open == nullptr) return OnlyLineEndsLeft() ? Step::EndOfText : neverClosed;
   Tag tag;
-  if (!ScanTag(open, tag, repairedTag_)) return neverClosed;
+  if (!ScanPlainTag(open, tag) && !ScanTag(open, tag, repairedTag_)) return neverClosed;
   if (IsClosing(tag.name)) {
     CloseNode(tag);
     return Step::Next;
@@ -91,6 +91,26 @@ XmlReader::Step XmlReader::ReadTag() {
 
 bool XmlReader::OnlyLineEndsLeft() const {
   return std::all_of(at_, end_, [](char c) { return c == '\r' || c == '\n' || c == '\t'; });
+}
+
+bool XmlReader::ScanPlainTag(const char* open, Tag& tag) {
+  const char* name = open + 1;
+  if (name == end_ || *name == '!') return false;
+  const char* at = name;
+  while (at != end_ && *at != ' ' && *at != '>' && *at != '\r' && *at != '\n') ++at;
+  const char* nameEnd = at;
+  const char* attributesEnd = packer_.TakeWritten(at, end_);
+  at = attributesEnd;
+  const bool slash = at != nameEnd && at != end_ && *at == '/';
+  if (slash) ++at;
+  if (at == end_ || *at != '>') return false;
+  tag.name = Between(name, nameEnd);
+  tag.packed = true;
+  tag.hasBlank = attributesEnd != nameEnd;
+  if (tag.hasBlank) tag.attributes = Between(nameEnd + 1, attributesEnd);
+  tag.closesItself = slash || (nameEnd == at && nameEnd[-1] == '/');
+  tag.end = at + 1;
+  return true;
 }
 
 bool XmlReader::ScanTag(const char* open, Tag& tag, std::string& repaired) const {
@@ -169,8 +189,10 @@ XmlReader::Step XmlReader::ReadDeclaration(const Tag& tag, const char* next) {
   }
 }
 
-bool XmlReader::ReadAttributes(std::string_view attributes) {
+bool XmlReader::ReadAttributes(const Tag& tag) {
+  if (tag.packed) return true;
   packer_.Clear();
+  std::string_view attributes = tag.attributes;
   if (attributes.empty()) return true;
   packer_.Reserve(attributes.size());
   for (;;) {
@@ -199,7 +221,7 @@ XmlReader::Step XmlReader::ReadLeaf(const Tag& tag, const char* next, const char
     value = KeptForm(Between(tag.end, next));
     next = FindOpen(closingEnd);
   }
-  const bool accepted = ReadAttributes(tag.attributes);
+  const bool accepted = ReadAttributes(tag);
   Ref<Field> field = maker_.MakeField(name, value, packer_);
   if (hasCipher_) {
     field->SetEncodePassword(encodePassword_);
@@ -213,7 +235,7 @@ XmlReader::Step XmlReader::ReadLeaf(const Tag& tag, const char* next, const char
 XmlReader::Step XmlReader::ReadElement(const Tag& tag, const char* next) {
   at_ = next;
   if (node_->name_.Empty()) return NameNode(tag);
-  const bool accepted = ReadAttributes(tag.attributes);
+  const bool accepted = ReadAttributes(tag);
   Ref<Document> child = maker_.MakeDocument(tag.name, packer_);
   if (hasCipher_) {
     child->SetEncodePassword(encodePassword_);

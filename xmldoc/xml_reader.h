@@ -27,11 +27,15 @@ class XmlReader {
     std::string_view name;        ///< From behind "<" to the first blank, or to ">".
     std::string_view attributes;  ///< Behind the first blank, without ">" and a "/" before it.
     bool hasBlank = false;        ///< Whether there was one.
+    bool packed = false;          ///< The attributes are in packer_ already.
     bool closesItself = false;    ///< Ends in "/>".
     const char* end = nullptr;    ///< Behind the closer in the text.
   };
 
   Step ReadTag();
+  /// Scans a tag as the writer writes them, which most are: its attributes are in packer_ then.
+  /// False for any other tag, sound or not.
+  bool ScanPlainTag(const char* open, Tag& tag);
   /// False when the tag has no closer. The parts of `tag` lie in the text, or in `repaired` when
   /// the tag has line breaks.
   bool ScanTag(const char* open, Tag& tag, std::string& repaired) const;
@@ -48,7 +52,7 @@ class XmlReader {
   Step NameNode(const Tag& tag);
   /// Gathers the attributes in packer_. False at a name that the setter refuses; those before it
   /// stay.
-  bool ReadAttributes(std::string_view attributes);
+  bool ReadAttributes(const Tag& tag);
   std::string_view KeptForm(std::string_view value);
   const char* FindOpen(const char* from) const;
 
