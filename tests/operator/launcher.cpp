@@ -85,15 +85,20 @@ DWORD ProcessOf(HWND window) {
   return pid;
 }
 
+std::optional<FoundControl> FindControl(HWND launcher, const ControlId& entry, int index) {
+  Search search{entry.firstId + index, nullptr};
+  EnumChildWindows(launcher, TakeIfIt, reinterpret_cast<LPARAM>(&search));
+  if (!search.found) return std::nullopt;
+  return FoundControl{&entry, index, search.found};
+}
+
 FoundControl NeedControl(HWND launcher, const std::string& name, int index) {
   const ControlId* entry = FindControlId(name);
   if (!entry) throw OperatorError("no control has the name " + name);
   const int element = CheckedIndex(*entry, index);
-  Search search{entry->firstId + element, nullptr};
-  EnumChildWindows(launcher, TakeIfIt, reinterpret_cast<LPARAM>(&search));
-  const FoundControl control{entry, element, search.found};
-  if (!control.window) throw OperatorError("the window has no " + NameOf(control));
-  return control;
+  const auto control = FindControl(launcher, *entry, element);
+  if (!control) throw OperatorError("the window has no " + NameOf({entry, element, nullptr}));
+  return *control;
 }
 
 std::string NameOf(const FoundControl& control) {

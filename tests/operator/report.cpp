@@ -73,7 +73,7 @@ void PrintState(HWND launcher) {
               ProcessOf(launcher));
   for (const ControlId& entry : kControlIds) {
     for (int i = 0; i < entry.count; ++i) {
-      PrintControl(NeedControl(launcher, std::string(entry.name), i));
+      if (const auto control = FindControl(launcher, entry, i)) PrintControl(*control);
     }
   }
 }

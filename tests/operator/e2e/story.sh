@@ -70,7 +70,7 @@ expect_box() {
 
 # state CONTROL [INDEX]: the control's line of the operator's state.
 state() {
-  operate state | tr -d '\r' | grep -E "^$1$([[ $# -gt 1 ]] && printf '\\(%s\\)' "$2")( |$)" | head -1
+  operate state | tr -d '\r' | grep -E "^$1${2:+ $2} " | head -1
 }
 
 expect_state() {
@@ -96,7 +96,7 @@ server_pid() { server pids "$1" | tr -d '\r' | grep -oE '[0-9]+' | tail -1; }
 has_count() { [[ $(server_count "$1") == "$2" ]]; }
 expect_count() { await 10 has_count "$1" "$2" || fail "$(server_count "$1") of $1, not $2"; }
 
-light() { state Sem "$1" | grep -oE '0x[0-9A-Fa-f]{6}'; }
+light() { state Sem "$1" | grep -oE '0x[0-9A-Fa-f]{6}' || true; }
 has_light() { [[ $(light "$1") == "$2" ]]; }
 # expect_light SECONDS INDEX COLOUR
 expect_light() { await "$1" has_light "$2" "$3" || fail "light $2 is $(light "$2"), not $3"; }

@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# An empty autokill box at the start is a fault: number and description in a box, an exit code that is
+# not 0, and nothing saved. A box that holds letters is cleaned while they are typed.
+source "$(dirname "$0")/story.sh"
+story_begin "$0" "$@"
+start_launcher
+operate check chkAK 1
+operate set TTO 1 12a
+expect_equal "$(operate text TTO 1 | tr -d '\r')" "12" "cleaned box"
+operate set TTO 1 abc
+expect_equal "$(operate text TTO 1 | tr -d '\r')" "0" "cleaned box"
+operate set TTO 1 ""
+operate click bStart 0
+shown=$(operate answer ok --wait 20) || fail "no box"
+[[ $shown == *"13"* && $shown == *"Type mismatch"* ]] || fail "the box says '$shown'"
+code=0
+launcher_wait || code=$?
+[[ $code -ne 0 ]] || fail "exit code 0 after a fault"
+if settings_read "$ROOT" CharTimeout; then fail "settings were saved"; fi
+expect_count login 0

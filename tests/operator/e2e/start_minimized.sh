@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# "Start Minimized" starts the launcher hidden; it works all the same.
+source "$(dirname "$0")/story.sh"
+story_begin "$0" "$@"
+session_demo_settings "$ROOT"
+settings_write "$ROOT" StartMinimized=1
+launcher_start "$ROOT"
+expect_log 30 "Launcher Ready!"
+[[ $(state window) == *"visible=0"* ]] || fail "the window is visible"
+expect_log 10 "Map Server Started"
+launcher_first=$LAUNCHER_PROCESS
+launcher_start "$ROOT"
+launcher_wait || fail "the second launcher ended with $?"
+LAUNCHER_PROCESS=$launcher_first
+operate click bStart 4
+expect_log 10 "Map Server Stopped!"
+close_launcher
