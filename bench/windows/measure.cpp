@@ -1,0 +1,212 @@
+// Measures another program from outside:
+//
+//   measure start EXE CLASS        starts EXE in the current folder; prints the milliseconds until
+//   a
+//                                  visible window of that class answers; closes it again
+//   measure handles NAME           prints how many system handles the process of that file name has
+//   measure objects NAME           prints how many GDI objects and how many windows it has
+//   measure successor NAME         ends the process of that file name and prints the milliseconds
+//   until
+//                                  another one of that name runs
+//
+// Handles are counted in the system's own handle list and GDI objects in the process's handle
+// table: Wine answers the plain questions for both with 0.
+
+#include <windows.h>
+// After windows.h, which they need.
+#include <tlhelp32.h>
+#include <winternl.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+double Now() {
+  LARGE_INTEGER count, frequency;
+  QueryPerformanceCounter(&count);
+  QueryPerformanceFrequency(&frequency);
+  return static_cast<double>(count.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
+}
+
+DWORD FindProcess(const char* name, DWORD other = 0) {
+  PROCESSENTRY32 entry{};
+  entry.dwSize = sizeof entry;
+  const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+  DWORD found = 0;
+  for (BOOL more = Process32First(snapshot, &entry); more != 0 && found == 0;
+       more = Process32Next(snapshot, &entry)) {
+    if (lstrcmpiA(entry.szExeFile, name) == 0 && entry.th32ProcessID != other) {
+      found = entry.th32ProcessID;
+    }
+  }
+  CloseHandle(snapshot);
+  return found;
+}
+
+struct WindowSearch {
+  DWORD process;
+  const char* className;
+  HWND window;
+};
+
+BOOL CALLBACK MatchWindow(HWND window, LPARAM argument) {
+  auto& search = *reinterpret_cast<WindowSearch*>(argument);
+  DWORD owner = 0;
+  GetWindowThreadProcessId(window, &owner);
+  char name[128] = "";
+  GetClassNameA(window, name, sizeof name);
+  if (owner != search.process || IsWindowVisible(window) == 0 ||
+      std::strcmp(name, search.className) != 0) {
+    return TRUE;
+  }
+  search.window = window;
+  return FALSE;
+}
+
+int MeasureStart(const char* executable, const char* className) {
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  std::string commandLine = executable;
+  const double start = Now();
+  if (CreateProcessA(executable, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                     &startup, &process) == 0) {
+    std::fprintf(stderr, "cannot start %s\n", executable);
+    return 1;
+  }
+  WindowSearch search{process.dwProcessId, className, nullptr};
+  DWORD_PTR answer = 0;
+  while (Now() - start < 30000) {
+    if (search.window == nullptr) EnumWindows(MatchWindow, reinterpret_cast<LPARAM>(&search));
+    if (search.window != nullptr &&
+        SendMessageTimeoutA(search.window, WM_NULL, 0, 0, SMTO_NORMAL, 5000, &answer) != 0) {
+      std::printf("%.1f\n", Now() - start);
+      PostMessageA(search.window, WM_CLOSE, 0, 0);
+      return WaitForSingleObject(process.hProcess, 20000) == WAIT_OBJECT_0 ? 0 : 1;
+    }
+    Sleep(1);
+  }
+  return 1;
+}
+
+// The system's handle list, class 16 of NtQuerySystemInformation.
+struct SystemHandle {
+  ULONG owner;
+  BYTE type;
+  BYTE flags;
+  USHORT value;
+  void* object;
+  ULONG access;
+};
+
+int CountHandles(DWORD process) {
+  std::vector<std::uint8_t> buffer(1 << 16);
+  ULONG size = 0;
+  const auto handleList = static_cast<SYSTEM_INFORMATION_CLASS>(16);
+  while (NtQuerySystemInformation(handleList, buffer.data(), static_cast<ULONG>(buffer.size()),
+                                  &size) == static_cast<NTSTATUS>(0xC0000004)) {
+    buffer.resize(buffer.size() * 2);
+  }
+  ULONG count = 0;
+  std::memcpy(&count, buffer.data(), sizeof count);
+  const std::uint8_t* entries = buffer.data() + sizeof(void*);
+  int owned = 0;
+  for (ULONG i = 0; i < count; ++i) {
+    SystemHandle handle;
+    std::memcpy(&handle, entries + i * sizeof handle, sizeof handle);
+    owned += handle.owner == process ? 1 : 0;
+  }
+  return owned;
+}
+
+// An entry of the table of GDI handles that a process's environment block points to; 24 bytes in a
+// 64-bit program.
+struct GdiEntry {
+  std::uint64_t object;
+  std::uint16_t owner;
+  std::uint16_t count;
+  std::uint16_t unique;
+  std::uint8_t type;
+  std::uint8_t flags;
+  std::uint64_t user;
+};
+static_assert(sizeof(GdiEntry) == 24);
+
+int CountGdiObjects(DWORD processId) {
+  constexpr std::size_t kTableOffset = 0xF8;  // GdiSharedHandleTable in the 64-bit block.
+  constexpr std::size_t kTableSize = 0x4000;
+  const HANDLE process = OpenProcess(PROCESS_VM_READ | PROCESS_QUERY_INFORMATION, FALSE, processId);
+  PROCESS_BASIC_INFORMATION basic{};
+  NtQueryInformationProcess(process, ProcessBasicInformation, &basic, sizeof basic, nullptr);
+  void* table = nullptr;
+  ReadProcessMemory(process, reinterpret_cast<char*>(basic.PebBaseAddress) + kTableOffset, &table,
+                    sizeof table, nullptr);
+  std::vector<GdiEntry> entries(kTableSize);
+  SIZE_T read = 0;
+  ReadProcessMemory(process, table, entries.data(), entries.size() * sizeof(GdiEntry), &read);
+  CloseHandle(process);
+  int count = 0;
+  for (std::size_t i = 0; i < read / sizeof(GdiEntry); ++i) count += entries[i].type != 0 ? 1 : 0;
+  return count;
+}
+
+struct WindowCount {
+  DWORD process;
+  int count;
+};
+
+BOOL CALLBACK CountWindow(HWND window, LPARAM argument) {
+  auto& windows = *reinterpret_cast<WindowCount*>(argument);
+  DWORD owner = 0;
+  GetWindowThreadProcessId(window, &owner);
+  if (owner == windows.process) ++windows.count;
+  return TRUE;
+}
+
+BOOL CALLBACK CountFamily(HWND window, LPARAM argument) {
+  CountWindow(window, argument);
+  EnumChildWindows(window, CountWindow, argument);
+  return TRUE;
+}
+
+int CountWindows(DWORD process) {
+  WindowCount windows{process, 0};
+  EnumWindows(CountFamily, reinterpret_cast<LPARAM>(&windows));
+  return windows.count;
+}
+
+int MeasureSuccessor(const char* name) {
+  const DWORD old = FindProcess(name);
+  const HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, old);
+  const double start = Now();
+  if (old == 0 || TerminateProcess(process, 0) == 0) return 1;
+  CloseHandle(process);
+  while (Now() - start < 30000) {
+    if (FindProcess(name, old) != 0) {
+      std::printf("%.1f\n", Now() - start);
+      return 0;
+    }
+    Sleep(2);
+  }
+  return 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::string command = argc > 2 ? argv[1] : "";
+  if (command == "start" && argc == 4) return MeasureStart(argv[2], argv[3]);
+  if (command == "successor") return MeasureSuccessor(argv[2]);
+  const DWORD process = argc > 2 ? FindProcess(argv[2]) : 0;
+  if (process == 0) {
+    std::fprintf(stderr, "usage: measure start EXE CLASS | handles|objects|successor NAME\n");
+    return 1;
+  }
+  if (command == "handles") std::printf("%d\n", CountHandles(process));
+  if (command == "objects") std::printf("%d %d\n", CountGdiObjects(process), CountWindows(process));
+  return 0;
+}
