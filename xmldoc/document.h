@@ -13,6 +13,8 @@
 
 namespace tarvo {
 
+struct TemplatePorts;
+
 /// A node of a document tree: a name, attributes, fields (leaf elements) and child nodes. The root
 /// of a tree is a node like any other, and knows how to read and write the whole of it.
 ///
@@ -103,6 +105,19 @@ class Document {
   /// "Error en función StringtoFile" (in the ANSI code page) to the event log and gives false.
   static bool StringtoFile(const std::string& text, const std::string& fileName,
                            FileReplacer& files, EventLog& log);
+
+  /// Fills a template from `document`, or from this node when none is given, and returns the text.
+  /// docs/templates.md says what a template may hold and what it raises. Without ports the
+  /// directives that need one produce an empty text.
+  std::string HTMLExport(std::string_view templateText, Document* document = nullptr);
+  std::string HTMLExport(std::string_view templateText, Document* document,
+                         const TemplatePorts& ports);
+
+  /// The children for which a condition holds (see condition.h), in order; the list shares the
+  /// nodes with this one. The empty condition holds for all. Raises what Condition raises.
+  Documents GetChilds(std::string_view condition) const;
+  /// The first of them; a fresh empty document when there is none.
+  Ref<Document> SearchChild(std::string_view condition) const;
 
  private:
   friend class Ref<Document>;

@@ -17,6 +17,10 @@ class Document;
 /// nothing and gives a fresh empty document that belongs to no list, never an empty reference.
 class Documents {
  public:
+  Documents() = default;
+  /// Takes the nodes over; the other list is empty afterwards.
+  Documents(Documents&& other) noexcept { list_.Swap(other.list_); }
+
   int Count() const { return list_.Size(); }
 
   Ref<Document> Child(int index) const;

@@ -1,0 +1,102 @@
+#include "xmldoc/template_engine.h"
+
+#include <utility>
+
+#include "xmldoc/template_error.h"
+#include "xmldoc/template_mail.h"
+#include "xmldoc/text_rules.h"
+
+namespace tarvo {
+
+TemplateEngine::TemplateEngine(std::string_view text, const TemplatePorts& ports)
+    : ports_(ports),
+      template_(ParseTemplate(text)),
+      evaluator_(ports),
+      output_(ports.mostOutput, template_.hasMail) {}
+
+std::string TemplateEngine::Fill(Document& root) {
+  frames_.push_back({});
+  frames_.back().node = Ref<Document>(&root);
+  for (std::size_t at = 0; at < template_.parts.size();) {
+    const TemplatePart& part = template_.parts[at];
+    switch (part.kind) {
+      case TemplatePart::Kind::Text:
+        output_.AddText(part.text);
+        ++at;
+        break;
+      case TemplatePart::Kind::Field:
+        AddField(template_.fields[part.index]);
+        ++at;
+        break;
+      case TemplatePart::Kind::Open:
+        at = EnterBlock(at);
+        break;
+      case TemplatePart::Kind::Close:
+        at = EndBody(at);
+        break;
+    }
+  }
+  FillWaiting();
+  TemplateText filled = output_.Take();
+  return template_.hasMail ? SendTemplateMails(filled, ports_) : std::move(filled.text);
+}
+
+void TemplateEngine::AddField(const TemplateProgram& field) {
+  if (template_.hasEffects) {
+    waiting_.push_back({output_.AddHole(), &field});
+    return;
+  }
+  // Nothing shows in which order fields without effects are filled.
+  const std::size_t before = output_.Text().size();
+  evaluator_.Fill(field, *frames_.back().node, output_.Text());
+  output_.ValueAdded(before);
+}
+
+void TemplateEngine::FillWaiting() {
+  Frame& frame = frames_.back();
+  for (std::size_t i = frame.firstWaiting; i < waiting_.size(); ++i) {
+    std::string value;
+    evaluator_.Fill(*waiting_[i].field, *frame.node, value);
+    output_.FillHole(waiting_[i].hole, std::move(value));
+  }
+  waiting_.resize(frame.firstWaiting);
+}
+
+std::size_t TemplateEngine::EnterBlock(std::size_t part) {
+  Frame frame;
+  frame.block = &template_.blocks[template_.parts[part].index];
+  frame.parent = frame.block->path.Owner(*frames_.back().node);
+  frame.firstWaiting = waiting_.size();
+  if (!NextChild(frame)) return template_.parts[part].other + 1;
+  frames_.push_back(std::move(frame));
+  return part + 1;
+}
+
+std::size_t TemplateEngine::EndBody(std::size_t part) {
+  FillWaiting();
+  if (NextChild(frames_.back())) return template_.parts[part].other + 1;
+  frames_.pop_back();
+  return part + 1;
+}
+
+bool TemplateEngine::NextChild(Frame& frame) {
+  if (frame.parent == nullptr) return false;
+  const TemplateBlock& block = *frame.block;
+  const std::string& name = block.path.LastName();
+  while (frame.next < frame.parent->Childs().Count() && frame.counted < block.stop) {
+    if (++looked_ > ports_.mostChilds) {
+      RaiseBeyondBounds("The blocks of the template pass " + std::to_string(ports_.mostChilds) +
+                        " children");
+    }
+    Ref<Document> child = frame.parent->Childs().Child(frame.next++);
+    if (!EqualIgnoringCase(child->NameView(), name)) continue;
+    frame.counted += 1;
+    if (frame.counted < block.start || frame.counted > block.stop) continue;
+    if (!block.when.Holds(*child)) continue;
+    frame.node = std::move(child);
+    return true;
+  }
+  return false;
+}
+
+}  // namespace tarvo

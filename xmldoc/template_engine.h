@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "xmldoc/template_evaluator.h"
+#include "xmldoc/template_output.h"
+#include "xmldoc/template_parser.h"
+
+namespace tarvo {
+
+/// Fills one template from one document: Document::HTMLExport. The document is changed by "LET" and
+/// "set(" alone; ports must not change it meanwhile.
+///
+/// Blocks come first, field directives outside of them second, mail third: within the body of a
+/// block, as produced for one child, likewise blocks first. Time is in proportion to the children
+/// looked at and the output; no stack is needed in proportion to the nesting.
+class TemplateEngine {
+ public:
+  TemplateEngine(std::string_view text, const TemplatePorts& ports);
+
+  std::string Fill(Document& root);
+
+ private:
+  /// A block that is being produced, or the whole template.
+  struct Frame {
+    const TemplateBlock* block = nullptr;
+    Document* parent = nullptr;  // whose children are gone through
+    int next = 0;                // child to look at
+    double counted = 0;          // children of the block's name so far
+    Ref<Document> node;          // the current one
+    std::size_t firstWaiting = 0;
+  };
+  /// A field directive whose turn comes when the blocks around it are done.
+  struct Waiting {
+    std::size_t hole;
+    const TemplateProgram* field;
+  };
+
+  std::size_t EnterBlock(std::size_t part);
+  std::size_t EndBody(std::size_t part);
+  bool NextChild(Frame& frame);
+  void AddField(const TemplateProgram& field);
+  void FillWaiting();
+
+  const TemplatePorts& ports_;
+  const ParsedTemplate template_;
+  TemplateEvaluator evaluator_;
+  TemplateOutput output_;
+  std::vector<Frame> frames_;
+  std::vector<Waiting> waiting_;
+  std::uint64_t looked_ = 0;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "xmldoc/condition.h"
+#include "xmldoc/template_program.h"
+
+namespace tarvo {
+
+/// A block: over which children of the current node it goes.
+struct TemplateBlock {
+  TemplatePath path;
+  double start;  ///< Bounds of the count among the children of that name, from 1.
+  double stop;
+  Condition when;
+};
+
+/// A template taken apart, in the order of its text.
+struct TemplatePart {
+  enum class Kind {
+    Text,   ///< `text` as it stands.
+    Field,  ///< fields[index].
+    Open,   ///< blocks[index] begins; `other` is the part that closes it.
+    Close,  ///< The block ends; `other` is the part that opens it.
+  };
+  Kind kind;
+  std::string_view text;
+  std::size_t index = 0;
+  std::size_t other = 0;
+};
+
+struct ParsedTemplate {
+  std::vector<TemplatePart> parts;
+  std::vector<TemplateBlock> blocks;
+  std::vector<TemplateProgram> fields;
+  bool hasEffects = false;  ///< One of the fields has.
+  bool hasMail = false;     ///< "<sendmail " occurs.
+};
+
+/// Takes a template apart, first its blocks, then the field directives between them; `text` must
+/// outlive the result. Raises the faults of a template's text. Takes time in proportion to the text
+/// and no stack in proportion to its nesting.
+///
+/// Blocks of one id nest: a close tag belongs to the last open block of its id. A close tag without
+/// an open block is plain text.
+ParsedTemplate ParseTemplate(std::string_view text);
+
+}  // namespace tarvo
