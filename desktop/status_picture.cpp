@@ -10,7 +10,7 @@ namespace {
 
 using Ink = std::uint32_t;
 
-constexpr int kSamples = 8;           ///< Samples across one pixel.
+constexpr int kSamples = 4;           ///< Samples across one pixel.
 constexpr int kSmallestChecked = 10;  ///< Pixels of a mark in which a check mark can be told.
 
 /// A point of a mark, whose edges lie at -1 and 1.

@@ -1,0 +1,187 @@
+#include "desktop/status_picture.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "desktop/status_icons.h"
+#include "tests/simulation/sim_notification_area.h"
+
+namespace tarvo {
+namespace {
+
+/// The sizes that the shell asks for at 100, 125, 150, 175, 200, 250, 300 % and beyond.
+constexpr int kSizes[] = {16, 20, 24, 28, 32, 40, 48, 64, 96};
+
+std::vector<AlarmStates> AllStates() {
+  std::vector<AlarmStates> all;
+  for (int i = 0; i < 27; ++i) {
+    all.push_back({{static_cast<AlarmState>(i / 9), static_cast<AlarmState>(i / 3 % 3),
+                    static_cast<AlarmState>(i % 3)}});
+  }
+  return all;
+}
+
+std::string NameOfStates(const AlarmStates& states) {
+  std::string name;
+  for (AlarmState state : states) name += std::to_string(static_cast<int>(state));
+  return name;
+}
+
+/// How much of a pixel is drawn, 0 to 255: what is left when nobody sees any colour.
+int Shape(std::uint32_t pixel) { return static_cast<int>(pixel >> 24); }
+
+/// Pixels whose cover differs by more than a third: those that an eye can tell.
+int DifferenceOfShape(const Picture& a, const Picture& b) {
+  int count = 0;
+  for (std::size_t i = 0; i < a.pixels.size(); ++i) {
+    count += std::abs(Shape(a.pixels[i]) - Shape(b.pixels[i])) > 85 ? 1 : 0;
+  }
+  return count;
+}
+
+double Linear(std::uint32_t part) {
+  const double value = static_cast<double>(part & 0xFF) / 255;
+  return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+}
+
+double Luminance(std::uint32_t ink) {
+  return 0.2126 * Linear(ink >> 16) + 0.7152 * Linear(ink >> 8) + 0.0722 * Linear(ink);
+}
+
+double Contrast(std::uint32_t a, std::uint32_t b) {
+  const double first = Luminance(a) + 0.05;
+  const double second = Luminance(b) + 0.05;
+  return std::max(first, second) / std::min(first, second);
+}
+
+TEST(StatusPicture, AllCombinationsDifferByShapeAloneAtEverySize) {
+  const auto all = AllStates();
+  for (int size : kSizes) {
+    std::vector<Picture> pictures;
+    for (const AlarmStates& states : all) pictures.push_back(DrawStatusPicture(states, size));
+    // A tenth of one mark's square: 5 of 49 pixels in the smallest picture.
+    const int enough = size * size / 50;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      for (std::size_t j = 0; j < i; ++j) {
+        EXPECT_GE(DifferenceOfShape(pictures[i], pictures[j]), enough)
+            << NameOfStates(all[i]) << " and " << NameOfStates(all[j]) << " at " << size;
+      }
+    }
+  }
+}
+
+TEST(StatusPicture, EveryInkStandsOutFromLightAndDarkTaskBars) {
+  for (std::uint32_t ink : {kHealthyInk, kTroubleInk, kUnwatchedInk}) {
+    for (std::uint32_t taskBar : {0xF3F3F3U, 0x1C1C1CU}) {
+      EXPECT_GE(Contrast(ink, taskBar), 3.0) << std::hex << ink << " on " << taskBar;
+    }
+  }
+  EXPECT_GE(Contrast(kCheckInk, kHealthyInk), 3.0);
+}
+
+TEST(StatusPicture, NothingIsCutAndTheMarksKeepApart) {
+  for (int size = kSmallestPicture; size <= kLargestPicture; ++size) {
+    const Picture picture =
+        DrawStatusPicture({{AlarmState::Healthy, AlarmState::Healthy, AlarmState::Healthy}}, size);
+    ASSERT_EQ(picture.size, size);
+    ASSERT_EQ(picture.pixels.size(), static_cast<std::size_t>(size * size));
+    const int middle = size / 2;
+    // A clear column between Login and Char, and a clear row above Map.
+    for (int row = 0; row < middle - 1; ++row) {
+      ASSERT_EQ(Shape(picture.At(middle, row)), 0) << size << " row " << row;
+    }
+    for (int column = 0; column < size; ++column) {
+      ASSERT_EQ(Shape(picture.At(column, middle)), 0) << size << " column " << column;
+    }
+    // Each corner of the outline that belongs to a mark is full somewhere near its middle.
+    const int quarter = size / 4;
+    for (const auto& [column, row] : {std::pair{quarter, quarter},
+                                      {size - 1 - quarter, quarter},
+                                      {middle, size - 1 - quarter}}) {
+      ASSERT_EQ(Shape(picture.At(column, row)), 255) << size << " at " << column << "," << row;
+    }
+  }
+}
+
+TEST(StatusPicture, ADiscsOutlineIsSharp) {
+  // Smooth edges, yet no more than a pixel wide: most of a disc is either full or clear.
+  for (int size : kSizes) {
+    const Picture picture =
+        DrawStatusPicture({{AlarmState::Healthy, AlarmState::Healthy, AlarmState::Healthy}}, size);
+    int full = 0;
+    int between = 0;
+    for (std::uint32_t pixel : picture.pixels) {
+      full += Shape(pixel) == 255 ? 1 : 0;
+      between += Shape(pixel) > 0 && Shape(pixel) < 255 ? 1 : 0;
+    }
+    EXPECT_GT(full, between) << size;
+  }
+}
+
+TEST(StatusPicture, TheCheckMarkAppearsWhereItCanBeRead) {
+  const auto hasWhite = [](int size) {
+    const Picture picture = DrawStatusPicture(
+        {{AlarmState::Healthy, AlarmState::Trouble, AlarmState::NotWatched}}, size);
+    return std::any_of(picture.pixels.begin(), picture.pixels.end(),
+                       [](std::uint32_t pixel) { return (pixel & 0xFFFFFF) > 0xF0F0F0; });
+  };
+  EXPECT_FALSE(hasWhite(16));
+  EXPECT_FALSE(hasWhite(20));
+  for (int size : {24, 32, 48, 96}) EXPECT_TRUE(hasWhite(size)) << size;
+}
+
+TEST(StatusPicture, TheSameStatesGiveTheSamePicture) {
+  for (const AlarmStates& states : AllStates()) {
+    EXPECT_EQ(DrawStatusPicture(states, 20).pixels, DrawStatusPicture(states, 20).pixels);
+  }
+}
+
+TEST(StatusPicture, SizesOutsideTheLimitsAreBroughtWithin) {
+  const AlarmStates states = AllStates()[5];
+  for (int size : {-1, 0, 1, 15}) EXPECT_EQ(DrawStatusPicture(states, size).size, 16) << size;
+  for (int size : {97, 100000}) EXPECT_EQ(DrawStatusPicture(states, size).size, 96) << size;
+}
+
+TEST(StatusIcons, TenThousandChangesLeaveNoMoreIconsThanPictures) {
+  SimIcons system;
+  const auto all = AllStates();
+  {
+    StatusIcons icons(system);
+    for (std::size_t i = 0; i < 10000; ++i) {
+      const IconHandle icon = icons.For(all[i * 7 % all.size()]);
+      ASSERT_TRUE(system.alive.contains(icon)) << i;
+    }
+    EXPECT_EQ(system.made, 27);
+    EXPECT_EQ(system.alive.size(), 27U);
+  }
+  EXPECT_TRUE(system.alive.empty()) << "icons that outlive their owner";
+}
+
+TEST(StatusIcons, AnotherSizeReplacesEveryIcon) {
+  SimIcons system;
+  StatusIcons icons(system);
+  const auto all = AllStates();
+  for (const AlarmStates& states : all) icons.For(states);
+  for (int size : {20, 48, 16}) {
+    system.size = size;
+    const IconHandle icon = icons.For(all[3]);
+    EXPECT_EQ(system.alive, (std::set<IconHandle>{icon}));
+    EXPECT_EQ(system.last.size, size);
+  }
+}
+
+TEST(StatusIcons, ASystemWithoutRoomIsAskedAgain) {
+  SimIcons system;
+  StatusIcons icons(system);
+  const AlarmStates states = AllStates()[0];
+  system.roomForMore = false;
+  EXPECT_EQ(icons.For(states), 0);
+  system.roomForMore = true;
+  EXPECT_NE(icons.For(states), 0);
+}
+
+}  // namespace
+}  // namespace tarvo

@@ -1,0 +1,288 @@
+#include <algorithm>
+
+#include "desktop/status_picture.h"
+#include "supervision/status_lights.h"
+#include "tests/simulation/launcher_story.h"
+
+namespace tarvo {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr AlarmState kUnwatched = AlarmState::NotWatched;
+constexpr AlarmState kTrouble = AlarmState::Trouble;
+constexpr AlarmState kHealthy = AlarmState::Healthy;
+
+class Tray : public LauncherStory {
+ protected:
+  std::string Tip() const { return machine.tray.Shown() ? machine.tray.Shown()->tip : "(none)"; }
+
+  /// True when the icon shows the picture of these states.
+  bool Shows(AlarmState login, AlarmState charServer, AlarmState map) {
+    SimIcons other;
+    const Picture wanted = DrawStatusPicture({{login, charServer, map}}, 16);
+    return machine.tray.Shown() && machine.icons.last.pixels == wanted.pixels &&
+           machine.tray.Shown()->icon == machine.icons.made;
+  }
+  void Minimize() { launcher->Window().SetState(WindowState::Minimized); }
+
+  std::ptrdiff_t PlaceOf(const std::string& beginning) const {
+    const auto& calls = machine.recorder.Calls();
+    return std::find_if(calls.begin(), calls.end(),
+                        [&](const std::string& call) { return call.starts_with(beginning); }) -
+           calls.begin();
+  }
+};
+
+TEST_F(Tray, TheIconBearsTheServersNameAndThePictureOfNothingWatched) {
+  StartLauncher();
+  EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher");
+  EXPECT_TRUE(Shows(kUnwatched, kUnwatched, kUnwatched));
+  EXPECT_EQ(launcher->TheProgram().StatusCode(), 8);
+}
+
+TEST_F(Tray, TheIconIsThereBeforeTheWindowCanMinimize) {
+  machine.SetSetting("StartMinimized", "1");
+  StartLauncher();
+  EXPECT_LT(PlaceOf("tray.add("), PlaceOf("registry.query(StartMinimized)"));
+  EXPECT_FALSE(launcher->Window().Visible());
+  EXPECT_EQ(launcher->Window().State(), WindowState::Minimized);
+  machine.tray.Mouse(515);
+  EXPECT_TRUE(launcher->Window().Visible());
+  EXPECT_EQ(launcher->Window().State(), WindowState::Normal);
+}
+
+TEST_F(Tray, MinimizingHidesAndADoubleClickBringsBackInFront) {
+  StartLauncher();
+  for (std::uint32_t doubleClick : {515U, 518U}) {
+    Minimize();
+    EXPECT_FALSE(launcher->Window().Visible());
+    const int requests = launcher->Window().FrontRequests();
+    machine.tray.Mouse(doubleClick);
+    EXPECT_TRUE(launcher->Window().Visible());
+    EXPECT_EQ(launcher->Window().State(), WindowState::Normal);
+    EXPECT_EQ(launcher->Window().FrontRequests(), requests + 1);
+  }
+}
+
+TEST_F(Tray, ASingleLeftClickDoesNothing) {
+  StartLauncher();
+  Minimize();
+  for (std::uint32_t message : {512U, 513U, 514U}) machine.tray.Mouse(message);
+  EXPECT_FALSE(launcher->Window().Visible());
+  EXPECT_TRUE(machine.tray.Menus().empty());
+}
+
+TEST_F(Tray, TheMenuComesAtTheRightButtonsPressAndNotAtItsRelease) {
+  StartLauncher();
+  machine.tray.Mouse(516);
+  ASSERT_EQ(machine.tray.Menus().size(), 1U);
+  machine.tray.Mouse(517);
+  ASSERT_EQ(machine.tray.Menus().size(), 1U);
+  const std::vector<MenuEntry>& menu = machine.tray.Menus()[0];
+  ASSERT_EQ(menu.size(), 1U);
+  EXPECT_EQ(menu[0].caption, "&Show");
+  EXPECT_TRUE(menu[0].isDefault);
+  EXPECT_TRUE(menu[0].enabled);
+  EXPECT_EQ(launcher->TheProgram().TheTray().DefaultMenuIndex(), 0);
+}
+
+TEST_F(Tray, ShowInTheMenuBringsTheWindowBack) {
+  StartLauncher();
+  Minimize();
+  machine.tray.ChooseNext(0);
+  machine.tray.Mouse(516);
+  EXPECT_TRUE(launcher->Window().Visible());
+  EXPECT_EQ(launcher->Window().State(), WindowState::Normal);
+  EXPECT_EQ(launcher->Window().FrontRequests(), 1);
+}
+
+TEST_F(Tray, TheKeyCloseDoesNothingAndAnyOtherKeyIsTold) {
+  StartLauncher();
+  Minimize();
+  frmSysTray& tray = launcher->TheProgram().TheTray();
+  tray.AddMenuItem("Close", "close");
+  tray.AddMenuItem("Other", "Open");
+  tray.AddMenuItem("Empty", "");
+  machine.tray.ChooseNext(1);
+  machine.tray.Mouse(516);
+  EXPECT_TRUE(machine.boxes.Shown().empty());
+  EXPECT_FALSE(launcher->Ended());
+  for (std::size_t entry : {2U, 3U}) {
+    machine.tray.ChooseNext(entry);
+    machine.tray.Mouse(516);
+  }
+  EXPECT_EQ(machine.boxes.NewTexts(), "Clicked item with key Open\nClicked item with key \n");
+  EXPECT_EQ(machine.boxes.Shown()[0].icon, BoxIcon::Information);
+  EXPECT_EQ(machine.boxes.Shown()[0].buttons, BoxButtons::Ok);
+  EXPECT_FALSE(launcher->Window().Visible());
+}
+
+TEST_F(Tray, ThePictureFollowsTheStatesAtTheTick) {
+  StartLauncher();
+  launcher->Click("bStart", 3);
+  launcher->Pass(11s);
+  EXPECT_TRUE(Shows(kHealthy, kHealthy, kHealthy));
+  Crash(kMap);
+  launcher->Pass(6s);
+  EXPECT_TRUE(Shows(kHealthy, kHealthy, kTrouble));
+}
+
+TEST_F(Tray, EveryTickHandsThePictureOverAnew) {
+  StartLauncher();
+  machine.recorder.Forget();
+  launcher->Pass(60s);
+  EXPECT_EQ(machine.recorder.CountOf("tray.modify("), 30U);
+  EXPECT_EQ(machine.icons.made, 1);
+}
+
+TEST_F(Tray, TheTickTakesTheSizeThatTheScreenHasNow) {
+  StartLauncher();
+  machine.icons.size = 48;
+  launcher->Pass(2s);
+  EXPECT_EQ(machine.icons.last.size, 48);
+  EXPECT_EQ(machine.icons.alive.size(), 1U);
+  EXPECT_TRUE(machine.icons.alive.contains(machine.tray.Shown()->icon));
+}
+
+TEST_F(Tray, ThePicturesAreThoseOfTheCodes) {
+  for (int code = 0; code <= 25; ++code) {
+    const auto states = StatesOfCode(code);
+    EXPECT_EQ(StatusCodeFor(states[0], states[1], states[2]), code);
+  }
+  for (int code : {-1, 26, 1000}) {
+    const auto states = StatesOfCode(code);
+    EXPECT_EQ(StatusCodeFor(states[0], states[1], states[2]), 8) << code;
+  }
+}
+
+TEST_F(Tray, ALongServerNameIsCutInTheTipAndWholeInTheTitle) {
+  const std::string name = "R&D \xE9\xFC " + std::string(300, 'x');
+  machine.PutConf("C:\\srv", "server_name: " + name + "\r\n", UsualMapConf());
+  StartLauncher();
+  const std::string title = "[" + name + "] - Tarvo Launcher";
+  EXPECT_EQ(launcher->Window().Title(), title);
+  EXPECT_EQ(Tip(), title.substr(0, 63));
+}
+
+TEST_F(Tray, WithoutANotificationAreaTheLauncherWorks) {
+  machine.tray.TakeAway();
+  StartLauncher();
+  launcher->Click("bStart", 3);
+  launcher->Pass(11s);
+  EXPECT_EQ(launcher->CountInLog("Listening Map Server"), 1U);
+  machine.tray.TakeAway(false);
+  machine.tray.RestartShell();
+  EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher");
+}
+
+TEST_F(Tray, ARestartedShellGetsTheIconBack) {
+  StartLauncher();
+  machine.tray.RestartShell();
+  EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher");
+  EXPECT_TRUE(Shows(kUnwatched, kUnwatched, kUnwatched));
+}
+
+TEST_F(Tray, ACloseTakesTheIconAwayBeforeTheSettingsAreSaved) {
+  StartLauncher();
+  machine.recorder.Forget();
+  launcher->Close();
+  EXPECT_TRUE(launcher->Ended());
+  EXPECT_EQ(Tip(), "(none)");
+  EXPECT_LT(PlaceOf("tray.delete()"), PlaceOf("tray.closeWindow()"));
+  EXPECT_LT(PlaceOf("tray.closeWindow()"), PlaceOf("registry.write("));
+}
+
+TEST_F(Tray, ARefusedCloseLeavesTheIcon) {
+  StartWithAllServers();
+  launcher->Close();
+  EXPECT_FALSE(launcher->Ended());
+  EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher");
+}
+
+TEST_F(Tray, UnloadingTheLauncherAloneTakesTheIconAway) {
+  StartWithAllServers();
+  launcher->Click("Command1");
+  EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher") << "he answered No";
+  machine.boxes.AnswerNext(Answer::Yes);
+  launcher->Click("Command1");
+  EXPECT_TRUE(launcher->Ended());
+  EXPECT_EQ(Tip(), "(none)");
+  EXPECT_FALSE(machine.tray.Window());
+}
+
+TEST_F(Tray, AFaultTakesTheIconAwayBeforeItIsTold) {
+  machine.SetSetting("LoginPri", "7");
+  std::string tipUnderTheBox = "no box came";
+  machine.boxes.whileNextIsOpen = [&] { tipUnderTheBox = Tip(); };
+  StartLauncher();
+  EXPECT_EQ(launcher->ExitCode(), kExitFault);
+  EXPECT_EQ(tipUnderTheBox, "(none)");
+}
+
+TEST_F(Tray, ALauncherThatMayNotStartHereShowsNoIcon) {
+  machine.files.Remove("C:\\srv\\conf\\login_athena.conf");
+  StartLauncher();
+  EXPECT_EQ(launcher->ExitCode(), kExitRefused);
+  EXPECT_EQ(machine.recorder.CountOf("tray."), 0U);
+}
+
+TEST_F(Tray, ASecondLauncherInTheSameRootShowsNoIcon) {
+  StartLauncher();
+  machine.recorder.Forget();
+  Launcher second(machine);
+  second.Start();
+  EXPECT_TRUE(second.Ended());
+  EXPECT_EQ(machine.recorder.CountOf("tray."), 0U);
+  EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher");
+}
+
+class SessionEnd : public Tray {
+ protected:
+  void EndSession() {
+    launcher->TheProgram().Dispatch().Run([this] { launcher->Window().EndSession(); });
+  }
+};
+
+TEST_F(SessionEnd, SavesTheSettingsAndLeavesTheServersWithoutAWord) {
+  StartWithAllServers();
+  launcher->Check("chkAK", 2);
+  launcher->Type("TTO", 2, "90");
+  EndSession();
+  EXPECT_TRUE(launcher->Ended());
+  EXPECT_EQ(launcher->ExitCode(), kExitNormal);
+  EXPECT_EQ(machine.Setting("MapTimeout"), "90");
+  EXPECT_TRUE(machine.boxes.Shown().empty());
+  EXPECT_EQ(Tip(), "(none)");
+  for (const char* server : {kLogin, kChar, kMap}) {
+    EXPECT_EQ(machine.processes.Named(server).size(), 1U) << server;
+  }
+}
+
+TEST_F(SessionEnd, WithoutServersItIsACloseToo) {
+  StartLauncher();
+  EndSession();
+  EXPECT_TRUE(launcher->Ended());
+  EXPECT_EQ(machine.Setting("StartMinimized"), "0");
+}
+
+TEST_F(SessionEnd, UnderAMessageBoxItIsNotHeldUp) {
+  StartWithAllServers();
+  machine.boxes.whileNextIsOpen = [this] { EndSession(); };
+  launcher->Close();  // Refused by a box, under which the operator logs off.
+  EXPECT_TRUE(launcher->Ended());
+  EXPECT_EQ(machine.Setting("MapTimeout"), "60");
+  EXPECT_EQ(machine.processes.Named(kMap).size(), 1U);
+}
+
+TEST_F(SessionEnd, DuringARefusalToStartNothingIsSaved) {
+  machine.files.Remove("C:\\srv\\conf\\login_athena.conf");
+  machine.boxes.whileNextIsOpen = [this] { EndSession(); };
+  launcher = std::make_unique<Launcher>(machine);
+  launcher->Start();
+  EXPECT_EQ(launcher->ExitCode(), kExitRefused);
+  EXPECT_EQ(machine.Setting("StartMinimized"), "(none)");
+}
+
+}  // namespace
+}  // namespace tarvo
