@@ -4,6 +4,8 @@
 
 #include <commctrl.h>
 
+#include <cwchar>
+
 namespace tarvo {
 namespace {
 
@@ -44,12 +46,20 @@ void Notify(HWND launcher, const FoundControl& control, int code) {
                 MAKEWPARAM(id, static_cast<WORD>(code)), reinterpret_cast<LPARAM>(control.window));
 }
 
+/// In wide characters, which every list gives alike: between processes not all systems turn the
+/// text of a list's entry into 8-bit characters.
 std::string EntryOf(HWND list, LRESULT index) {
   const LRESULT length = Send(list, CB_GETLBTEXTLEN, static_cast<WPARAM>(index));
-  std::string text(static_cast<std::size_t>(length) + 1, '\0');
-  const LRESULT got =
-      Send(list, CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
-  text.resize(static_cast<std::size_t>(got));
+  std::wstring wide(static_cast<std::size_t>(length) + 1, L'\0');
+  DWORD_PTR got = 0;
+  SendMessageTimeoutW(list, CB_GETLBTEXT, static_cast<WPARAM>(index),
+                      reinterpret_cast<LPARAM>(wide.data()), SMTO_NORMAL, kPatience, &got);
+  wide.resize(std::wcslen(wide.c_str()));
+  std::string text(wide.size() * 2 + 1, '\0');
+  const int size =
+      WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), text.data(),
+                          static_cast<int>(text.size()), nullptr, nullptr);
+  text.resize(static_cast<std::size_t>(size));
   return text;
 }
 

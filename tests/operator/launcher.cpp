@@ -5,8 +5,6 @@
 namespace tarvo {
 namespace {
 
-constexpr UINT kPatience = 30000;
-
 std::string FolderOf(const std::string& path) {
   const std::size_t end = path.find_last_of("\\/");
   return end == std::string::npos ? std::string() : path.substr(0, end);

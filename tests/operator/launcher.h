@@ -33,6 +33,9 @@ HWND NeedLauncher(const LauncherChoice& choice);
 
 DWORD ProcessOf(HWND window);
 
+/// Milliseconds that a launcher that is busy is waited for.
+inline constexpr UINT kPatience = 30000;
+
 /// One control of the form, found on the running launcher's window.
 struct FoundControl {
   const ControlId* entry;
