@@ -10,8 +10,8 @@ operate select Exes 2 login-server.exe
 operate click bStart 1
 expect_box "Please, select the right servers from the list!" ok
 operate select Exes 2 map-server.exe
-operate set TTO 0 4
 operate check chkAK 0
+operate set TTO 0 4
 operate click bStart 1
 expect_box "The min autokill time is 5 second, please check." ok
 for name in login char map; do expect_count "$name" 0; done
