@@ -20,7 +20,10 @@ std::string Choice(const OptionGroup& options) {
 
 }  // namespace
 
-SettingsDesk::SettingsDesk() { ListExecutables(machine.files, root, form.servers.Exes); }
+SettingsDesk::SettingsDesk() {
+  ListExecutables(machine.files, root, form.servers.Exes);
+  settings.loadUpgradeSettings = [this] { upgradeSettings.LoadUpgradeSettings(); };
+}
 
 std::string SettingsDesk::Load() {
   try {

@@ -4,10 +4,12 @@
 
 #include "core/launcher_settings.h"
 #include "tests/simulation/sim_machine.h"
+#include "upgrade/upgrade_settings.h"
 
 namespace tarvo {
 
-/// The settings between a form and the registry of a machine, with nothing wired behind the form.
+/// The settings between a form and the registry of a machine, with the upgrade's values and
+/// nothing else wired behind the form.
 struct SettingsDesk {
   SettingsDesk();
 
@@ -22,6 +24,7 @@ struct SettingsDesk {
   Form form{timers};
   ComponentTable components;
   LauncherSettings settings{form, components, machine.registry, root, machine.clock};
+  UpgradeSettings upgradeSettings{form, machine.registry, root, machine.fileDialog};
 };
 
 /// Loads with this one value, of that type, in the registry; what its control shows then, or the

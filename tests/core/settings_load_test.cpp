@@ -72,6 +72,9 @@ TEST(LoadedSettings, LoadingWritesNothing) {
 
 TEST(LoadedSettings, ValuesAreReadInTheirOrder) {
   SettingsDesk desk;
+  desk.settings.loadUpgradeSettings = [&] {
+    desk.machine.recorder.Note("registry.query(upgrade)");
+  };
   ASSERT_EQ(desk.Load(), "loaded");
   std::string order;
   for (const std::string& call : desk.machine.recorder.Calls()) {
@@ -82,7 +85,7 @@ TEST(LoadedSettings, ValuesAreReadInTheirOrder) {
             "CharTimeout MapTimeout LoginPri CharPri MapPri LoginAutoStart CharAutoStart "
             "MapAutoStart WriteLog WriteMode RunAtStartup LoginAutoKillEnabled "
             "CharAutoKillEnabled MapAutoKillEnabled MapFullAutokill AutoRandomize AutoRandomize "
-            "AutoRandomize MaxRndDay MaxRndHour LastRandomize DayRndCnt HourRndCnt UpdateMode "
+            "AutoRandomize MaxRndDay MaxRndHour LastRandomize DayRndCnt HourRndCnt upgrade "
             "StartMinimized ");
 }
 

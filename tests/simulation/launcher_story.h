@@ -13,6 +13,9 @@ namespace tarvo {
 /// operator would see.
 class LauncherStory : public ::testing::Test {
  protected:
+  /// The randomizer works by hand only, so that no server's start is told by it.
+  LauncherStory() { machine.SetSetting("AutoRandomize", "1"); }
+
   /// Starts a launcher; one that ran before is killed.
   void StartLauncher() {
     launcher.reset();

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint32_t kNoAddressNumber = 0xFFFFFFFF;
 constexpr int kSocketError = -1;
-constexpr std::size_t kFamilyOffset = 80;
+constexpr std::size_t kFamilyOffset = 76;  // iAddressFamily of WSAPROTOCOL_INFO.
 
 std::uint32_t InNetworkOrder(const std::vector<std::uint8_t>& bytes) {
   std::uint32_t address = 0;
