@@ -48,18 +48,16 @@ void Notify(HWND launcher, const FoundControl& control, int code) {
 
 /// In wide characters, which every list gives alike: between processes not all systems turn the
 /// text of a list's entry into 8-bit characters.
+/// Asked for in wide characters: Wine hands the 8-bit text of another process's list over wrongly.
 std::string EntryOf(HWND list, LRESULT index) {
   const LRESULT length = Send(list, CB_GETLBTEXTLEN, static_cast<WPARAM>(index));
   std::wstring wide(static_cast<std::size_t>(length) + 1, L'\0');
-  DWORD_PTR got = 0;
-  SendMessageTimeoutW(list, CB_GETLBTEXT, static_cast<WPARAM>(index),
-                      reinterpret_cast<LPARAM>(wide.data()), SMTO_NORMAL, kPatience, &got);
-  wide.resize(std::wcslen(wide.c_str()));
-  std::string text(wide.size() * 2 + 1, '\0');
-  const int size =
-      WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), text.data(),
-                          static_cast<int>(text.size()), nullptr, nullptr);
-  text.resize(static_cast<std::size_t>(size));
+  const LRESULT got = SendWide(list, CB_GETLBTEXT, static_cast<WPARAM>(index),
+                               reinterpret_cast<LPARAM>(wide.data()));
+  std::string text(static_cast<std::size_t>(got) * 2, '\0');
+  text.resize(static_cast<std::size_t>(
+      WideCharToMultiByte(CP_ACP, 0, wide.c_str(), static_cast<int>(got), text.data(),
+                          static_cast<int>(text.size()), nullptr, nullptr)));
   return text;
 }
 

@@ -50,6 +50,11 @@ int CheckedIndex(const ControlId& entry, int index) {
   throw OperatorError(name + " has no index " + std::to_string(index) + ": " + Range(entry));
 }
 
+void NeedAnswer(HWND window, LRESULT sent) {
+  if (sent) return;
+  throw OperatorError(IsWindow(window) ? "the launcher does not answer" : "the launcher is gone");
+}
+
 }  // namespace
 
 bool LauncherChoice::Fits(DWORD candidate) const {
@@ -106,9 +111,13 @@ std::string NameOf(const FoundControl& control) {
 
 LRESULT Send(HWND window, UINT message, WPARAM w, LPARAM l) {
   DWORD_PTR answer = 0;
-  if (!SendMessageTimeoutA(window, message, w, l, SMTO_NORMAL, kPatience, &answer)) {
-    throw OperatorError(IsWindow(window) ? "the launcher does not answer" : "the launcher is gone");
-  }
+  NeedAnswer(window, SendMessageTimeoutA(window, message, w, l, SMTO_NORMAL, kPatience, &answer));
+  return static_cast<LRESULT>(answer);
+}
+
+LRESULT SendWide(HWND window, UINT message, WPARAM w, LPARAM l) {
+  DWORD_PTR answer = 0;
+  NeedAnswer(window, SendMessageTimeoutW(window, message, w, l, SMTO_NORMAL, kPatience, &answer));
   return static_cast<LRESULT>(answer);
 }
 

@@ -56,6 +56,7 @@ std::string NameOf(const FoundControl& control);
 /// Sends a message that carries nothing away but its answer. A launcher that does not answer
 /// within 30 seconds is an error.
 LRESULT Send(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0);
+LRESULT SendWide(HWND window, UINT message, WPARAM w, LPARAM l);
 
 /// Sends a message whose handling may open a message box, and waits until it is through or a box
 /// is up. The launcher may be gone after it.

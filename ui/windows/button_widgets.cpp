@@ -1,11 +1,14 @@
 #include "ui/windows/button_widgets.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 
 namespace tarvo {
 namespace {
 
-constexpr int kCheckSquare = 16;  ///< The box and what little lies around it, at 100 %.
+constexpr int kMarkSquare =
+    16;  ///< A check box or an option, and what little lies around it, at 100 %.
 
 void SetCheck(HWND window, bool checked) {
   const LRESULT now = SendMessageA(window, BM_GETCHECK, 0, 0);
@@ -22,6 +25,11 @@ void Press(HWND window) {
 Extent ButtonExtent(const Look& look, const std::string& text) {
   const int width = look.TextExtent(text).width + look.Px(24);
   return {std::max(width, look.Px(76)), look.ControlHeight()};
+}
+
+/// The room of a check box or an option with its text.
+Extent MarkedExtent(const Look& look, const std::string& text) {
+  return {look.Px(kMarkSquare) + look.TextExtent(text).width + look.Px(8), look.ControlHeight()};
 }
 
 }  // namespace
@@ -49,9 +57,8 @@ CheckWidget::CheckWidget(Stage& stage, HWND parent, int id, CheckBox& box, const
 
 Extent CheckWidget::Natural() const {
   const Look& look = stage_.look;
-  const int square = look.Px(kCheckSquare);
-  if (BoxAlone()) return {square, look.ControlHeight()};
-  return {square + look.TextExtent(TextOf(Window())).width + look.Px(8), look.ControlHeight()};
+  if (BoxAlone()) return {look.Px(kMarkSquare), look.ControlHeight()};
+  return MarkedExtent(look, TextOf(Window()));
 }
 
 void CheckWidget::Command(int code) {
@@ -65,17 +72,30 @@ void CheckWidget::Show() { SetCheck(Window(), control_.Checked()); }
 OptionWidget::OptionWidget(Stage& stage, HWND parent, int id, OptionButton& option,
                            const std::string& text)
     : Mirror(stage, option) {
-  Create(parent, "BUTTON", text, WS_TABSTOP | BS_CHECKBOX | BS_PUSHLIKE, 0, id);
+  Create(parent, "BUTTON", text, WS_TABSTOP | WS_GROUP | BS_RADIOBUTTON, 0, id);
+  SetWindowSubclass(Window(), Focus, 0, reinterpret_cast<DWORD_PTR>(this));
   Attach();
 }
 
-Extent OptionWidget::Natural() const { return ButtonExtent(stage_.look, TextOf(Window())); }
+Extent OptionWidget::Natural() const { return MarkedExtent(stage_.look, TextOf(Window())); }
 
 void OptionWidget::Command(int code) {
-  if (code == BN_CLICKED) stage_.Happens([this] { control_.Click(); });
+  if (code == BN_CLICKED && !focusing_) stage_.Happens([this] { control_.Click(); });
 }
 
 void OptionWidget::Access() { Press(Window()); }
+
+LRESULT CALLBACK OptionWidget::Focus(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                                     DWORD_PTR self) {
+  auto* option = reinterpret_cast<OptionWidget*>(self);
+  // The arrow keys, too, would press the option that they go to.
+  if (message == WM_GETDLGCODE) return DLGC_BUTTON;
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Focus, id);
+  if (message == WM_SETFOCUS) option->focusing_ = true;
+  const LRESULT answer = DefSubclassProc(window, message, w, l);
+  if (message == WM_SETFOCUS) option->focusing_ = false;
+  return answer;
+}
 
 void OptionWidget::Show() { SetCheck(Window(), control_.Selected()); }
 

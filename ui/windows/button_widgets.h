@@ -37,8 +37,9 @@ class CheckWidget : public Mirror<CheckBox> {
   Kind kind_;
 };
 
-/// An option that acts at each press, also when it is the selected one: it looks like a button and
-/// stays down while it is selected.
+/// An option that acts at each press, also when it is the selected one. It is pressed by a click,
+/// by the space bar or by its access key; the keyboard's coming by alone does not press it, and
+/// every option is a stop of the Tab key.
 class OptionWidget : public Mirror<OptionButton> {
  public:
   OptionWidget(Stage& stage, HWND parent, int id, OptionButton& option, const std::string& text);
@@ -48,6 +49,11 @@ class OptionWidget : public Mirror<OptionButton> {
 
  protected:
   void Show() override;
+
+ private:
+  static LRESULT CALLBACK Focus(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                                DWORD_PTR self);
+  bool focusing_ = false;  ///< The native button reports a click because it gets the keyboard.
 };
 
 }  // namespace tarvo

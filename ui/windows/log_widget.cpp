@@ -42,8 +42,8 @@ class Still {
 LogWidget::LogWidget(Stage& stage, HWND parent, int id, RichTextView& view) : Mirror(stage, view) {
   LoadLibraryA("riched20.dll");
   Create(parent, "RichEdit20A", "",
-         WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | ES_NOHIDESEL,
-         WS_EX_CLIENTEDGE, id);
+         WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | ES_NOHIDESEL, 0,
+         id);
   SetWindowSubclass(Window(), Keys, 0, reinterpret_cast<DWORD_PTR>(this));
   SendMessageA(Window(), EM_EXLIMITTEXT, 0, 0x7FFFFFF);
   SendMessageA(Window(), EM_SETUNDOLIMIT, 0, 0);
@@ -75,7 +75,7 @@ void LogWidget::ApplyFont() {
   const LOGFONTW& font = stage_.look.FontRecord();
   CHARFORMATW format{};
   format.cbSize = sizeof format;
-  format.dwMask = CFM_FACE | CFM_SIZE | CFM_CHARSET;
+  format.dwMask = CFM_FACE | CFM_SIZE | CFM_CHARSET | CFM_BOLD | CFM_ITALIC;
   format.yHeight = MulDiv(std::abs(font.lfHeight), kTwipsPerInch, SystemDpi());
   format.bCharSet = font.lfCharSet;
   std::copy(std::begin(font.lfFaceName), std::end(font.lfFaceName), format.szFaceName);

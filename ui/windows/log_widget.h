@@ -18,6 +18,7 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   Extent Natural() const override;
   void TakeLook() override;
   void Detach() override;
+  bool Framed() const override { return true; }
 
   void Appended(const ColouredText& piece) override;
   void Replaced(const std::string& source) override;

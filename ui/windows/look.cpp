@@ -3,8 +3,6 @@
 #include <uxtheme.h>
 #include <vsstyle.h>
 
-#include <algorithm>
-
 #include "ui/windows/dpi.h"
 
 namespace tarvo {
@@ -54,7 +52,10 @@ void Look::Drop() {
   pageBrush_ = nullptr;
 }
 
-int Look::ControlHeight() const { return std::max(Px(24), TextExtent("X").height + Px(8)); }
+/// A field draws its text 3 pixels under its upper edge at any resolution. With little more than
+/// that at the lower edge its base line agrees with that of the text beside it, which stands in the
+/// middle.
+int Look::ControlHeight() const { return TextExtent("X").height + 6 + Px(2); }
 
 Extent Look::TextExtent(const std::string& text, bool bold, bool plain) const {
   const HDC screen = GetDC(nullptr);

@@ -6,6 +6,7 @@ namespace tarvo {
 namespace {
 
 constexpr char kClass[] = "TarvoPanel";
+constexpr int kFramedGap = 4;  ///< Between a frame and the text in it, at 100 %.
 
 HWND CreatePanelWindow(HINSTANCE instance, HWND parent) {
   return CreateWindowExA(WS_EX_CONTROLPARENT, kClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
@@ -20,12 +21,17 @@ const Widget* BareFocus(HWND panel) {
   return check && check->BoxAlone() ? check : nullptr;
 }
 
-RECT FocusRing(HWND panel, HWND window, int distance) {
-  RECT ring{};
-  GetWindowRect(window, &ring);
-  MapWindowPoints(nullptr, panel, reinterpret_cast<POINT*>(&ring), 2);
-  InflateRect(&ring, distance, 0);
-  return ring;
+RECT Around(HWND panel, HWND window, int aside, int above) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  MapWindowPoints(nullptr, panel, reinterpret_cast<POINT*>(&place), 2);
+  InflateRect(&place, aside, above);
+  return place;
+}
+
+/// Leaves room for the frame, and for a gap at the left.
+void Shrink(Place& place, int gap) {
+  place = {place.left + 1 + gap, place.top + 1, place.width - 2 - gap, place.height - 2};
 }
 
 }  // namespace
@@ -89,11 +95,12 @@ void Panel::Occupy(const RECT& area) {
   const int width = static_cast<int>(area.right - area.left);
   const int height = static_cast<int>(area.bottom - area.top);
   MoveWindow(window_, area.left, area.top, width, height, TRUE);
-  const std::vector<Place> places = Arrange(ToGrid(), {0, 0, width - stage_.look.Px(margin_.width),
-                                                       height - stage_.look.Px(margin_.height)});
+  std::vector<Place> places = Arrange(ToGrid(), {0, 0, width - stage_.look.Px(margin_.width),
+                                                 height - stage_.look.Px(margin_.height)});
   auto place = places.begin();
   for (Entry& entry : entries_) {
     if (!entry.slot) continue;
+    if (entry.widget->Framed()) Shrink(*place, stage_.look.Px(kFramedGap));
     MoveWindow(entry.widget->Window(), place->left, place->top, place->width, place->height, TRUE);
     tips_.Placed(*entry.widget);
     ++place;
@@ -121,15 +128,22 @@ void Panel::Commanded(HWND from, int code) {
   const bool focusMoved = code == BN_SETFOCUS || code == BN_KILLFOCUS;
   const auto* check = dynamic_cast<const CheckWidget*>(Widget::Of(from));
   if (!focusMoved || !check || !check->BoxAlone()) return;
-  const RECT ring = FocusRing(window_, from, stage_.look.Px(3));
+  const RECT ring = Around(window_, from, stage_.look.Px(3), 0);
   InvalidateRect(window_, &ring, TRUE);
 }
 
 void Panel::Paint() {
   PAINTSTRUCT paint{};
   const HDC target = BeginPaint(window_, &paint);
+  for (const Entry& entry : entries_) {
+    if (!entry.widget->Framed()) continue;
+    RECT frame = Around(window_, entry.widget->Window(), 1, 1);
+    frame.left -= stage_.look.Px(kFramedGap);
+    FillRect(target, &frame, GetSysColorBrush(COLOR_WINDOW));
+    FrameRect(target, &frame, GetSysColorBrush(COLOR_3DSHADOW));
+  }
   if (const Widget* focused = BareFocus(window_)) {
-    const RECT ring = FocusRing(window_, focused->Window(), stage_.look.Px(3));
+    const RECT ring = Around(window_, focused->Window(), stage_.look.Px(3), 0);
     SetTextColor(target, GetSysColor(COLOR_BTNTEXT));
     DrawFocusRect(target, &ring);
   }

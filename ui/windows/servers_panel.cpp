@@ -102,7 +102,7 @@ void ServersPanel::AddLauncher(Stage& stage) {
   Add<CheckWidget>(Slot{kLauncher, kPriority, 3, false}, NumberOf("SMinimized"), page.SMinimized,
                    "Start Mi&nimized")
       .SetAccessKey('n');
-  Add<ButtonWidget>(Slot{kLauncher, kTimeout, kColumns - kTimeout}, NumberOf("Command1"),
+  Add<ButtonWidget>(Slot{kLauncher, kSeconds, kColumns - kSeconds}, NumberOf("Command1"),
                     page.Command1)
       .SetAccessKey('u');
 }

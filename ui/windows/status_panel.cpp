@@ -22,9 +22,9 @@ constexpr char kToggleKeys[] = {'l', 'c', 'm'};
 
 StatusPanel::StatusPanel(Stage& stage, HWND parent) : Panel(stage, parent, Ground::Page) {
   StatusPage& page = stage.form.status;
-  SetColumns({{8}, {8}, {20}, {8}, {20}, {8}, {20, true}, {8}, {8}});
-  SetRows({{8, true}, {8}});
-  SetMargin({8, 8});
+  SetColumns({{12}, {8}, {20}, {8}, {20}, {8}, {20, true}, {8}, {8}});
+  SetRows({{12, true}, {12}});
+  SetMargin({12, 12});
 
   Add<LogWidget>(Slot{kLog, 0, kColumns}, NumberOf("RTLog"), page.RTLog);
   for (int i = 0; i < static_cast<int>(kComponentCount); ++i) {

@@ -33,6 +33,8 @@ class Widget : public ControlMirror {
   virtual void Draw(const DRAWITEMSTRUCT& /*item*/) {}
   /// What its tool tip says at this moment; "" for no tool tip.
   virtual std::string Tip() const { return {}; }
+  /// A window without an edge of its own, which its panel draws a frame around.
+  virtual bool Framed() const { return false; }
   /// Ends the mirroring, before the native window goes.
   virtual void Detach() {}
 
