@@ -1,0 +1,283 @@
+#include "supervision/port_probe.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "supervision/protocol_record.h"
+#include "supervision/winsock_error_text.h"
+#include "support/runtime_error.h"
+#include "tests/simulation/sim_machine.h"
+
+namespace tarvo {
+namespace {
+
+class Probe : public ::testing::Test {
+ protected:
+  Probe() {
+    machine.processes.Program("server.exe").port = 40000;
+    machine.processes.StartForeign("server.exe");
+  }
+  bool Listening(const std::string& host, std::int32_t port = 40000) {
+    return probe.IsPortListening(host, port);
+  }
+
+  SimMachine machine;
+  PortProbe probe{machine.network};
+};
+
+TEST_F(Probe, AListeningPortIsFoundAndItsSocketClosed) {
+  EXPECT_TRUE(Listening("127.0.0.1"));
+  EXPECT_EQ(machine.network.OpenSockets(), 0u);
+  EXPECT_EQ(machine.recorder.Calls(),
+            (std::vector<std::string>{"sockets.create(0, 1, 6)", "sockets.option(65535, 8196)",
+                                      "sockets.dotted(127.0.0.1)", "sockets.connect()",
+                                      "sockets.close(101)"}));
+}
+
+TEST_F(Probe, TheBytesOnTheWireAreThoseOfTheWholePort) {
+  ASSERT_TRUE(Listening("127.0.0.1", 40000));
+  EXPECT_EQ(machine.network.Connects().front(),
+            (SocketAddress{2, 0, 0x9C, 0x40, 127, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0}));
+}
+
+TEST_F(Probe, ARefusedOrUnansweredConnectIsNotListeningAndClosesItsSocket) {
+  EXPECT_FALSE(Listening("127.0.0.1", 40001));
+  machine.network.SetDelays(21000, 0);
+  const std::uint64_t start = machine.clock.Age();
+  EXPECT_FALSE(Listening("10.0.0.5"));
+  EXPECT_EQ(machine.clock.Age() - start, 21000u);
+  EXPECT_EQ(machine.network.OpenSockets(), 0u);
+}
+
+TEST_F(Probe, APortBelowOneIsNotListeningWithoutAnAttempt) {
+  for (std::int32_t port : {0, -1, -40000, INT32_MIN}) {
+    EXPECT_FALSE(Listening("127.0.0.1", port)) << port;
+  }
+  EXPECT_TRUE(machine.network.Connects().empty());
+  EXPECT_EQ(machine.recorder.CountOf("sockets.option"), 0u);
+  EXPECT_EQ(machine.network.OpenSockets(), 0u);
+}
+
+TEST_F(Probe, APortThatNoSocketCanHaveIsNotListening) {
+  for (std::int32_t port : {65536, 70000, 105536, INT32_MAX}) {
+    EXPECT_FALSE(Listening("127.0.0.1", port)) << port;
+  }
+  EXPECT_TRUE(machine.network.Connects().empty());
+  EXPECT_EQ(machine.network.OpenSockets(), 0u);
+}
+
+TEST_F(Probe, AnUnusableHostIsNotListening) {
+  for (const char* host :
+       {"", " ", "   ", "no.such.host", "127.0.0", "127.0.0.1 // main", "255.255.255.255"}) {
+    EXPECT_FALSE(Listening(host)) << '"' << host << '"';
+  }
+  EXPECT_TRUE(machine.network.Connects().empty());
+  EXPECT_EQ(machine.network.OpenSockets(), 0u);
+}
+
+TEST_F(Probe, BlanksAroundAHostsNameAreIgnored) {
+  machine.network.AddHost("my-server", {127, 0, 0, 1});
+  for (const char* host : {"my-server", " my-server", "my-server  ", " 127.0.0.1", "127.0.0.1 "}) {
+    EXPECT_TRUE(Listening(host)) << '"' << host << '"';
+  }
+}
+
+TEST_F(Probe, ADottedAddressIsAskedForUnchangedBeforeAnyName) {
+  machine.network.AddHost("127.0.0.1", {10, 0, 0, 5});
+  EXPECT_TRUE(Listening("127.0.0.1"));
+  EXPECT_EQ(machine.recorder.CountOf("sockets.name"), 0u);
+  machine.recorder.Forget();
+  Listening(" 10.0.0.1");
+  EXPECT_EQ(machine.recorder.CountOf("sockets.dotted( 10.0.0.1)"), 1u);
+  EXPECT_EQ(machine.recorder.CountOf("sockets.name(10.0.0.1)"), 1u);
+}
+
+TEST_F(Probe, AHostsFirstAddressCountsWithAsManyBytesAsItHas) {
+  machine.network.AddHost("short", {127, 0});
+  machine.network.AddHost("long", {127, 0, 0, 1, 9, 9});
+  machine.network.AddHost("all-ones", {255, 255, 255, 255});
+  EXPECT_TRUE(Listening("long"));
+  EXPECT_FALSE(Listening("short"));
+  EXPECT_FALSE(Listening("all-ones"));
+  EXPECT_EQ(machine.network.Connects().size(), 2u);
+}
+
+TEST_F(Probe, WithoutASocketNothingIsTriedAndTheHandleIsClosedAllTheSame) {
+  machine.network.RefuseSockets(true);
+  EXPECT_FALSE(Listening("127.0.0.1"));
+  EXPECT_EQ(machine.recorder.Calls(),
+            (std::vector<std::string>{"sockets.create(0, 1, 6)", "sockets.close(-1)"}));
+}
+
+TEST_F(Probe, WithoutAProtocolRecordTheFamilyIsUnknownAndNothingListens) {
+  machine.network.HideProtocolRecord(true);
+  EXPECT_FALSE(Listening("127.0.0.1"));
+  ASSERT_EQ(machine.network.Connects().size(), 1u);
+  EXPECT_EQ(machine.network.Connects().front()[0], 0);
+}
+
+TEST(PortToShort, KeepsTheSixteenBitsAndOverflowsBeyondThem) {
+  const struct {
+    std::int32_t port;
+    std::int16_t narrowed;
+  } cases[] = {{0, 0}, {1, 1}, {32767, 32767}, {32768, -32768}, {40000, -25536}, {65535, -1}};
+  for (const auto& c : cases) EXPECT_EQ(PortToShort(c.port), c.narrowed) << c.port;
+  for (std::int32_t port : {-1, 65536, INT32_MIN, INT32_MAX}) {
+    try {
+      PortToShort(port);
+      ADD_FAILURE() << port;
+    } catch (const RuntimeError& fault) {
+      EXPECT_EQ(fault.Number(), 6) << port;
+    }
+  }
+}
+
+/// A record in which every number and flag differs from its neighbours.
+ProtocolRecord TellingRecord(std::uint32_t service, std::uint32_t provider) {
+  ProtocolRecord record{};
+  const auto put = [&](std::size_t offset, std::uint32_t number) {
+    std::memcpy(record.data() + offset, &number, sizeof number);
+  };
+  put(0, service);
+  put(16, provider);
+  for (std::size_t i = 0; i < 16; ++i) record[20 + i] = static_cast<std::uint8_t>(0xA0 + i);
+  put(36, 1001);
+  for (std::uint32_t i = 0; i < 10; ++i) put(72 + i * 4, 2000 + i);
+  std::memcpy(record.data() + 116, "TCP/IP", 6);
+  return record;
+}
+
+TEST_F(Probe, TheCatalogueRecordIsMirroredFieldByField) {
+  machine.network.SetProtocolRecord(TellingRecord(0, 0));
+  const SocketHandle socket = probe.CreateTcpSocket();
+  CProtocol protocol;
+  ASSERT_TRUE(protocol.GetBySocketHandle(machine.network, socket));
+  EXPECT_EQ(protocol.CatalogEntryId, 1001);
+  EXPECT_EQ(protocol.Version, 2000);
+  EXPECT_EQ(protocol.AddressFamily, 2001);
+  EXPECT_EQ(protocol.MaxSockAddr, 2002);
+  EXPECT_EQ(protocol.MinSockAddr, 2003);
+  EXPECT_EQ(protocol.SocketType, 2004);
+  EXPECT_EQ(protocol.Protocol, 2005);
+  EXPECT_EQ(protocol.ProtocolMaxOffset, 2006);
+  EXPECT_EQ(protocol.NetworkByteOrder, 2007);
+  EXPECT_EQ(protocol.SecurityScheme, 2008);
+  EXPECT_EQ(protocol.MessageSize, 2009);
+  EXPECT_EQ(protocol.ProtocolName, "TCP/IP");
+  EXPECT_EQ(protocol.ProviderId.front(), 0xA0);
+  EXPECT_EQ(protocol.ProviderId.back(), 0xAF);
+}
+
+TEST_F(Probe, EachFlagIsItsOwnBit) {
+  const struct {
+    bool CProtocol::*flag;
+    bool inProvider;
+    int bit;
+  } flags[] = {{&CProtocol::MatchesProtocolZero, true, 3},
+               {&CProtocol::RecommendedProtoEntry, true, 1},
+               {&CProtocol::MultipleProtoEntries, true, 0},
+               {&CProtocol::PartialMessage, false, 18},
+               {&CProtocol::IFSHandles, false, 17},
+               {&CProtocol::UniRecv, false, 16},
+               {&CProtocol::UniSend, false, 15},
+               {&CProtocol::QoSSupport, false, 13},
+               {&CProtocol::MultipointDataPlane, false, 12},
+               {&CProtocol::MultipointControlPlane, false, 11},
+               {&CProtocol::SupportMultipoint, false, 10},
+               {&CProtocol::SupportBroadcast, false, 9},
+               {&CProtocol::DisconnectData, false, 8},
+               {&CProtocol::ConnectData, false, 7},
+               {&CProtocol::ExpeditedData, false, 6},
+               {&CProtocol::GracefulClose, false, 5},
+               {&CProtocol::PseudoStream, false, 4},
+               {&CProtocol::MessageOriented, false, 3},
+               {&CProtocol::GuaranteedOrder, false, 2},
+               {&CProtocol::GuaranteedDelivery, false, 1},
+               {&CProtocol::Connectionless, false, 0}};
+  const SocketHandle socket = probe.CreateTcpSocket();
+  for (const bool inProvider : {false, true}) {
+    for (int bit = 0; bit < 32; ++bit) {
+      const std::uint32_t bits = 1u << bit;
+      machine.network.SetProtocolRecord(
+          TellingRecord(inProvider ? 0 : bits, inProvider ? bits : 0));
+      CProtocol protocol;
+      ASSERT_TRUE(protocol.GetBySocketHandle(machine.network, socket));
+      for (const auto& flag : flags) {
+        EXPECT_EQ(protocol.*flag.flag, flag.inProvider == inProvider && flag.bit == bit)
+            << flag.inProvider << flag.bit << " at " << inProvider << bit;
+      }
+    }
+  }
+}
+
+TEST_F(Probe, AFailedQueryLeavesTheRecordUnchanged) {
+  machine.network.SetProtocolRecord(TellingRecord(1, 1));
+  const SocketHandle socket = probe.CreateTcpSocket();
+  CProtocol protocol;
+  ASSERT_TRUE(protocol.GetBySocketHandle(machine.network, socket));
+  machine.network.HideProtocolRecord(true);
+  EXPECT_FALSE(protocol.GetBySocketHandle(machine.network, socket));
+  EXPECT_EQ(protocol.AddressFamily, 2001);
+  EXPECT_TRUE(protocol.Connectionless);
+}
+
+TEST(WinsockErrorText, HasATextForEachOfItsNumbersAndOneForAllOthers) {
+  const struct {
+    int code;
+    const char* text;
+  } cases[] = {{10004, "Interrupted function call."},
+               {10013, "Permission denied."},
+               {10014, "Bad address."},
+               {10022, "Invalid argument."},
+               {10024, "Too many open files."},
+               {10035, "Resource temporarily unavailable."},
+               {10036, "Operation now in progress."},
+               {10037, "Operation already in progress."},
+               {10038, "Socket operation on nonsocket."},
+               {10039, "Destination address required."},
+               {10040, "Message too long."},
+               {10041, "Protocol wrong type for socket."},
+               {10042, "Bad protocol option."},
+               {10043, "Protocol not supported."},
+               {10044, "Socket type not supported."},
+               {10045, "Operation not supported."},
+               {10046, "Protocol family not supported."},
+               {10047, "Address family not supported by protocol family."},
+               {10048, "Address already in use."},
+               {10049, "Cannot assign requested address."},
+               {10050, "Network is down."},
+               {10051, "Network is unreachable."},
+               {10052, "Network dropped connection on reset."},
+               {10053, "Software caused connection abort."},
+               {10054, "Connection reset by peer."},
+               {10055, "No buffer space available."},
+               {10056, "Socket is already connected."},
+               {10057, "Socket is not connected."},
+               {10058, "Cannot send after socket shutdown."},
+               {10060, "Connection timed out."},
+               {10061, "Connection refused."},
+               {10064, "Host is down."},
+               {10065, "No route to host."},
+               {10067, "Too many processes."},
+               {10091, "Network subsystem is unavailable."},
+               {10092, "Winsock.dll version out of range."},
+               {10093, "Successful WSAStartup not yet performed."},
+               {10101, "Graceful shutdown in progress."},
+               {10107, "System call failure."},
+               {10109, "Class type not found."},
+               {11001, "Host not found."},
+               {11002, "Nonauthoritative host not found."},
+               {11003, "This is a nonrecoverable error."},
+               {11004, "Valid name, no data record of requested type."}};
+  std::size_t known = 0;
+  for (int code = 9990; code < 11020; ++code) known += WinsockErrorText(code) != "Unknown error.";
+  EXPECT_EQ(known, std::size(cases));
+  for (const auto& c : cases) EXPECT_EQ(WinsockErrorText(c.code), c.text) << c.code;
+  for (int code : {0, -1, 10059, 10062, 10094, 11005, 1000000}) {
+    EXPECT_EQ(WinsockErrorText(code), "Unknown error.") << code;
+  }
+}
+
+}  // namespace
+}  // namespace tarvo
