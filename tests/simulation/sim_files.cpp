@@ -27,6 +27,14 @@ ReadResult SimFiles::ReadText(const std::string& path, std::string& text) {
   return ReadResult::Ok;
 }
 
+std::optional<FileFault> SimFiles::ReplaceText(const std::string& path, const std::string& text) {
+  recorder_.Note("files.replace(" + path + ")");
+  if (protected_.contains(LowerCase(path))) return FileFault{5, "Access is denied."};
+  recorder_.Note("files.swap(" + path + ")");
+  Put(path, text);
+  return std::nullopt;
+}
+
 bool SimFiles::AppendText(const std::string& path, const std::string& text) {
   recorder_.Note("files.append(" + path + ")");
   if (refuseAppends_) return false;
@@ -77,5 +85,15 @@ std::string SimFiles::TextOf(const std::string& path) const {
 }
 
 void SimFiles::LockForReading(const std::string& path) { locked_.insert(LowerCase(path)); }
+
+void SimFiles::Unlock(const std::string& path) { locked_.erase(LowerCase(path)); }
+
+void SimFiles::ProtectFromWriting(const std::string& path, bool protect) {
+  if (protect) {
+    protected_.insert(LowerCase(path));
+  } else {
+    protected_.erase(LowerCase(path));
+  }
+}
 
 }  // namespace tarvo

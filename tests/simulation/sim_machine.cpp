@@ -20,6 +20,16 @@ std::string UsualMapConf() {
          "char_port: 1\r\n";
 }
 
+std::string UsualBattleConf() {
+  return "// How the world behaves\r\n"
+         "base_exp_rate: 100\r\n"
+         "job_exp_rate: 100 \r\n"
+         "\r\n"
+         "pk_mode: no\r\n"
+         "// drop_rate: 500\r\n"
+         "drop_rate:250\r\n";
+}
+
 SimMachine::SimMachine() {
   PutConf("C:\\srv", UsualCharConf(), UsualMapConf());
   files.Put(launcherPath, "MZ");
@@ -50,6 +60,7 @@ std::string SimMachine::Setting(const std::string& name) const {
 void SimMachine::PutConf(const std::string& folder, const std::string& charConf,
                          const std::string& mapConf) {
   files.Put(folder + "\\conf\\login_athena.conf", "// never read\r\n");
+  files.Put(folder + "\\conf\\battle_athena.conf", UsualBattleConf());
   files.Put(folder + "\\conf\\char_athena.conf", charConf);
   files.Put(folder + "\\conf\\map_athena.conf", mapConf);
 }

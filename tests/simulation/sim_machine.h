@@ -6,11 +6,13 @@
 #include "tests/simulation/call_recorder.h"
 #include "tests/simulation/sim_clock.h"
 #include "tests/simulation/sim_desktop.h"
+#include "tests/simulation/sim_event_log.h"
 #include "tests/simulation/sim_file_copies.h"
 #include "tests/simulation/sim_files.h"
 #include "tests/simulation/sim_network.h"
 #include "tests/simulation/sim_notification_area.h"
 #include "tests/simulation/sim_processes.h"
+#include "tests/simulation/sim_random.h"
 #include "tests/simulation/sim_registry.h"
 
 namespace tarvo {
@@ -36,6 +38,8 @@ class SimMachine {
   SimNetwork network{recorder, clock, processes};
   SimMemory memory{recorder};
   SimMessageBoxes boxes{recorder};
+  SimEventLog eventLog{recorder};
+  SimRandom random{recorder};
   SimLockTable locks;
   SimNotificationArea tray{recorder};
   SimIcons icons;
@@ -51,12 +55,13 @@ class SimMachine {
   /// "(none)" when there is no such value.
   std::string Setting(const std::string& name) const;
 
-  /// Puts conf files with these lines into a folder, and login_athena.conf beside them.
+  /// Puts conf files with these lines into a folder, and the ones that every root has beside them.
   void PutConf(const std::string& folder, const std::string& charConf, const std::string& mapConf);
 };
 
 /// The conf files of the machine's first root.
 std::string UsualCharConf();
 std::string UsualMapConf();
+std::string UsualBattleConf();
 
 }  // namespace tarvo

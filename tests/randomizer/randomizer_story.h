@@ -1,0 +1,141 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "randomizer/randomizer.h"
+#include "tests/simulation/sim_machine.h"
+#include "ui/status_colours.h"
+
+namespace tarvo {
+
+inline constexpr char kServerFile[] = "C:\\srv\\conf\\battle_athena.conf";
+inline constexpr char kRangesFile[] = "C:\\srv\\randomize.xml";
+inline constexpr char kCalendarFile[] = "C:\\srv\\rndcalendar.xml";
+
+/// The declaration line of every document file.
+inline constexpr char kDeclaration[] =
+    "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" application=\"Tarvo Launcher\"?>\r\n";
+
+/// One life of the randomizer on a simulated machine, with its page and its timer.
+class RandomizerLife : private RichTextMirror {
+ public:
+  explicit RandomizerLife(SimMachine& machine)
+      : timers(machine.clock),
+        calendarTimer(timers, "tmr_Calendar", 15000),
+        view({kStampColour, kInfoColour, kNoticeColour, kAlertColour, kExtraColour}),
+        log(view, WLog, LogH, machine.files, machine.clock, "C:\\srv"),
+        root(machine.launcherPath),
+        randomizer(page, calendarTimer, log, root,
+                   {machine.files, machine.files, machine.eventLog, machine.registry, machine.clock,
+                    machine.random, machine.boxes}) {
+    view.SetRichTextMirror(this);
+    randomizer.WireControls();
+    randomizer.TheCalendar().restartRunning = [this] { ++restarts; };
+  }
+  ~RandomizerLife() { view.SetRichTextMirror(nullptr); }
+
+  /// The log's lines since the last call, each "level text".
+  std::string NewLog() { return std::exchange(lines_, {}); }
+
+  TimerQueue timers;
+  RandomizerPage page;
+  Timer calendarTimer;
+  RichTextView view;
+  CheckBox WLog;
+  DropDownList LogH;
+  StatusLog log;
+  ServerRoot root;
+  Randomizer randomizer;
+  int restarts = 0;
+
+ private:
+  void Appended(const ColouredText& piece) override {
+    if (piece.colour == kStampColour && piece.text != "\r\n") return;
+    if (piece.text == "\r\n") {
+      lines_ += '\n';
+    } else {
+      lines_ += (piece.colour == kAlertColour ? "2 " : "3 ") + piece.text;
+    }
+  }
+  void Replaced(const std::string&) override {}
+
+  std::string lines_;
+};
+
+/// A test as a story: put files on the machine, load, act, compare files, page and log.
+class RandomizerStory : public ::testing::Test {
+ protected:
+  /// Starts a life and loads the files; what happened before is forgotten by the log.
+  void Load() {
+    Begin();
+    life->randomizer.LoadRandomizerFiles();
+  }
+  /// Starts a life that has not loaded anything.
+  void Begin() {
+    life.reset();
+    life = std::make_unique<RandomizerLife>(machine);
+  }
+  RandomizerPage& Page() { return life->page; }
+  std::string NewLog() { return life->NewLog(); }
+
+  void PutServerFile(const std::string& text) { machine.files.Put(kServerFile, text); }
+  void PutRanges(const std::string& elements) {
+    machine.files.Put(kRangesFile, Xml("Randomize", elements));
+  }
+  void PutCalendar(const std::string& elements) {
+    machine.files.Put(kCalendarFile, Xml("Calendar", elements));
+  }
+  std::string ServerFile() { return machine.files.TextOf(kServerFile); }
+  std::string RangesFile() { return machine.files.TextOf(kRangesFile); }
+  std::string CalendarFile() { return machine.files.TextOf(kCalendarFile); }
+
+  /// A whole document file with this root around the elements.
+  static std::string Xml(const std::string& root, const std::string& elements) {
+    return std::string(kDeclaration) + "<" + root + ">\r\n" + elements + "</" + root + ">\r\n";
+  }
+  static std::string Range(const std::string& name, const std::string& min,
+                           const std::string& max) {
+    return "\t<" + name + " Min=\"" + min + "\" Max=\"" + max + "\"/>\r\n";
+  }
+  static std::string Entry(const std::string& name, const std::string& restart) {
+    return "\t<" + name + " Restart=\"" + restart + "\"/>\r\n";
+  }
+
+  void ChooseSetting(const std::string& name) {
+    Page().cmdParam.Choose(Position(Page().cmdParam, name));
+  }
+  void ChooseRange(const std::string& line) { Page().lstRnd.Choose(Position(Page().lstRnd, line)); }
+  static int Position(const ItemList& list, const std::string& item) {
+    const auto& items = list.Items();
+    const auto found = std::find(items.begin(), items.end(), item);
+    EXPECT_NE(found, items.end()) << item;
+    return static_cast<int>(found - items.begin());
+  }
+  void TypeRange(const std::string& min, const std::string& max) {
+    Page().rIni.Type(min);
+    Page().rEnd.Type(max);
+  }
+  /// A list's entries, one a line.
+  static std::string Lines(const ItemList& list) {
+    std::string lines;
+    for (const std::string& item : list.Items()) lines += item + '\n';
+    return lines;
+  }
+
+  /// Sets the wall clock to a moment of the week that begins on Monday, 2026-11-23.
+  void SetClock(int weekday, int hour, int minute, int second = 0, int week = 0) {
+    using namespace std::chrono;
+    machine.clock.SetLocal(local_days(year(2026) / 11 / 23) + days(weekday - 1 + 7 * week) +
+                           hours(hour) + minutes(minute) + seconds(second));
+  }
+
+  SimMachine machine;
+  std::unique_ptr<RandomizerLife> life;
+};
+
+}  // namespace tarvo
