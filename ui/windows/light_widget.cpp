@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "ui/control_ids.h"
-#include "ui/windows/light_picture.h"
+#include "ui/light_picture.h"
 
 namespace tarvo {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/windows/light_picture.h"
+#include "ui/light_picture.h"
 
 #include <algorithm>
 #include <array>
