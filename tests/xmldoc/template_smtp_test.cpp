@@ -1,0 +1,126 @@
+// The mail client against a real mail server on this machine.
+#include <gtest/gtest.h>
+
+#include "platform/smtp_mailer.h"
+#include "tests/xmldoc/posix_tcp_stream.h"
+#include "tests/xmldoc/smtp_server.h"
+
+namespace tarvo {
+namespace {
+
+class FixedUtcClock : public UtcClock {
+ public:
+  std::chrono::sys_seconds Now() override { return std::chrono::sys_seconds{}; }
+};
+
+MailMessage Sample(int port) {
+  MailMessage message;
+  message.server = "127.0.0.1";
+  message.port = port;
+  message.from = "Launcher <launcher@example.com>";
+  message.to = "one@example.com; Two <two@example.com>";
+  message.cc = "three@example.com";
+  message.bcc = "four@example.com";
+  message.subject = "Servers";
+  message.body = "All up.\r\n.\r\n..hidden dots\r\n";
+  return message;
+}
+
+std::optional<std::string> SendTo(const SmtpServer& server, const MailMessage& given,
+                                  std::uint32_t stepMilliseconds = 20000) {
+  PosixTcpConnector connector;
+  PosixTickClock ticks;
+  FixedUtcClock clock;
+  SmtpSettings settings;
+  settings.stepMilliseconds = stepMilliseconds;
+  MailMessage message = given;
+  message.port = server.Port();
+  return SmtpMailer(connector, ticks, clock, settings).Send(message);
+}
+
+TEST(SmtpServerOnLoopback, TakesAPlainMail) {
+  SmtpServer server("accept", "all");
+  EXPECT_EQ(SendTo(server, Sample(0)), std::nullopt);
+  EXPECT_EQ(server.NextMail(),
+            R"({"body": "All up.\r\n.\r\n..hidden dots\r\n", "cc": "three@example.com", "faults": [], )"
+            R"("from": "Launcher <launcher@example.com>", "headers": ["From", "To", "Cc", )"
+            R"("Subject", "Date", "Message-ID", "MIME-Version", "Content-Type", )"
+            R"("Content-Transfer-Encoding"], "longest": 46, "recipients": ["one@example.com", )"
+            R"("two@example.com", "three@example.com", "four@example.com"], "sender": )"
+            R"("launcher@example.com", "subject": "Servers", "to": )"
+            R"("one@example.com, Two <two@example.com>", "type": "text/plain"})");
+}
+
+TEST(SmtpServerOnLoopback, TakesAnHtmlMailWithBytesAbove127AndLongLines) {
+  SmtpServer server("accept", "all");
+  MailMessage message = Sample(0);
+  message.from = "Jos\xE9 <jose@example.com>";
+  message.to = "one@example.com";
+  message.cc = message.bcc = "";
+  message.html = true;
+  message.subject = "D\xED" "as\r\nBcc: smuggled@example.com";
+  message.body = "<p>\xF1</p>" + std::string(2000, 'x');
+  EXPECT_EQ(SendTo(server, message), std::nullopt);
+  EXPECT_EQ(server.NextMail(),
+            R"({"body": "<p>\u00f1</p>)" + std::string(2000, 'x') +
+                R"(\r\n", "cc": null, "faults": [], "from": "Jos\u00e9 <jose@example.com>", )"
+                R"("headers": ["From", "To", "Subject", "Date", "Message-ID", "MIME-Version", )"
+                R"("Content-Type", "Content-Transfer-Encoding"], "longest": 76, "recipients": )"
+                R"(["one@example.com"], "sender": "jose@example.com", "subject": )"
+                R"("D\u00edas  Bcc: smuggled@example.com", "to": "one@example.com", )"
+                R"("type": "text/html"})");
+}
+
+struct Fault {
+  const char* mode;
+  const char* step;
+  const char* reason;
+};
+
+class SmtpFaults : public testing::TestWithParam<Fault> {};
+
+TEST_P(SmtpFaults, AreNamedWithTheirStep) {
+  SmtpServer server(GetParam().mode, GetParam().step);
+  const std::string mode = GetParam().mode;
+  const bool waits = mode == "silent" || mode == "drip";
+  EXPECT_EQ(SendTo(server, Sample(0), waits ? 400 : 20000).value_or("sent"), GetParam().reason);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EachStep, SmtpFaults,
+    testing::Values(Fault{"refuse", "greeting", "greeting: 554 5.7.1 refused at greeting"},
+                    Fault{"refuse", "ehlo", "HELO: 554 5.7.1 refused at ehlo"},
+                    Fault{"refuse", "mail", "MAIL FROM: 554 5.7.1 refused at mail"},
+                    Fault{"refuse", "rcpt", "RCPT TO one@example.com: 554 5.7.1 refused at rcpt"},
+                    Fault{"refuse", "data", "DATA: 554 5.7.1 refused at data"},
+                    Fault{"refuse", "message", "message: 554 5.7.1 refused at message"},
+                    Fault{"silent", "greeting", "greeting: no answer in time"},
+                    Fault{"silent", "ehlo", "EHLO: no answer in time"},
+                    Fault{"silent", "mail", "MAIL FROM: no answer in time"},
+                    Fault{"silent", "rcpt", "RCPT TO one@example.com: no answer in time"},
+                    Fault{"silent", "data", "DATA: no answer in time"},
+                    Fault{"silent", "message", "message: no answer in time"},
+                    Fault{"drip", "mail", "MAIL FROM: no answer in time"},
+                    Fault{"cut", "greeting", "greeting: connection closed"},
+                    Fault{"cut", "ehlo", "EHLO: connection closed"},
+                    Fault{"cut", "mail", "MAIL FROM: connection closed"},
+                    Fault{"cut", "rcpt", "RCPT TO one@example.com: connection closed"},
+                    Fault{"cut", "data", "DATA: connection closed"},
+                    Fault{"cut", "message", "message: connection closed"}),
+    [](const auto& one) { return std::string(one.param.mode) + "_" + one.param.step; });
+
+TEST(SmtpServerOnLoopback, NobodyListens) {
+  int port = 0;
+  {
+    SmtpServer gone("accept", "all");
+    port = gone.Port();
+  }
+  PosixTcpConnector connector;
+  PosixTickClock ticks;
+  FixedUtcClock clock;
+  EXPECT_EQ(SmtpMailer(connector, ticks, clock).Send(Sample(port)).value_or("sent"),
+            "connecting: no connection");
+}
+
+}  // namespace
+}  // namespace tarvo
