@@ -1,0 +1,29 @@
+#include "platform/windows/event_log_windows.h"
+
+#include "platform/windows/handle_windows.h"
+
+namespace tarvo {
+namespace {
+
+constexpr std::size_t kLongestText = 31839;
+
+struct EventSourceTraits {
+  using Value = HANDLE;
+  static bool IsNone(Value value) { return value == nullptr; }
+  static void Close(Value value) { DeregisterEventSource(value); }
+};
+
+}  // namespace
+
+void WindowsEventLog::WriteError(const std::string& text) { Report(text); }
+
+bool WindowsEventLog::Report(const std::string& text) {
+  const UniqueHandle<EventSourceTraits> source(RegisterEventSourceA(nullptr, "Tarvo Launcher"));
+  if (!source.Valid()) return false;
+  const std::string shown = text.substr(0, kLongestText);
+  const char* strings[] = {shown.c_str()};
+  return ReportEventA(source.Get(), EVENTLOG_ERROR_TYPE, 0, 0, nullptr, 1, 0, strings, nullptr) !=
+         0;
+}
+
+}  // namespace tarvo
