@@ -26,6 +26,8 @@ class SimRandom final : public RandomSource {
   void Script(std::initializer_list<double> fractions) {
     script_.insert(script_.end(), fractions.begin(), fractions.end());
   }
+  /// Forgets what is waiting.
+  void Drop() { script_.clear(); }
 
  private:
   CallRecorder& recorder_;

@@ -1,0 +1,215 @@
+#include "tests/randomizer/randomizer_story.h"
+
+namespace tarvo {
+namespace {
+
+class CalendarPanel : public RandomizerStory {
+ protected:
+  void Choose(int day, int hour, int minute, int restart) {
+    Page().lstDay.Choose(day);
+    Page().ScrollTime[0].Scroll(hour);
+    Page().ScrollTime[1].Scroll(minute);
+    Page().cmbRstrt.Choose(restart);
+  }
+  void Add() { Page().cmdCalendar[0].Click(); }
+  void Remove() { Page().cmdCalendar[1].Click(); }
+  void Select(const std::string& line) {
+    Page().lstDTRands.Choose(Position(Page().lstDTRands, line));
+  }
+};
+
+TEST_F(CalendarPanel, AddsAnEntryAtTheEndAndWritesTheFile) {
+  Load();
+  Choose(0, 8, 30, 0);
+  Add();
+  Choose(4, 22, 0, 1);
+  Add();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=Y\nFri 22:00 restart=N\n");
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Mon_08:30", "Yes") + Entry("Fri_22:00", "No")));
+  Load();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=Y\nFri 22:00 restart=N\n");
+}
+
+TEST_F(CalendarPanel, AddingAnEntryTwiceLeavesOneAndWritesBothTimes) {
+  Load();
+  Choose(0, 8, 30, 0);
+  Add();
+  const std::string before = CalendarFile();
+  machine.recorder.Forget();
+  Page().cmbRstrt.Choose(1);
+  Add();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=Y\n");
+  EXPECT_EQ(CalendarFile(), before);
+  EXPECT_EQ(machine.recorder.CountOf("files.swap(C:\\srv\\rndcalendar.xml)"), 1u);
+  EXPECT_EQ(NewLog(), "");
+}
+
+TEST_F(CalendarPanel, WithoutADayTheFileIsWrittenAllTheSame) {
+  PutCalendar(Entry("Mon_08:30", "Yes"));
+  Load();
+  machine.recorder.Forget();
+  Add();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=Y\n");
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Mon_08:30", "Yes")));
+  EXPECT_EQ(machine.recorder.CountOf("files.swap"), 1u);
+}
+
+TEST_F(CalendarPanel, WithoutARestartChoiceTheEntryDoesNotRestart) {
+  Load();
+  Page().lstDay.Choose(6);
+  Add();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Sun 00:00 restart=N\n");
+}
+
+TEST_F(CalendarPanel, EveryDayAndTimeOfTheWeekIsNamedWithTwoDigits) {
+  Load();
+  const char* days[] = {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
+  for (int day = 0; day < 7; ++day) {
+    Choose(day, 0, 9, 1);
+    Add();
+    EXPECT_EQ(Page().lstDTRands.Items().back(), std::string(days[day]) + " 00:09 restart=N");
+    Choose(day, 23, 59, 1);
+    Add();
+    EXPECT_EQ(Page().lstDTRands.Items().back(), std::string(days[day]) + " 23:59 restart=N");
+  }
+}
+
+TEST_F(CalendarPanel, RemovesTheSelectedEntryAndWritesTheFile) {
+  PutCalendar(Entry("Mon_08:30", "Yes") + Entry("Fri_22:00", "No"));
+  Load();
+  Select("Mon 08:30 restart=Y");
+  Remove();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Fri 22:00 restart=N\n");
+  EXPECT_EQ(Page().lstDTRands.ListIndex(), -1);
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Fri_22:00", "No")));
+  Select("Fri 22:00 restart=N");
+  Remove();
+  EXPECT_EQ(CalendarFile(), "<Calendar/>\r\n");
+  Load();
+  EXPECT_EQ(Lines(Page().lstDTRands), "");
+}
+
+TEST_F(CalendarPanel, RemoveWithoutASelectionWritesTheFileAllTheSame) {
+  Load();
+  EXPECT_FALSE(machine.files.Has(kCalendarFile));
+  Remove();
+  EXPECT_EQ(CalendarFile(), "<Calendar/>\r\n");
+}
+
+TEST_F(CalendarPanel, OfTwoEqualEntriesTheSelectedOneIsRemoved) {
+  PutCalendar(Entry("Mon_08:30", "Yes") + Entry("Mon_08:30", "No"));
+  Load();
+  Select("Mon 08:30 restart=N");
+  Remove();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=Y\n");
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Mon_08:30", "Yes")));
+}
+
+TEST_F(CalendarPanel, ALineOfAnotherFormLeavesTheListAndStaysInTheFile) {
+  PutCalendar(Entry("a_b_c", "Yes") + Entry("Mon_08:30", "No"));
+  Load();
+  Select("a b c restart=Y");
+  Remove();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=N\n");
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("a_b_c", "Yes") + Entry("Mon_08:30", "No")));
+}
+
+TEST_F(CalendarPanel, ScrollsShowTwoDigits) {
+  Load();
+  for (const auto& [value, text] :
+       {std::pair{7, "07"}, {0, "00"}, {9, "09"}, {10, "10"}, {23, "23"}}) {
+    for (std::size_t i : {0u, 1u}) {
+      Page().ScrollTime[i].Scroll(value);
+      EXPECT_EQ(Page().txt_Time[i].Text(), text);
+    }
+  }
+  Page().ScrollTime[0].Scroll(99);
+  Page().ScrollTime[1].Scroll(-1);
+  EXPECT_EQ(Page().txt_Time[0].Text(), "23");
+  EXPECT_EQ(Page().txt_Time[1].Text(), "00");
+}
+
+TEST_F(CalendarPanel, TypedTimesComeOutWithinADay) {
+  const struct {
+    const char* typed;
+    const char* hour;
+    const char* minute;
+  } cases[] = {{"7", "07", "07"},  {"23", "23", "23"}, {"24", "23", "24"}, {"59", "23", "59"},
+               {"60", "23", "59"}, {"99", "23", "59"}, {"", "05", "05"},   {"x", "05", "05"},
+               {"-1", "00", "00"}, {"0", "00", "00"},  {"1e9", "23", "59"}};
+  for (const auto& c : cases) {
+    Load();
+    for (std::size_t i : {0u, 1u}) {
+      Page().ScrollTime[i].Scroll(5);
+      Page().txt_Time[i].Type(c.typed);
+      Page().txt_Time[i].LoseFocus();
+    }
+    EXPECT_EQ(Page().txt_Time[0].Text(), c.hour) << c.typed;
+    EXPECT_EQ(Page().txt_Time[1].Text(), c.minute) << c.typed;
+    EXPECT_EQ(std::to_string(Page().ScrollTime[1].Value()), std::to_string(std::stoi(c.minute)));
+  }
+}
+
+TEST_F(CalendarPanel, AnEntryIsAddedWithTheTypedTimePutRight) {
+  Load();
+  Page().lstDay.Choose(1);
+  Page().txt_Time[0].Type("99");
+  Page().txt_Time[1].Type("7");
+  Add();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Tue 23:07 restart=N\n");
+}
+
+TEST_F(CalendarPanel, TimeBoxesTakeDigits) {
+  Load();
+  TextBox& box = Page().txt_Time[0];
+  box.Type("");
+  for (char key : std::string("1:a-2.3")) box.PressKey(key);
+  EXPECT_EQ(box.Text(), "12");
+}
+
+TEST_F(CalendarPanel, AnEntryOnTheDiskSurvivesAStartWithoutTheServerFile) {
+  PutCalendar(Entry("Mon_08:30", "Yes"));
+  machine.files.Remove(kServerFile);
+  Load();
+  EXPECT_EQ(Lines(Page().lstDTRands), "");
+  Choose(4, 22, 0, 1);
+  Add();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=Y\nFri 22:00 restart=N\n");
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Mon_08:30", "Yes") + Entry("Fri_22:00", "No")));
+}
+
+TEST_F(CalendarPanel, ARemovalReadsTheFileFirstToo) {
+  PutCalendar(Entry("Mon_08:30", "Yes"));
+  machine.files.Remove(kServerFile);
+  Load();
+  Remove();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=Y\n");
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Mon_08:30", "Yes")));
+}
+
+TEST_F(CalendarPanel, AFileThatCannotBeReadIsLeftAlone) {
+  PutCalendar(Entry("Mon_08:30", "Yes"));
+  machine.files.LockForReading(kCalendarFile);
+  Load();
+  Choose(4, 22, 0, 1);
+  Add();
+  EXPECT_EQ(NewLog(), "2 C:\\srv\\rndcalendar.xml file can't be loaded\n");
+  EXPECT_EQ(Lines(Page().lstDTRands), "");
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Mon_08:30", "Yes")));
+  machine.files.Unlock(kCalendarFile);
+  Add();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=Y\nFri 22:00 restart=N\n");
+}
+
+TEST_F(CalendarPanel, AFileThatCannotBeWrittenIsToldInTheEventLog) {
+  PutCalendar(Entry("Mon_08:30", "Yes"));
+  machine.files.ProtectFromWriting(kCalendarFile);
+  Load();
+  Choose(4, 22, 0, 1);
+  Add();
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Mon_08:30", "Yes")));
+  EXPECT_EQ(machine.eventLog.Entries().back(), "Error en funci\xF3n StringtoFile");
+}
+
+}  // namespace
+}  // namespace tarvo
