@@ -108,6 +108,7 @@ LogWidget::Reading LogWidget::Remember() const {
   POINTL corner{1, 1};
   reading.topLetter = static_cast<LONG>(
       SendMessageA(Window(), EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&corner)));
+  reading.topHeight = HeightOf(reading.topLetter);
   return reading;
 }
 
@@ -125,10 +126,16 @@ void LogWidget::Restore(const Reading& reading) {
   CHARRANGE selection = {std::max(0L, reading.selection.cpMin - gone),
                          std::max(0L, reading.selection.cpMax - gone)};
   SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&selection));
-  const LONG top = std::max(0L, reading.topLetter - gone);
-  const LRESULT wanted = SendMessageA(Window(), EM_EXLINEFROMCHAR, 0, top);
-  const LRESULT now = SendMessageA(Window(), EM_GETFIRSTVISIBLELINE, 0, 0);
-  SendMessageA(Window(), EM_LINESCROLL, 0, wanted - now);
+  POINTL scroll{};
+  SendMessageA(Window(), EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
+  scroll.y += HeightOf(std::max(0L, reading.topLetter - gone)) - reading.topHeight;
+  SendMessageA(Window(), EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
+}
+
+LONG LogWidget::HeightOf(LONG letter) const {
+  POINTL place{};
+  SendMessageA(Window(), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&place), letter);
+  return place.y;
 }
 
 void LogWidget::Insert(const ColouredText& piece) {
@@ -158,6 +165,9 @@ void LogWidget::StreamIn(const std::string& source) {
   stream.pfnCallback = ReadSource;
   SendMessageA(Window(), EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
   ApplyFont();
+  // A rich edit drops the line end that its source ends with.
+  const bool ended = SendMessageA(Window(), EM_LINELENGTH, static_cast<WPARAM>(Length()), 0) == 0;
+  if (!ended && source.ends_with("\\par\r\n}\r\n")) Insert({0, "\r\n"});
 }
 
 void LogWidget::Replaced(const std::string& source) {

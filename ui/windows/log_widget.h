@@ -30,12 +30,14 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
     CHARRANGE selection{};
     LONG length = 0;     ///< Of the text then.
     LONG topLetter = 0;  ///< The first one in view.
+    LONG topHeight = 0;  ///< Where it stands, in pixels under the upper edge.
   };
 
   static LRESULT CALLBACK Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
                                DWORD_PTR self);
   bool ShowsEnd() const;
   LONG Length() const;
+  LONG HeightOf(LONG letter) const;
   Reading Remember() const;
   void Restore(const Reading& reading);
   void ScrollToEnd();
