@@ -1,0 +1,73 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "xmldoc/template_ports.h"
+
+namespace tarvo {
+
+/// 2026-11-21 10:32:07, unless told otherwise.
+class StoppedClock : public LocalClock {
+ public:
+  LocalTime Now() override {
+    using namespace std::chrono;
+    return local_days{year{2026} / November / 21} + hours{10} + minutes{32} + seconds{7};
+  }
+};
+
+/// Gives the greatest number, and remembers what was asked.
+class GreatestNumber : public RandomNumbers {
+ public:
+  std::uint32_t Below(std::uint32_t bound) override {
+    bounds.push_back(bound);
+    return bound - 1;
+  }
+  std::vector<std::uint32_t> bounds;
+};
+
+/// Takes every mail but those for full@example.com.
+class RecordedMailer : public Mailer {
+ public:
+  std::optional<std::string> Send(const MailMessage& message) override {
+    mails.push_back(message);
+    if (message.to != "full@example.com") return std::nullopt;
+    return "RCPT TO full@example.com: 452 4.2.2 full";
+  }
+  std::vector<MailMessage> mails;
+};
+
+/// Answers with `result` and remembers the calls as "identifier.method(a,b)".
+class RecordedComponents : public ComponentCalls {
+ public:
+  std::optional<std::string> Call(const std::string& programId, const std::string& method,
+                                  const std::vector<std::string>& arguments) override {
+    std::string call = programId + "." + method + "(";
+    for (const std::string& one : arguments) call += (call.back() == '(' ? "" : ",") + one;
+    calls.push_back(call + ")");
+    return result;
+  }
+  std::optional<std::string> result = "called";
+  std::vector<std::string> calls;
+};
+
+/// All ports but that of the components, which a caller may add.
+struct FakePorts {
+  StoppedClock clock;
+  GreatestNumber random;
+  RecordedMailer mailer;
+  RecordedComponents components;
+
+  TemplatePorts Without() { return {}; }
+  TemplatePorts All() {
+    TemplatePorts ports;
+    ports.clock = &clock;
+    ports.random = &random;
+    ports.mailer = &mailer;
+    ports.components = &components;
+    return ports;
+  }
+};
+
+}  // namespace tarvo
