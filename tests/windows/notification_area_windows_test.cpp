@@ -1,0 +1,216 @@
+#include "platform/windows/notification_area_windows.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <set>
+#include <vector>
+
+#include "desktop/status_icons.h"
+#include "platform/windows/code_page_windows.h"
+#include "platform/windows/icons_windows.h"
+
+namespace tarvo {
+namespace {
+
+constexpr char kTitle[] = "Sys Tray Interface";
+
+HWND HiddenWindow() {
+  for (HWND window = nullptr;
+       (window = FindWindowExA(nullptr, window, nullptr, kTitle)) != nullptr;) {
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner == GetCurrentProcessId()) return window;
+  }
+  return nullptr;
+}
+
+void HandleMessages() {
+  MSG message{};
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
+}
+
+AlarmStates StatesOf(int number) {
+  return {{static_cast<AlarmState>(number % 3), static_cast<AlarmState>(number / 3 % 3),
+           static_cast<AlarmState>(number / 9 % 3)}};
+}
+
+class WindowsNotificationAreaTest : public testing::Test {
+ protected:
+  WindowsNotificationAreaTest() {
+    area.onMouseMessage = [this](std::uint32_t message) { mouse.push_back(message); };
+    area.onShellRestarted = [this] { ++restarts; };
+  }
+
+  WindowsNotificationArea area;
+  std::vector<std::uint32_t> mouse;
+  int restarts = 0;
+};
+
+TEST_F(WindowsNotificationAreaTest, TheWindowIsHiddenTopLevelAndGoesWhenItIsClosed) {
+  EXPECT_EQ(HiddenWindow(), nullptr);
+  area.OpenWindow(kTitle);
+  const HWND window = HiddenWindow();
+  ASSERT_NE(window, nullptr);
+  EXPECT_FALSE(IsWindowVisible(window));
+  EXPECT_EQ(GetParent(window), nullptr);
+  area.CloseWindow();
+  EXPECT_FALSE(IsWindow(window));
+}
+
+TEST_F(WindowsNotificationAreaTest, TheMouseMessageIsTheLowWordOfTheCallbacksDetail) {
+  area.OpenWindow(kTitle);
+  for (LPARAM detail : {512, 513, 515, 516, 0x00070203, 0xFFFF}) {
+    PostMessageA(HiddenWindow(), 512, 1, detail);
+  }
+  HandleMessages();
+  EXPECT_EQ(mouse, (std::vector<std::uint32_t>{512, 513, 515, 516, 515, 0xFFFF}));
+}
+
+TEST_F(WindowsNotificationAreaTest, OtherMessagesAreNoneOfItsBusiness) {
+  area.OpenWindow(kTitle);
+  for (const UINT message : {0x0203U, 0x0400U, 0x0401U}) {
+    SendMessageA(HiddenWindow(), message, 1, 515);
+  }
+  EXPECT_TRUE(mouse.empty());
+  EXPECT_EQ(restarts, 0);
+}
+
+TEST_F(WindowsNotificationAreaTest, HearsThatTheShellWasStartedAgain) {
+  area.OpenWindow(kTitle);
+  PostMessageA(HWND_BROADCAST, RegisterWindowMessageA("TaskbarCreated"), 0, 0);
+  HandleMessages();
+  EXPECT_EQ(restarts, 1);
+}
+
+TEST_F(WindowsNotificationAreaTest, CallsInAnyOrderAreHarmless) {
+  area.Modify({0, "no window"});
+  area.Delete();
+  area.CloseWindow();
+  EXPECT_FALSE(area.ShowMenu({{"&Show", true, true}}));
+  area.OpenWindow(kTitle);
+  area.OpenWindow(kTitle);
+  area.Add({0, std::string(kLongestTip, 'x')});
+  area.Delete();
+  area.Delete();
+  area.CloseWindow();
+  EXPECT_EQ(HiddenWindow(), nullptr);
+}
+
+TEST_F(WindowsNotificationAreaTest, ItsEndTakesTheWindowAlong) {
+  {
+    WindowsNotificationArea other;
+    other.OpenWindow(kTitle);
+    other.Add({0, "tip"});
+    ASSERT_NE(HiddenWindow(), nullptr);
+  }
+  EXPECT_EQ(HiddenWindow(), nullptr);
+}
+
+/// Does one thing as soon as a menu is up.
+std::function<void(HWND)> onMenu;
+void CALLBACK LookForMenu(HWND, UINT, UINT_PTR timer, DWORD) {
+  const HWND menu = FindWindowA("#32768", nullptr);
+  if (!menu || !IsWindowVisible(menu)) return;
+  KillTimer(nullptr, timer);
+  onMenu(menu);
+}
+
+TEST_F(WindowsNotificationAreaTest, TheMenuReportsTheChosenEntry) {
+  area.OpenWindow(kTitle);
+  onMenu = [](HWND menu) {
+    PostMessageA(menu, WM_KEYDOWN, VK_DOWN, 0);
+    PostMessageA(menu, WM_KEYDOWN, VK_DOWN, 0);
+    PostMessageA(menu, WM_KEYDOWN, VK_RETURN, 0);
+  };
+  SetTimer(nullptr, 0, 20, LookForMenu);
+  EXPECT_EQ(area.ShowMenu({{"&Show", true, true}, {"&Other"}}), std::optional<std::size_t>(1));
+}
+
+TEST_F(WindowsNotificationAreaTest, ClosingTheWindowEndsTheMenu) {
+  area.OpenWindow(kTitle);
+  onMenu = [this](HWND) { area.CloseWindow(); };
+  SetTimer(nullptr, 0, 20, LookForMenu);
+  EXPECT_FALSE(area.ShowMenu({{"&Show", true, true}}));
+  EXPECT_EQ(HiddenWindow(), nullptr);
+}
+
+TEST_F(WindowsNotificationAreaTest, ASecondMenuIsNotShownOverTheFirst) {
+  area.OpenWindow(kTitle);
+  bool secondShown = true;
+  onMenu = [&](HWND) {
+    secondShown = area.ShowMenu({{"&Other"}}).has_value();
+    EndMenu();
+  };
+  SetTimer(nullptr, 0, 20, LookForMenu);
+  EXPECT_FALSE(area.ShowMenu({{"&Show", true, true}}));
+  EXPECT_FALSE(secondShown);
+}
+
+TEST(WindowsIconsTest, TheSizeIsOneThatIconsCanHave) {
+  const int size = WindowsIcons().NotificationSize();
+  EXPECT_GE(size, 16);
+  EXPECT_LE(size, 128);
+}
+
+TEST(WindowsIconsTest, AnIconHasThePicturesSizeAndColours) {
+  WindowsIcons icons;
+  Picture picture{16, std::vector<std::uint32_t>(16 * 16, 0xFF00FF00)};
+  picture.pixels[0] = 0xFFFF0000;
+  const IconHandle icon = icons.Create(picture);
+  ASSERT_NE(icon, 0);
+  const HDC screen = GetDC(nullptr);
+  const HDC memory = CreateCompatibleDC(screen);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, 16, 16);
+  const HGDIOBJ before = SelectObject(memory, bitmap);
+  DrawIconEx(memory, 0, 0, reinterpret_cast<HICON>(icon), 16, 16, 0, nullptr, DI_NORMAL);
+  EXPECT_EQ(GetPixel(memory, 0, 0), RGB(255, 0, 0)) << "the left upper corner";
+  EXPECT_EQ(GetPixel(memory, 1, 0), RGB(0, 255, 0));
+  EXPECT_EQ(GetPixel(memory, 15, 15), RGB(0, 255, 0));
+  SelectObject(memory, before);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+  icons.Destroy(icon);
+}
+
+TEST(WindowsIconsTest, APictureOfNoSizeMakesNoIcon) {
+  WindowsIcons icons;
+  EXPECT_EQ(icons.Create({}), 0);
+  icons.Destroy(0);
+}
+
+TEST(WindowsIconsTest, TenThousandPictureChangesLeaveObjectsWhereTheyBegan) {
+  WindowsNotificationArea area;
+  area.OpenWindow(kTitle);
+  area.Add({0, "tip"});
+  WindowsIcons system;
+  StatusIcons icons(system);
+  for (int i = 0; i < 27; ++i) area.Modify({icons.For(StatesOf(i)), "tip"});
+  const HANDLE self = GetCurrentProcess();
+  const DWORD gdi = GetGuiResources(self, GR_GDIOBJECTS);
+  const DWORD user = GetGuiResources(self, GR_USEROBJECTS);
+  std::set<IconHandle> seen;
+  for (int i = 0; i < 10000; ++i) {
+    const IconHandle icon = icons.For(StatesOf(i * 7));
+    seen.insert(icon);
+    area.Modify({icon, "tip"});
+  }
+  EXPECT_EQ(GetGuiResources(self, GR_GDIOBJECTS), gdi);
+  EXPECT_EQ(GetGuiResources(self, GR_USEROBJECTS), user);
+  // The counts above may say nothing under another system; the handles do.
+  EXPECT_EQ(seen.size(), 27U);
+  EXPECT_FALSE(seen.contains(0));
+}
+
+TEST(WindowsCodePageTest, AgreesWithTheSystem) {
+  WindowsCodePage codePage;
+  for (int byte = 0; byte < 256; ++byte) {
+    const auto value = static_cast<unsigned char>(byte);
+    EXPECT_EQ(codePage.IsLeadByte(value), IsDBCSLeadByte(value) != FALSE) << byte;
+  }
+  EXPECT_FALSE(codePage.IsLeadByte('A'));
+}
+
+}  // namespace
+}  // namespace tarvo
