@@ -43,10 +43,14 @@ Principal::Principal(const Machine& machine)
       upgradeSettings_(form_, registry_, root_, machine.fileDialog),
       upgrade_({form_, components_, startStop_, log_, upgradeSettings_, machine.fileReader,
                 PatientCopies(machine.fileCopies, machine.tickClock), machine.localClock,
-                machine.messageBoxes, root_.AppFolder(), crashWatch_.UpgradeInProgress}) {
+                machine.messageBoxes, root_.AppFolder(), crashWatch_.UpgradeInProgress}),
+      randomizer_(form_.randomizer, form_.timers.tmr_Calendar, log_, root_,
+                  {machine.fileReader, machine.fileReplacer, machine.eventLog, registry_,
+                   machine.localClock, machine.random, machine.messageBoxes}) {
   WireControls();
   WireTimers();
   WireUpgrade();
+  WireRandomizer();
   WireTray();
 }
 
@@ -130,6 +134,12 @@ void Principal::WireUpgrade() {
   page.UpdateNow.onClick = [this] { upgrade_.UpdateNow_Click(); };
 }
 
+void Principal::WireRandomizer() {
+  randomizer_.WireControls();
+  startStop_.beforeMapServerStarts = [this] { randomizer_.TheGate().RandomizeOnMapStart(); };
+  randomizer_.TheCalendar().restartRunning = [this] { crashWatch_.RestartRunning(); };
+}
+
 std::string Principal::InstanceName() const {
   return clsMD5().DigestStrToHexStr(LowerCase(root_.WithSeparator()));
 }
@@ -162,6 +172,7 @@ void Principal::Form_Load() {
   form_.frame.window.SetTitle(title);
   LookForRunningComponents();
   AutoStart();
+  LoadRandomizer();
   if (componentsFoundInMemory_) form_.frame.SSTab1.SetPage(0);
 }
 
@@ -187,6 +198,8 @@ bool Principal::LoadSettings() {
   // The settings may minimize the window, and then the icon is the only way back to it.
   tray_.Load("Tarvo Launcher", imgIcon(lights_.StatusCode()));
   settings_.Load();
+  randomizer_.TheGate().SetCounters(
+      {settings_.LastRandomize(), settings_.DayRndCnt(), settings_.HourRndCnt()});
   return true;
 }
 
@@ -233,6 +246,13 @@ void Principal::AutoStart() {
     if (form_.frame.window.Ended()) return;
     if (boxes[kind].Checked()) startStop_.bStart_Click(IndexOf(kind));
   }
+}
+
+void Principal::LoadRandomizer() {
+  if (form_.frame.window.Ended()) return;
+  randomizer_.LoadRandomizerFiles();
+  form_.randomizer.lstDay.SetListIndex(0);
+  form_.randomizer.cmbRstrt.SetListIndex(0);
 }
 
 void Principal::Form_Unload(bool& cancel) {

@@ -15,6 +15,7 @@
 #include "desktop/status_icons.h"
 #include "desktop/window_options.h"
 #include "platform/machine.h"
+#include "randomizer/randomizer.h"
 #include "supervision/crash_watch.h"
 #include "supervision/freeze_watch.h"
 #include "supervision/port_probe.h"
@@ -57,12 +58,14 @@ class Principal {
   CrashWatch& TheCrashWatch() { return crashWatch_; }
 
   frmSysTray& TheTray() { return tray_; }
+  Randomizer& TheRandomizer() { return randomizer_; }
 
  private:
   void WireControls();
   void WireTimers();
   void WireTray();
   void WireUpgrade();
+  void WireRandomizer();
 
   void Form_Load();
   void Form_Unload(bool& cancel);
@@ -80,6 +83,7 @@ class Principal {
   void LogConfiguration();
   void LookForRunningComponents();
   void AutoStart();
+  void LoadRandomizer();
   void RefuseToStart(const std::string& reason);
   void ShowFault(const RuntimeError& fault);
 
@@ -104,6 +108,7 @@ class Principal {
   frmSysTray tray_;
   UpgradeSettings upgradeSettings_;
   ComponentUpgrade upgrade_;
+  Randomizer randomizer_;
   bool componentsFoundInMemory_ = false;
 };
 

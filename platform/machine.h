@@ -4,6 +4,7 @@
 
 #include "platform/clock.h"
 #include "platform/code_page.h"
+#include "platform/event_log.h"
 #include "platform/file_copies.h"
 #include "platform/file_dialog.h"
 #include "platform/files.h"
@@ -14,6 +15,7 @@
 #include "platform/message_boxes.h"
 #include "platform/notification_area.h"
 #include "platform/processes.h"
+#include "platform/random_source.h"
 #include "platform/registry.h"
 #include "platform/sockets.h"
 
@@ -39,6 +41,9 @@ struct Machine {
   CodePage& codePage;
   FileCopies& fileCopies;
   FileDialog& fileDialog;
+  FileReplacer& fileReplacer;
+  EventLog& eventLog;
+  RandomSource& random;
   std::string executablePath;  ///< Full path of the launcher's own executable.
 };
 

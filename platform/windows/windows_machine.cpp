@@ -1,9 +1,12 @@
 #include "platform/windows/windows_machine.h"
 
+#include "platform/mersenne_random.h"
 #include "platform/windows/clock_windows.h"
 #include "platform/windows/code_page_windows.h"
+#include "platform/windows/event_log_windows.h"
 #include "platform/windows/file_copies_windows.h"
 #include "platform/windows/file_dialog_windows.h"
+#include "platform/windows/file_replacer_windows.h"
 #include "platform/windows/files_windows.h"
 #include "platform/windows/foreign_windows_windows.h"
 #include "platform/windows/icons_windows.h"
@@ -49,6 +52,9 @@ struct WindowsMachine::Adapters {
   WindowsCodePage codePage;
   WindowsFileCopies fileCopies;
   WindowsFileDialog fileDialog;
+  WindowsFileReplacer fileReplacer;
+  WindowsEventLog eventLog;
+  MersenneRandom random;
 };
 
 WindowsMachine::WindowsMachine() : adapters_(std::make_unique<Adapters>()) {}
@@ -60,7 +66,8 @@ Machine WindowsMachine::Ports() {
           all.processes,        all.foreignWindows, all.sockets,      all.localClock,
           all.tickClock,        all.memoryStatus,   all.messageBoxes, all.instanceLock,
           all.notificationArea, all.icons,          all.codePage,     all.fileCopies,
-          all.fileDialog,       OwnExecutablePath()};
+          all.fileDialog,       all.fileReplacer,   all.eventLog,     all.random,
+          OwnExecutablePath()};
 }
 
 void WindowsMachine::SetOwner(std::intptr_t window) {

@@ -24,6 +24,9 @@ CheckBox* FindCheckBox(ServersPage& page, const std::string& name, std::size_t i
 CommandButton* FindButton(Form& form, const std::string& name, std::size_t index) {
   if (name == "bStart") return &form.status.bStart.at(index);
   if (name == "Command1") return &form.servers.Command1;
+  if (name == "Command2") return &form.randomizer.Command2;
+  if (name == "rAdd") return &form.randomizer.rAdd.at(index);
+  if (name == "cmdCalendar") return &form.randomizer.cmdCalendar.at(index);
   return nullptr;
 }
 
@@ -37,13 +40,21 @@ OptionButton* FindOption(Form& form, const std::string& name, std::size_t index)
 TextBox& FindTextBox(Form& form, const std::string& name, std::size_t index) {
   if (name == "TTO") return form.servers.TTO.at(index);
   if (name == "txtMxD") return form.randomizer.txtMxD.at(index);
+  if (name == "rIni") return form.randomizer.rIni;
+  if (name == "rEnd") return form.randomizer.rEnd;
+  if (name == "txt_Time") return form.randomizer.txt_Time.at(index);
   NoSuch(name);
 }
 
-DropDownList& FindList(ServersPage& page, const std::string& name, std::size_t index) {
-  if (name == "Exes") return page.Exes.at(index);
-  if (name == "Prior") return page.Prior.at(index);
-  if (name == "LogH") return page.LogH;
+ItemList& FindList(Form& form, const std::string& name, std::size_t index) {
+  if (name == "Exes") return form.servers.Exes.at(index);
+  if (name == "Prior") return form.servers.Prior.at(index);
+  if (name == "LogH") return form.servers.LogH;
+  if (name == "cmdParam") return form.randomizer.cmdParam;
+  if (name == "lstRnd") return form.randomizer.lstRnd;
+  if (name == "lstDay") return form.randomizer.lstDay;
+  if (name == "cmbRstrt") return form.randomizer.cmbRstrt;
+  if (name == "lstDTRands") return form.randomizer.lstDTRands;
   NoSuch(name);
 }
 
@@ -85,7 +96,7 @@ void Launcher::Type(const std::string& name, std::size_t index, const std::strin
 
 void Launcher::Choose(const std::string& name, std::size_t index, const std::string& item) {
   Event([&] {
-    DropDownList& list = FindList(TheForm().servers, name, index);
+    ItemList& list = FindList(TheForm(), name, index);
     const auto& items = list.Items();
     const auto found = std::find(items.begin(), items.end(), item);
     if (found == items.end()) NoSuch(name + " entry " + item);
