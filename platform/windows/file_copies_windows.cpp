@@ -52,6 +52,7 @@ bool IsFolder(DWORD attributes) {
 Outcome CheckTarget(const std::string& target) {
   const DWORD attributes = GetFileAttributesA(target.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return std::nullopt;
+  if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) return FaultOf(ERROR_ACCESS_DENIED);
   const KernelHandle file = Open(target, GENERIC_WRITE | DELETE, kShareAll);
   if (file.Valid()) return std::nullopt;
   return FaultOf(GetLastError());

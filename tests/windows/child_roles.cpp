@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "platform/windows/file_copies_windows.h"
 #include "platform/windows/instance_lock_windows.h"
 
 namespace tarvo::test {
@@ -53,6 +54,14 @@ int Hold(const std::string& name, bool withWindow, DWORD milliseconds) {
   return 0;
 }
 
+int CopyForEver(const std::string& files) {
+  const std::size_t mark = files.find('*');
+  WindowsFileCopies copies;
+  while (!copies.CopyOver(files.substr(0, mark), files.substr(mark + 1))) {
+  }
+  return 1;
+}
+
 }  // namespace
 
 int PlayRole(const std::string& role) {
@@ -62,6 +71,7 @@ int PlayRole(const std::string& role) {
   if (verb == "hold") return Hold(object, false, INFINITE);
   if (verb == "hold-window") return Hold(object, true, INFINITE);
   if (verb == "hold-briefly") return Hold(object, false, 800);
+  if (verb == "copy") return CopyForEver(object);
   return 2;
 }
 

@@ -12,6 +12,7 @@ namespace tarvo::test {
 ///   hold NAME           takes the instance lock NAME and holds it until it is ended
 ///   hold-window NAME    the same, with a hidden published window
 ///   hold-briefly NAME   holds it for 800 milliseconds and ends
+///   copy SOURCE*TARGET  copies one file over the other again and again until it is ended
 ///
 /// The three that hold say so by making a file NAME.held in the current folder.
 inline constexpr char kRoleVariable[] = "TARVO_TEST_ROLE";
