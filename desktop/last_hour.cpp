@@ -45,6 +45,12 @@ std::string WordsOf(const StatusStrip& strip, ComponentKind kind) {
   return std::string(NameOf(kind)) + ", last hour: " + (words.empty() ? "nothing seen" : words);
 }
 
+LastHour::LastHour(PerComponent<StatusStrip>& strips, const ComponentTable& components,
+                   TickClock& clock)
+    : strips_(strips), components_(components), clock_(clock) {
+  for (ComponentKind kind : kComponents) strips_[kind].SetToolTip(WordsOf(strips_[kind], kind));
+}
+
 void LastHour::Note() {
   const std::size_t movesOn = CellsSinceLast();
   for (ComponentKind kind : kComponents) {

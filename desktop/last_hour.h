@@ -13,8 +13,8 @@ namespace tarvo {
 /// the status lights. Nothing of it is stored: a launcher that is started anew has seen nothing.
 class LastHour {
  public:
-  LastHour(PerComponent<StatusStrip>& strips, const ComponentTable& components, TickClock& clock)
-      : strips_(strips), components_(components), clock_(clock) {}
+  /// Gives each strip its words, which tell that nothing was seen yet.
+  LastHour(PerComponent<StatusStrip>& strips, const ComponentTable& components, TickClock& clock);
 
   /// To be called at each tick of the status lights, after them. Moments that were missed, because
   /// the machine slept, are unseen.

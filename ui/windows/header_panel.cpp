@@ -3,6 +3,7 @@
 #include "ui/windows/component_names.h"
 #include "ui/windows/label_widgets.h"
 #include "ui/windows/light_widget.h"
+#include "ui/windows/strip_widget.h"
 
 namespace tarvo {
 namespace {
@@ -11,14 +12,15 @@ namespace {
 constexpr char kWidestMemory[] = "100% (9,999,999.99 MB)";
 constexpr char kUsualFailure[] = "Login: 2026-12-31 23:59:59";
 
-enum Column { kLight0, kName0, kLight1, kName1, kLight2, kName2, kRoom, kMemoryCaption, kMemory };
+/// A light, its component's name and its last hour, three times; then room; then the figures.
+enum Column { kLight0, kName0, kStrip0, kRoom = 9, kMemoryCaption, kMemory };
 enum Row { kTop, kLights };
 
 }  // namespace
 
 HeaderPanel::HeaderPanel(Stage& stage, HWND parent) : Panel(stage, parent, Ground::Window) {
   Frame& frame = stage.form.frame;
-  SetColumns({{12}, {8}, {24}, {8}, {24}, {8}, {24, true}, {8}, {8}});
+  SetColumns({{12}, {8}, {8}, {20}, {8}, {8}, {20}, {8}, {8}, {20, true}, {8}, {8}});
   SetRows({{8}, {4}});
   SetMargin({12, 4});
 
@@ -27,9 +29,11 @@ HeaderPanel::HeaderPanel(Stage& stage, HWND parent) : Panel(stage, parent, Groun
   Add<LabelWidget>(Slot{kTop, kMemory}, NumberOf("lblMemory"), frame.lblMemory, kWidestMemory);
   for (int i = 0; i < static_cast<int>(kComponentCount); ++i) {
     const ComponentKind kind = kComponents[static_cast<std::size_t>(i)];
-    Add<LightWidget>(Slot{kLights, kLight0 + 2 * i, 1, false}, NumberOf("Sem", i), frame.Sem[kind],
+    Add<LightWidget>(Slot{kLights, kLight0 + 3 * i, 1, false}, NumberOf("Sem", i), frame.Sem[kind],
                      NameOf(kind));
-    Add<CaptionWidget>(Slot{kLights, kName0 + 2 * i}, NameOf(kind));
+    Add<CaptionWidget>(Slot{kLights, kName0 + 3 * i}, NameOf(kind));
+    Add<StripWidget>(Slot{kLights, kStrip0 + 3 * i, 1, false}, NumberOf("Strip", i),
+                     frame.Strip[kind]);
   }
   Add<CaptionWidget>(Slot{kLights, kMemoryCaption}, "Last failure:");
   Add<LabelWidget>(Slot{kLights, kMemory}, NumberOf("lblErr"), frame.lblErr, kUsualFailure);

@@ -195,6 +195,9 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
     case WM_CLOSE:
       stage_.Happens([this] { stage_.form.frame.window.Close(); });
       return 0;
+    case WM_ENDSESSION:
+      if (w) stage_.Happens([this] { stage_.form.frame.window.EndSession(); });
+      return 0;
     case WM_SIZE:
       Sized(w);
       return 0;

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "ui/strip.h"
+#include "ui/windows/widget.h"
+
+namespace tarvo {
+
+/// A component's last hour as a row of bars, the newest at the right. The height of a bar tells as
+/// much as its colour: trouble stands from top to bottom, healthy half as high, not watched is low,
+/// stopped is a line at the bottom, and what nobody saw is empty. Its text is the strip in words.
+class StripWidget : public Mirror<StatusStrip> {
+ public:
+  StripWidget(Stage& stage, HWND parent, int id, StatusStrip& strip);
+  Extent Natural() const override;
+  void TakeLook() override { InvalidateRect(Window(), nullptr, FALSE); }
+
+ protected:
+  void Show() override;
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+  static void RegisterClassOnce(HINSTANCE instance);
+  void Paint();
+  void PaintBars(HDC target, const RECT& inside) const;
+  StripState StateBetween(std::size_t first, std::size_t end) const;
+};
+
+}  // namespace tarvo
