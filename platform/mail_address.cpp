@@ -32,7 +32,7 @@ std::optional<MailAddress> ReadOne(std::string_view text) {
   MailAddress one;
   const auto open = text.rfind('<');
   if (open != std::string_view::npos && text.back() == '>') {
-    one.name = Unquoted(Stripped(text.substr(0, open)));
+    one.name = InOneLine(Unquoted(Stripped(text.substr(0, open))));
     text = Stripped(text.substr(open + 1, text.size() - open - 2));
   }
   if (!IsAddress(text)) return std::nullopt;

@@ -9,7 +9,7 @@ namespace tarvo {
 
 /// One mailbox: an address that is fit for a command, and the name that is shown with it.
 struct MailAddress {
-  std::string name;     ///< May be empty, and may hold any byte.
+  std::string name;     ///< May be empty; one line of any bytes.
   std::string address;  ///< "local@domain" of printable ASCII, at most 254 bytes.
 };
 

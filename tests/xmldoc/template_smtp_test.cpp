@@ -41,14 +41,15 @@ std::optional<std::string> SendTo(const SmtpServer& server, const MailMessage& g
 TEST(SmtpServerOnLoopback, TakesAPlainMail) {
   SmtpServer server("accept", "all");
   EXPECT_EQ(SendTo(server, Sample(0)), std::nullopt);
-  EXPECT_EQ(server.NextMail(),
-            R"({"body": "All up.\r\n.\r\n..hidden dots\r\n", "cc": "three@example.com", "faults": [], )"
-            R"("from": "Launcher <launcher@example.com>", "headers": ["From", "To", "Cc", )"
-            R"("Subject", "Date", "Message-ID", "MIME-Version", "Content-Type", )"
-            R"("Content-Transfer-Encoding"], "longest": 46, "recipients": ["one@example.com", )"
-            R"("two@example.com", "three@example.com", "four@example.com"], "sender": )"
-            R"("launcher@example.com", "subject": "Servers", "to": )"
-            R"("one@example.com, Two <two@example.com>", "type": "text/plain"})");
+  EXPECT_EQ(
+      server.NextMail(),
+      R"({"body": "All up.\r\n.\r\n..hidden dots\r\n", "cc": "three@example.com", "faults": [], )"
+      R"("from": "Launcher <launcher@example.com>", "headers": ["From", "To", "Cc", )"
+      R"("Subject", "Date", "Message-ID", "MIME-Version", "Content-Type", )"
+      R"("Content-Transfer-Encoding"], "longest": 46, "recipients": ["one@example.com", )"
+      R"("two@example.com", "three@example.com", "four@example.com"], "sender": )"
+      R"("launcher@example.com", "subject": "Servers", "to": )"
+      R"("one@example.com, Two <two@example.com>", "type": "text/plain"})");
 }
 
 TEST(SmtpServerOnLoopback, TakesAnHtmlMailWithBytesAbove127AndLongLines) {
@@ -58,7 +59,9 @@ TEST(SmtpServerOnLoopback, TakesAnHtmlMailWithBytesAbove127AndLongLines) {
   message.to = "one@example.com";
   message.cc = message.bcc = "";
   message.html = true;
-  message.subject = "D\xED" "as\r\nBcc: smuggled@example.com";
+  message.subject =
+      "D\xED"
+      "as\r\nBcc: smuggled@example.com";
   message.body = "<p>\xF1</p>" + std::string(2000, 'x');
   EXPECT_EQ(SendTo(server, message), std::nullopt);
   EXPECT_EQ(server.NextMail(),
