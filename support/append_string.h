@@ -132,8 +132,9 @@ class BasicAppendString {
   String Joined() const {
     String text;
     text.reserve(UsedCharacters());
-    for (std::size_t i = 0; i < current_; ++i)
+    for (std::size_t i = 0; i < current_; ++i) {
       text.append(blocks_[i].characters.get(), blocks_[i].size);
+    }
     if (!blocks_.empty()) text.append(begin_, Used());
     return text;
   }

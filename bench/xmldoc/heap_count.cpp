@@ -9,4 +9,6 @@ std::size_t HeapInUse() {
   return info.uordblks + info.hblkhd;
 }
 
+void ReleaseSpareHeap() { malloc_trim(0); }
+
 }  // namespace bench

@@ -106,6 +106,16 @@ TYPED_TEST(AppendStringOf, TakeStringLeavesTheBuilderEmpty) {
   EXPECT_TRUE(this->builder.ReturnString().empty());
 }
 
+TYPED_TEST(AppendStringOf, PiecesAreAppendedInOrderAcrossTheStepsToo) {
+  const auto piece = this->Filled(this->kStep / 2);
+  std::basic_string<TypeParam> whole;
+  for (int i = 0; i < 4; ++i) {
+    this->builder.AddPieces(piece, this->Filled(1), piece);
+    whole += piece + this->Filled(1) + piece;
+  }
+  EXPECT_EQ(this->builder.ReturnString(), whole);
+}
+
 TYPED_TEST(AppendStringOf, ATextPastTheCountOfBytesOverflowsAndChangesNothing) {
   BasicAppendString<TypeParam, 8> small;
   const std::size_t fits = 8 / sizeof(TypeParam);
