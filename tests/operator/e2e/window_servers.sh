@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# A press on a "Show" option hides that server's own window, the next one shows it, and no other's.
+source "$(dirname "$0")/story.sh"
+source "$(dirname "$0")/mouse.bash"
+story_begin "$0" "$@"
+session_demo_settings "$ROOT"
+start_launcher
+expect_log 20 "Listening Map Server"
+names=(login char map)
+for i in 0 1 2; do
+  title="${names[$i]} server"
+  window_unseen "$title" || fail "$title is to be seen from the start"
+  operate click opt_ShowWin "$i" # The first press hides, also what is hidden.
+  sleep 0.5
+  window_unseen "$title" || fail "$title was shown by the first press"
+  operate click opt_ShowWin "$i"
+  await 5 window_seen "$title" || fail "$title was not shown by the second press"
+  operate click opt_ShowWin "$i"
+  await 5 window_unseen "$title" || fail "$title was not hidden by the third press"
+done
+operate click opt_ShowWin 1
+await 5 window_seen "char server" || fail "char server is not shown"
+window_unseen "login server" && window_unseen "map server" || fail "another window was shown"
+operate click bStart 4
+close_launcher
