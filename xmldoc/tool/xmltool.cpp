@@ -6,6 +6,7 @@
 #include "xmldoc/document.h"
 #include "xmldoc/tool/json_dump.h"
 #include "xmldoc/tool/stdio_file_reader.h"
+#include "xmldoc/tool/template_render.h"
 
 namespace tarvo {
 namespace {
@@ -15,7 +16,9 @@ constexpr int kWrongUse = 2;
 constexpr const char* kUse =
     "xmltool dump FILE [--stop-on-load-error]   the imported document as JSON\n"
     "xmltool export FILE                        the imported document written out again\n"
-    "xmltool attributes TEXT                    the attributes of a tag's text as JSON\n";
+    "xmltool attributes TEXT                    the attributes of a tag's text as JSON\n"
+    "xmltool render TEMPLATE FILE               the template filled from the document\n"
+    "xmltool render TEMPLATE --rows FILE...     the same from several, their fields as rows\n";
 
 XmlToolRun Done(std::string output) { return {0, std::move(output), {}}; }
 XmlToolRun Failed(const std::string& why) { return {kFailed, {}, "xmltool: " + why + "\n"}; }
@@ -59,6 +62,9 @@ XmlToolRun ShowAttributes(std::string_view text) {
 }  // namespace
 
 XmlToolRun RunXmlTool(const std::vector<std::string>& words) {
+  const bool byRows = words.size() > 3 && words[2] == "--rows";
+  const bool byDocument = words.size() == 3 && words[2] != "--rows";
+  if ((byRows || byDocument) && words[0] == "render") return RenderTemplate(words);
   const bool stop = words.size() == 3 && words[0] == "dump" && words[2] == "--stop-on-load-error";
   if (words.size() != 2 && !stop) return {kWrongUse, {}, kUse};
   if (words[0] == "dump") return Dump(words[1], stop);
