@@ -12,12 +12,12 @@ using namespace std::chrono_literals;
 constexpr const char* kNames[] = {kLogin, kChar, kMap};
 constexpr std::chrono::milliseconds kCheck = 5s;
 
-struct Run {
+struct Span {
   unsigned seed;
   unsigned days;
 };
 
-class RandomWeek : public LauncherStory, public ::testing::WithParamInterface<Run> {
+class RandomWeek : public LauncherStory, public ::testing::WithParamInterface<Span> {
  protected:
   void StartWatching() {
     StartLauncher();
@@ -102,7 +102,7 @@ class RandomWeek : public LauncherStory, public ::testing::WithParamInterface<Ru
 };
 
 TEST_P(RandomWeek, NoServerTwiceNoneLostEveryCrashToldTheLogBounded) {
-  const Run run = GetParam();
+  const Span run = GetParam();
   SCOPED_TRACE("seed " + std::to_string(run.seed));
   std::mt19937 random(run.seed);
   StartWatching();
@@ -121,10 +121,10 @@ TEST_P(RandomWeek, NoServerTwiceNoneLostEveryCrashToldTheLogBounded) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomWeek,
-                         ::testing::Values(Run{1, 7}, Run{20261121, 1}, Run{4711, 1}),
-                         [](const ::testing::TestParamInfo<Run>& info) {
-                           return "Seed" + std::to_string(info.param.seed) + "For" +
-                                  std::to_string(info.param.days) + "Days";
+                         ::testing::Values(Span{1, 7}, Span{20261121, 1}, Span{4711, 1}),
+                         [](const ::testing::TestParamInfo<Span>& span) {
+                           return "Seed" + std::to_string(span.param.seed) + "For" +
+                                  std::to_string(span.param.days) + "Days";
                          });
 
 }  // namespace
