@@ -9,6 +9,7 @@
 
 #include "actions.h"
 #include "boxes.h"
+#include "layout.h"
 #include "manual.h"
 #include "report.h"
 
@@ -135,6 +136,8 @@ bool RunOnWindow(const Order& order) {
   const std::string& verb = order.verb;
   if (verb == "state") {
     PrintState(NeedLauncher(order.choice));
+  } else if (verb == "layout") {
+    if (ReportLayout(NeedLauncher(order.choice)) != 0) throw OperatorError("the layout has faults");
   } else if (verb == "page") {
     GoToPage(NeedLauncher(order.choice), ToNumber(OnlyWord(order)));
   } else if (verb == "close") {

@@ -26,6 +26,7 @@ StatusPanel::StatusPanel(Stage& stage, HWND parent) : Panel(stage, parent, Groun
   SetRows({{12, true}, {12}});
   SetMargin({12, 12});
 
+  Add<HiddenNameWidget>({}, "Status log");
   Add<LogWidget>(Slot{kLog, 0, kColumns}, NumberOf("RTLog"), page.RTLog);
   for (int i = 0; i < static_cast<int>(kComponentCount); ++i) {
     const auto index = static_cast<std::size_t>(i);
