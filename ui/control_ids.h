@@ -71,6 +71,12 @@ inline constexpr std::array kControlIds = {
     ControlId{"cmbRstrt", ControlType::List, 1, 1325},
     ControlId{"cmdCalendar", ControlType::Button, 2, 1326},
     ControlId{"lstDTRands", ControlType::ListBox, 1, 1328},
+    ControlId{"nPath", ControlType::TextBox, 3, 1400},
+    ControlId{"oPath", ControlType::Label, 4, 1410},
+    ControlId{"cmd_nBrowse", ControlType::Button, 3, 1420},
+    ControlId{"optMode", ControlType::Option, 3, 1430},
+    ControlId{"chk_Opts", ControlType::CheckBox, 3, 1440},
+    ControlId{"UpdateNow", ControlType::Button, 1, 1450},
 };
 
 /// The entry of a control's name; nullptr for a name that no control has.

@@ -53,13 +53,17 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
     : stage_{form, dispatch, GetModuleHandleA(nullptr), {}},
       window_(CreateMainWindow(stage_.instance)),
       header_(Begun(stage_, window_), window_),
-      tabs_(stage_, window_, NumberOf("SSTab1"), form.frame.SSTab1, {"Status", "Servers"}),
+      tabs_(stage_, window_, NumberOf("SSTab1"), form.frame.SSTab1,
+            {"Status", "Servers", "Upgrade"}),
       status_(stage_, window_),
       servers_(stage_, window_),
-      pages_{&status_, &servers_},
+      upgrade_(stage_, window_),
+      pages_{&status_, &servers_, &upgrade_},
       timers_(stage_, timers, window_) {
   SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  tabs_.SetPages({status_.Window(), servers_.Window()});
+  std::vector<HWND> windows;
+  for (const Panel* page : pages_) windows.push_back(page->Window());
+  tabs_.SetPages(windows);
   TakeLook();
   const Extent smallest = SmallestClient();
   RECT size{0, 0, std::max(smallest.width, stage_.look.Px(kUsualClient.width)),

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-#include <array>
 #include <optional>
+#include <vector>
 
 #include "ui/windows/header_panel.h"
 #include "ui/windows/servers_panel.h"
@@ -11,6 +11,7 @@
 #include "ui/windows/status_panel.h"
 #include "ui/windows/tab_widget.h"
 #include "ui/windows/timer_pump.h"
+#include "ui/windows/upgrade_panel.h"
 
 namespace tarvo {
 
@@ -44,7 +45,9 @@ class MainFrame : private ControlMirror {
 
   bool PageKey(const MSG& message);
   bool AccessKey(const MSG& message);
-  Panel& ShownPage() { return *pages_[stage_.form.frame.SSTab1.Page() == 0 ? 0 : 1]; }
+  Panel& ShownPage() {
+    return *pages_.at(static_cast<std::size_t>(stage_.form.frame.SSTab1.Page()));
+  }
 
   Stage stage_;
   HWND window_;
@@ -52,7 +55,8 @@ class MainFrame : private ControlMirror {
   TabWidget tabs_;
   StatusPanel status_;
   ServersPanel servers_;
-  std::array<Panel*, 2> pages_;
+  UpgradePanel upgrade_;
+  std::vector<Panel*> pages_;  ///< In the order of their tabs.
   TimerPump timers_;
   HWND lastFocus_ = nullptr;
   int frontRequests_ = 0;
