@@ -27,15 +27,6 @@ void BringIntoSight(HWND launcher, const FoundControl& control) {
   if (!OnShownPage(control.window)) throw OperatorError(NameOf(control) + " is on no page");
 }
 
-void NeedReach(HWND launcher, const FoundControl& control) {
-  NeedFree(launcher);
-  if (!IsWindowVisible(launcher) || IsIconic(launcher)) {
-    throw OperatorError("the window is hidden: restore it first");
-  }
-  BringIntoSight(launcher, control);
-  if (!IsWindowEnabled(control.window)) throw OperatorError(NameOf(control) + " is disabled");
-}
-
 void NeedType(const FoundControl& control, bool fits, const char* what) {
   if (!fits) throw OperatorError(NameOf(control) + " is no " + what);
 }
@@ -73,6 +64,15 @@ LRESULT NeedEntry(const FoundControl& control, const std::string& entry) {
 }
 
 }  // namespace
+
+void NeedReach(HWND launcher, const FoundControl& control) {
+  NeedFree(launcher);
+  if (!IsWindowVisible(launcher) || IsIconic(launcher)) {
+    throw OperatorError("the window is hidden: restore it first");
+  }
+  BringIntoSight(launcher, control);
+  if (!IsWindowEnabled(control.window)) throw OperatorError(NameOf(control) + " is disabled");
+}
 
 void Click(HWND launcher, const FoundControl& control) {
   const ControlType type = control.entry->type;

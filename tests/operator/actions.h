@@ -7,6 +7,9 @@ namespace tarvo {
 /// What a person does to a control. Each first makes sure that a person could: the window is seen,
 /// no message box is up, the control is enabled; a control on another page is gone to first.
 
+/// That alone; an error says what hinders a person.
+void NeedReach(HWND launcher, const FoundControl& control);
+
 void Click(HWND launcher, const FoundControl& control);
 void SetTo(HWND launcher, const FoundControl& control, const std::string& text);
 /// An entry by its text, or by its index as "#2".
