@@ -13,6 +13,9 @@ constexpr std::uint32_t kPauseBetweenLookups = 10;
 constexpr int kMostWalks = 20;
 constexpr int kMostWindows = 100000;
 
+// A window that is sent to the bottom while the walk stands on it takes the walk past all others.
+constexpr int kWalksThatProveNone = 2;
+
 }  // namespace
 
 std::uint32_t PriorityClassFor(int index) {
@@ -58,10 +61,13 @@ void ProcessControl::SetPriority(ProcessId id, std::uint32_t priorityClass) {
 WindowHandle ProcessControl::FindMainWindow(ProcessId id) {
   if (id == 0) return 0;
   WindowHandle found = 0;
-  for (int walk = 0; walk < kMostWalks; ++walk) {
-    if (WalkWindows(id, found) == WalkEnd::EndOfList) break;
+  int walksToTheEnd = 0;
+  for (int walk = 0; walk < kMostWalks && walksToTheEnd < kWalksThatProveNone; ++walk) {
+    if (WalkWindows(id, found) == WalkEnd::WindowVanished) continue;
+    if (found != 0) return found;
+    ++walksToTheEnd;
   }
-  return found;
+  return 0;
 }
 
 ProcessControl::WalkEnd ProcessControl::WalkWindows(ProcessId id, WindowHandle& found) {

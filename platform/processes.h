@@ -21,8 +21,9 @@ class Processes {
   virtual ~Processes() = default;
   /// Every process, in the system's order.
   virtual std::vector<ProcessEntry> Snapshot() = 0;
-  /// Asks the system to end the process with exit code 0. It may still be listed for a moment, and
-  /// a process that may not be opened is left alone without a word.
+  /// Asks the system to end the process with exit code 0, and waits half a second at most until it
+  /// is gone. It may still be listed afterwards, and a process that may not be opened is left alone
+  /// without a word.
   virtual void End(ProcessId id) = 0;
   /// Sets a Windows priority class; fails silently.
   virtual void ChangePriority(ProcessId id, std::uint32_t priorityClass) = 0;

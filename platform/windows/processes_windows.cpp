@@ -9,6 +9,12 @@ namespace tarvo {
 static_assert(sizeof(void*) != 4 || sizeof(PROCESSENTRY32) == 296,
               "the ANSI process entry of a 32-bit program has 296 bytes");
 
+namespace {
+
+constexpr DWORD kLongestEnding = 500;
+
+}  // namespace
+
 std::vector<ProcessEntry> WindowsProcesses::Snapshot() {
   std::vector<ProcessEntry> entries;
   const KernelHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
@@ -24,7 +30,11 @@ std::vector<ProcessEntry> WindowsProcesses::Snapshot() {
 
 void WindowsProcesses::End(ProcessId id) {
   const KernelHandle process(OpenProcess(PROCESS_TERMINATE, TRUE, id));
-  if (process.Valid()) TerminateProcess(process.Get(), 0);
+  if (!process.Valid() || TerminateProcess(process.Get(), 0) == 0) return;
+  // The system ends it in its own time; one that is listed still would be taken for a running
+  // server.
+  const KernelHandle ending(OpenProcess(SYNCHRONIZE, FALSE, id));
+  if (ending.Valid()) WaitForSingleObject(ending.Get(), kLongestEnding);
 }
 
 void WindowsProcesses::ChangePriority(ProcessId id, std::uint32_t priorityClass) {
