@@ -10,6 +10,7 @@
 #include "actions.h"
 #include "boxes.h"
 #include "layout.h"
+#include "file_dialog.h"
 #include "manual.h"
 #include "report.h"
 
@@ -90,6 +91,11 @@ void AnswerBox(const Order& order) {
   PressInBox(box, OnlyWord(order));
 }
 
+void AnswerDialog(const Order& order) {
+  const std::string path = order.verb == "choose-file" ? OnlyWord(order) : std::string();
+  AnswerFileDialog(WaitForFileDialog(order.choice, order.boxPatience), path);
+}
+
 void ShowBox(const Order& order) {
   const HWND box = FindBox(order.choice);
   if (!box) throw OperatorError("no message box is up");
@@ -98,7 +104,7 @@ void ShowBox(const Order& order) {
 
 bool RunOnControl(const Order& order) {
   const std::string& verb = order.verb;
-  const bool onText = verb == "set" || verb == "select";
+  const bool onText = verb == "set" || verb == "select" || verb == "drop";
   if (!onText && verb != "click" && verb != "check" && verb != "uncheck" && verb != "text" &&
       verb != "tooltip") {
     return false;
@@ -108,6 +114,7 @@ bool RunOnControl(const Order& order) {
   const FoundControl control = NeedControl(launcher, named.name, named.index);
   if (verb == "click") Click(launcher, control);
   if (verb == "set") SetTo(launcher, control, named.rest[0]);
+  if (verb == "drop") DropFile(launcher, control, named.rest[0]);
   if (verb == "select") Select(launcher, control, named.rest[0]);
   if (verb == "check" || verb == "uncheck") Check(launcher, control, verb == "check");
   if (verb == "text") std::printf("%s\n", ReadText(control).c_str());
@@ -124,6 +131,8 @@ bool RunWait(const Order& order) {
     Follow(order.choice, named.name, named.index, Milliseconds(named.rest[0]));
   } else if (order.verb == "wait-window") {
     WaitForWindow(order.choice, Milliseconds(OnlyWord(order)));
+  } else if (order.verb == "choose-file" || order.verb == "cancel-file") {
+    AnswerDialog(order);
   } else if (order.verb == "wait-gone") {
     WaitUntilGone(order.choice, Milliseconds(OnlyWord(order)));
   } else {

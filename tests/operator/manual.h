@@ -13,6 +13,9 @@ inline constexpr char kManual[] =
   operator close | minimize | restore    what the buttons of the title bar do
 
   operator answer yes|no|ok              waits for a message box, prints it, presses the button
+  operator choose-file PATH              waits for the file dialog, types the path, presses Open
+  operator cancel-file                   waits for the file dialog and presses Cancel
+  operator drop NAME [INDEX] PATH        drops a file onto a control
   operator box                           prints the message box that is up; exit code 1 for none
 
   operator text NAME [INDEX]             prints the text of a control
@@ -27,7 +30,7 @@ inline constexpr char kManual[] =
 
   --pid N       the launcher with this process id, if several run
   --root DIR    the launcher whose executable lies in this folder
-  --wait SEC    how long answer waits for the box; 5 unless said otherwise
+  --wait SEC    how long a box or dialog is waited for; 5 unless said otherwise
 
 A control that stands alone needs no index. A control on another page is gone to first. What a
 person could not do is refused: a control that is disabled, a window that is hidden, a window
