@@ -10,7 +10,7 @@ declare -A groups=(
   [wine]="wine64 wine xvfb xauth openbox iproute2 procps util-linux"
   [native]="cmake ninja-build g++ libgtest-dev googletest python3-aiosmtpd"
   [lint]="clang-format clang-tidy"
-  [bench]="cmake ninja-build g++ libpugixml-dev libtinyxml2-dev"
+  [bench]="cmake ninja-build g++ libpugixml-dev libtinyxml2-dev libctemplate-dev"
   [pictures]="imagemagick xdotool"
   [fuzz]="clang libclang-rt-14-dev"
 )

@@ -48,6 +48,8 @@ class Documents {
  private:
   friend class Document;
   friend class XmlReader;
+  friend class TemplateEngine;
+  friend class TemplatePath;
   template <typename Sink>
   friend class TreeWriter;
 

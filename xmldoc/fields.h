@@ -44,6 +44,7 @@ class Fields {
  private:
   friend class Document;
   friend class XmlReader;
+  friend class TemplatePath;
   template <typename Sink>
   friend class TreeWriter;
 

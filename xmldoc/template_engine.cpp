@@ -83,17 +83,18 @@ bool TemplateEngine::NextChild(Frame& frame) {
   if (frame.parent == nullptr) return false;
   const TemplateBlock& block = *frame.block;
   const std::string& name = block.path.LastName();
-  while (frame.next < frame.parent->Childs().Count() && frame.counted < block.stop) {
+  const auto& childs = frame.parent->Childs().list_;
+  while (frame.next < childs.Size() && frame.counted < block.stop) {
     if (++looked_ > ports_.mostChilds) {
       RaiseBeyondBounds("The blocks of the template pass " + std::to_string(ports_.mostChilds) +
                         " children");
     }
-    Ref<Document> child = frame.parent->Childs().Child(frame.next++);
+    Document* child = childs.At(frame.next++);
     if (!EqualIgnoringCase(child->NameView(), name)) continue;
     frame.counted += 1;
     if (frame.counted < block.start || frame.counted > block.stop) continue;
     if (!block.when.Holds(*child)) continue;
-    frame.node = std::move(child);
+    frame.node = Ref<Document>(child);
     return true;
   }
   return false;

@@ -21,7 +21,7 @@ constexpr std::string_view kDefaultRandom = "1000";
 /// Stores a value in the last field of that name, or in a new one behind the others. A path whose
 /// nodes are not there stores nothing.
 void StoreValue(const TemplatePath& path, Document& node, std::string_view value) {
-  if (const Ref<Field> field = path.FindField(node)) {
+  if (Field* field = path.FindField(node)) {
     field->SetValue(value);
   } else if (Document* owner = path.Owner(node)) {
     owner->Fields().AddField(path.LastName(), value);

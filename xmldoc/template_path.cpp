@@ -3,18 +3,6 @@
 #include "xmldoc/text_rules.h"
 
 namespace tarvo {
-namespace {
-
-Document* LastChildNamed(Document& node, std::string_view name) {
-  for (int index = node.Childs().Count() - 1; index >= 0; --index) {
-    const Ref<Document> child = node.Childs().Child(index);
-    if (EqualIgnoringCase(child->NameView(), name)) return child.get();
-  }
-  return nullptr;
-}
-
-}  // namespace
-
 TemplatePath::TemplatePath(std::string_view path) {
   path = WithoutOuterBlanks(path);
   for (;;) {
@@ -25,6 +13,16 @@ TemplatePath::TemplatePath(std::string_view path) {
   }
 }
 
+// These go over the lists without counting references: a look that writes to every node that it
+// passes takes twice the memory traffic.
+Document* TemplatePath::LastChildNamed(Document& node, std::string_view name) {
+  const auto& childs = node.Childs().list_;
+  for (int index = childs.Size() - 1; index >= 0; --index) {
+    if (EqualIgnoringCase(childs.At(index)->NameView(), name)) return childs.At(index);
+  }
+  return nullptr;
+}
+
 Document* TemplatePath::Owner(Document& from) const {
   Document* node = &from;
   for (std::size_t i = 0; i + 1 < names_.size() && node != nullptr; ++i) {
@@ -33,19 +31,19 @@ Document* TemplatePath::Owner(Document& from) const {
   return node;
 }
 
-Ref<Field> TemplatePath::FindField(Document& from) const {
+Field* TemplatePath::FindField(Document& from) const {
   Document* owner = Owner(from);
-  if (owner == nullptr) return {};
-  for (int index = owner->Fields().Count() - 1; index >= 0; --index) {
-    Ref<Field> field = owner->Fields().Field(index);
-    if (EqualIgnoringCase(field->NameView(), LastName())) return field;
+  if (owner == nullptr) return nullptr;
+  const auto& fields = owner->Fields().list_;
+  for (int index = fields.Size() - 1; index >= 0; --index) {
+    if (EqualIgnoringCase(fields.At(index)->NameView(), LastName())) return fields.At(index);
   }
-  return {};
+  return nullptr;
 }
 
 void TemplatePath::AppendValue(Document& from, std::string& text) const {
-  const Ref<Field> field = FindField(from);
-  if (!field) return;
+  const Field* field = FindField(from);
+  if (field == nullptr) return;
   const std::string_view kept = field->EscapedValueView();
   if (kept.find('&') == std::string_view::npos) {
     text += kept;

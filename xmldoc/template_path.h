@@ -21,12 +21,14 @@ class TemplatePath {
   /// The node that all names but the last lead to; none when a step finds nothing. It lives as long
   /// as `from` holds it.
   Document* Owner(Document& from) const;
-  /// The field that the whole path names; empty when there is none.
-  Ref<Field> FindField(Document& from) const;
+  /// The field that the whole path names, likewise; none when there is none.
+  Field* FindField(Document& from) const;
   /// Appends that field's value; nothing when there is none.
   void AppendValue(Document& from, std::string& text) const;
 
  private:
+  static Document* LastChildNamed(Document& node, std::string_view name);
+
   std::vector<std::string> names_;
 };
 
