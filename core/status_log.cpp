@@ -54,7 +54,8 @@ std::string TrimmedLogSource(std::string source) {
   while (source.size() - (cut - header) > kLongestLogSource && cut < newest) {
     for (int line = 0; line < kLinesPerRound && cut < newest; ++line) cut = NextLine(source, cut);
   }
-  return source.erase(header, cut - header);
+  source.erase(header, cut - header);
+  return source;
 }
 
 void StatusLog::LogStatus(const std::string& text, int level) {
@@ -63,9 +64,9 @@ void StatusLog::LogStatus(const std::string& text, int level) {
 
 void StatusLog::AppendStatus(int level, const std::vector<ColouredText>& segments) {
   if (RTLog_.SourceLength() > kLongestLogSource) {
-    std::string source = RTLog_.Source();
-    std::string trimmed = TrimmedLogSource(source);
-    if (trimmed.size() != source.size()) RTLog_.SetSource(std::move(trimmed));
+    const std::size_t before = RTLog_.SourceLength();
+    std::string trimmed = TrimmedLogSource(RTLog_.Source());
+    if (trimmed.size() != before) RTLog_.SetSource(std::move(trimmed));
   }
   std::string line;
   for (const ColouredText& segment : segments) {

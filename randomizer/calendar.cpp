@@ -104,8 +104,10 @@ void RandomizerCalendar::txt_Time_LostFocus(std::size_t index) {
 void RandomizerCalendar::Tick() {
   const LocalTime now = clock_.Now();
   const MinuteOfWeek current = MinuteOfWeekAt(now);
+  const std::string_view today = DayName(current.weekday);
   const auto& lines = page_.lstDTRands.Items();
   for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (!lines[i].starts_with(today)) continue;
     const auto entry = ReadCalendarLine(lines[i]);
     if (!entry || entry->at != current) continue;
     if (RanInThisMinute(now)) return;

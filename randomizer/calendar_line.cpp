@@ -16,6 +16,8 @@ std::string_view TakeUpTo(std::string_view& rest, char mark, bool& found) {
   return piece;
 }
 
+constexpr std::string_view kDays[] = {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
+
 bool ReadNumber(std::string_view digits, int& number) {
   const char* const end = digits.data() + digits.size();
   const auto result = std::from_chars(digits.data(), end, number);
@@ -25,10 +27,11 @@ bool ReadNumber(std::string_view digits, int& number) {
 }  // namespace
 
 int DayIndexOf(std::string_view name) {
-  constexpr std::string_view kDays[] = {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
   const auto found = std::find(std::begin(kDays), std::end(kDays), name);
   return found == std::end(kDays) ? 0 : static_cast<int>(found - std::begin(kDays)) + 1;
 }
+
+std::string_view DayName(int weekday) { return kDays[weekday - 1]; }
 
 std::optional<CalendarEntry> ReadCalendarLine(std::string_view line) {
   bool dayEnds = false;

@@ -11,6 +11,9 @@ namespace tarvo {
 /// "Mon" to "Sun" as 1 to 7, compared exactly; 0 for any other text.
 int DayIndexOf(std::string_view name);
 
+/// The name of a weekday, 1 to 7.
+std::string_view DayName(int weekday);
+
 /// What a line of the calendar's list says.
 struct CalendarEntry {
   MinuteOfWeek at;

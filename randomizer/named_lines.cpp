@@ -1,18 +1,41 @@
 #include "randomizer/named_lines.h"
 
+#include <bitset>
+
 #include "randomizer/server_lines.h"
 
 namespace tarvo {
+namespace {
+
+/// Tells most of the names that are not wanted at a glance, by their length and their last letter.
+class NameSieve {
+ public:
+  void Add(std::string_view name) { marks_.set(PlaceOf(name)); }
+  bool MayHold(std::string_view name) const { return marks_.test(PlaceOf(name)); }
+
+ private:
+  static std::size_t PlaceOf(std::string_view name) {
+    const auto last = name.empty() ? 0u : static_cast<unsigned char>(name.back());
+    return (name.size() * 256 + last) % kPlaces;
+  }
+
+  static constexpr std::size_t kPlaces = 64 * 256;
+  std::bitset<kPlaces> marks_;
+};
+
+}  // namespace
 
 NamedLines::NamedLines(std::string_view text, const Fields& names) : text_(text) {
   std::unordered_map<std::string_view, std::vector<std::size_t>*> wanted;
+  NameSieve sieve;
   for (int i = 0; i < names.Count(); ++i) {
     const auto place = positions_.try_emplace(names.Field(i)->Name()).first;
     wanted.try_emplace(place->first, &place->second);
+    sieve.Add(place->first);
   }
   ForEachLine(text, [&](std::string_view line) {
     const auto name = NameOnLine(line);
-    if (!name) return;
+    if (!name || !sieve.MayHold(*name)) return;
     const auto found = wanted.find(*name);
     if (found == wanted.end()) return;
     found->second->push_back(lines_.size());

@@ -1,0 +1,212 @@
+// The randomizer's figures, one a line: name, value, unit, limit, held or short. The exit code is 1
+// when a limit was missed.
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "bench/randomizer/bench_ports.h"
+#include "bench/randomizer/calendar_year.h"
+#include "platform/mersenne_random.h"
+
+namespace tarvo {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr char kServerFile[] = "C:\\srv\\conf\\battle_athena.conf";
+constexpr char kRanges[] = "C:\\srv\\randomize.xml";
+constexpr char kCalendar[] = "C:\\srv\\rndcalendar.xml";
+
+bool allHeld = true;
+
+void Figure(const char* name, double value, const char* unit, double limit) {
+  const bool held = value <= limit;
+  allHeld = allHeld && held;
+  std::printf("%-48s %10.3f %-8s limit %-8g %s\n", name, value, unit, limit,
+              held ? "held" : "short");
+}
+
+double Milliseconds(const std::function<void()>& work) {
+  const auto begin = Clock::now();
+  work();
+  return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+}
+
+/// One life of the randomizer.
+struct Life {
+  explicit Life(BenchPorts& ports)
+      : timers(ports),
+        calendarTimer(timers, "tmr_Calendar", 15000),
+        log(view, WLog, LogH, ports, ports, "C:\\srv"),
+        randomizer(page, calendarTimer, log, ServerRoot("C:\\srv\\tarvo-launcher.exe"),
+                   {ports, ports, ports, ports, ports, random, ports}) {
+    randomizer.WireControls();
+  }
+
+  MersenneRandom random;
+  TimerQueue timers;
+  RandomizerPage page;
+  Timer calendarTimer;
+  RichTextView view{{}};
+  CheckBox WLog;
+  DropDownList LogH;
+  StatusLog log;
+  Randomizer randomizer;
+};
+
+/// A server file of so many lines, of which the first `settings` of every kind are numbers:
+/// comments, numbers and words take turns.
+std::string ServerText(int lines, int settings) {
+  std::string text;
+  int numbers = 0;
+  for (int i = 0; i < lines; ++i) {
+    const bool number = numbers < settings && i % (lines / settings) == 0;
+    if (number) {
+      text += "setting_number_" + std::to_string(numbers++) + ": 100\r\n";
+    } else if (i % 2 == 0) {
+      text += "// What the setting below is good for, and what happens without.\r\n";
+    } else {
+      text += "another_setting_" + std::to_string(i) + ": yes\r\n";
+    }
+  }
+  return text;
+}
+
+std::string RangesText(int count) {
+  std::string text = "<Randomize>\r\n";
+  for (int i = 0; i < count; ++i) {
+    text += "\t<setting_number_" + std::to_string(i) + " Min=\"50\" Max=\"500\"/>\r\n";
+  }
+  return text + "</Randomize>\r\n";
+}
+
+/// The quickest of several tries of each, taken in turns so that both meet the same machine.
+void RunBesideCopy(BenchPorts& ports) {
+  ports.ReplaceText(kServerFile, ServerText(50000, 1000));
+  ports.ReplaceText(kRanges, RangesText(1000));
+  Life life(ports);
+  life.randomizer.LoadRandomizerFiles();
+  double run = 1e9;
+  double copy = 1e9;
+  for (int i = 0; i < 15; ++i) {
+    run = std::min(run, Milliseconds([&] { life.randomizer.RunRandomizer(); }));
+    copy = std::min(copy, Milliseconds([&] {
+                      std::string text;
+                      ports.ReadText(kServerFile, text);
+                      ports.ReplaceText(kServerFile, text);
+                    }));
+  }
+  std::printf("  a run %.2f ms, reading and writing the file %.2f ms\n", run, copy);
+  Figure("run_50000_lines_1000_parameters_to_copy", run / copy, "ratio", 2);
+}
+
+/// Ten times the settings with ten times the lines: the cost grows with their sum.
+double RunTime(BenchPorts& ports, int lines, int parameters) {
+  ports.ReplaceText(kServerFile, ServerText(lines, parameters));
+  ports.ReplaceText(kRanges, RangesText(parameters));
+  Life life(ports);
+  life.randomizer.LoadRandomizerFiles();
+  double best = 1e9;
+  for (int i = 0; i < 7; ++i) {
+    best = std::min(best, Milliseconds([&] { life.randomizer.RunRandomizer(); }));
+  }
+  return best;
+}
+
+void LoadTime(BenchPorts& ports) {
+  ports.ReplaceText(kServerFile, ServerText(1500, 350));
+  ports.ReplaceText(kRanges, RangesText(50));
+  double best = 1e9;
+  for (int i = 0; i < 20; ++i) {
+    const auto life = std::make_unique<Life>(ports);
+    best = std::min(best, Milliseconds([&] { life->randomizer.LoadRandomizerFiles(); }));
+    if (life->page.cmdParam.Items().size() != 350) std::abort();
+  }
+  Figure("load_1500_lines_350_settings", best, "ms", 5);
+}
+
+std::vector<YearEntry> FiftyEntries() {
+  std::vector<YearEntry> entries;
+  for (int i = 0; i < 50; ++i) entries.push_back({i % 7 + 1, i * 5 % 24, i * 7 % 60});
+  return entries;
+}
+
+std::string CalendarText(const std::vector<YearEntry>& entries) {
+  constexpr const char* kDays[] = {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
+  std::string text = "<Calendar>\r\n";
+  for (const YearEntry& entry : entries) {
+    char name[32];
+    std::snprintf(name, sizeof name, "%s_%02d:%02d", kDays[entry.weekday - 1], entry.hour,
+                  entry.minute);
+    text += "\t<" + std::string(name) + " Restart=\"Yes\"/>\r\n";
+  }
+  return text + "</Calendar>\r\n";
+}
+
+/// A year of ticks and of a map start each hour; false when any run differs from the tables'.
+bool PlayYear(BenchPorts& ports, LocalTime begin, LocalTime end) {
+  const auto entries = FiftyEntries();
+  ports.ReplaceText(kServerFile, "setting_number_0: 1\r\n");
+  ports.ReplaceText(kRanges, RangesText(1));
+  ports.ReplaceText(kCalendar, CalendarText(entries));
+  Life life(ports);
+  life.randomizer.LoadRandomizerFiles();
+  if (life.page.lstDTRands.Items().size() != entries.size()) return false;
+  std::vector<LocalTime> calendarRuns;
+  std::vector<LocalTime> mapRuns;
+  life.randomizer.TheCalendar().restartRunning = [&] {
+    calendarRuns.push_back(std::chrono::floor<std::chrono::minutes>(ports.now));
+  };
+  MapStartGate& gate = life.randomizer.TheGate();
+  gate.SetCounters({begin, 0, 0});
+  life.page.opt_Rnd[0].Select();
+  life.page.txtMxD[0].SetText("1");
+  life.page.txtMxD[1].SetText("3");
+  for (ports.now = begin; ports.now < end; ports.now += std::chrono::seconds(15)) {
+    life.randomizer.TheCalendar().Tick();
+    if (ports.now.time_since_epoch().count() % 3600 != 0) continue;
+    const std::int32_t before = gate.Counters().DayRndCnt;
+    gate.RandomizeOnMapStart();
+    const bool ran = gate.Counters().LastRandomize == ports.now &&
+                     (gate.Counters().DayRndCnt == before + 1 || gate.Counters().DayRndCnt == 1);
+    if (ran) mapRuns.push_back(ports.now);
+  }
+  std::printf("  %zu calendar runs and %zu map start runs in the year\n", calendarRuns.size(),
+              mapRuns.size());
+  return calendarRuns == CalendarRuns(entries, begin, end) &&
+         mapRuns == MapStartRuns(1, 3, begin, end);
+}
+
+void YearTime(BenchPorts& ports) {
+  const LocalTime begin = std::chrono::local_days(std::chrono::year(2027) / 1 / 1);
+  const LocalTime end = begin + std::chrono::days(365);
+  bool agrees = false;
+  const double time = Milliseconds([&] { agrees = PlayYear(ports, begin, end); });
+  Figure("year_of_calendar_and_map_starts", time / 1000, "s", 10);
+  Figure("year_disagrees_with_the_table", agrees ? 0 : 1, "years", 0);
+}
+
+}  // namespace
+}  // namespace tarvo
+
+int main() {
+  char folder[] = "/tmp/randomizer_bench_XXXXXX";
+  if (!mkdtemp(folder)) return 2;
+  tarvo::BenchPorts ports(folder);
+  tarvo::RunBesideCopy(ports);
+  const double small = tarvo::RunTime(ports, 50000, 1000);
+  const double large = tarvo::RunTime(ports, 500000, 10000);
+  tarvo::Figure("ten_times_lines_and_parameters_to_one", large / small, "ratio", 20);
+  tarvo::LoadTime(ports);
+  tarvo::YearTime(ports);
+  for (const char* path : {tarvo::kServerFile, tarvo::kRanges, tarvo::kCalendar}) {
+    std::remove(ports.PathOf(path).c_str());
+  }
+  rmdir(folder);
+  return tarvo::allHeld ? 0 : 1;
+}
