@@ -10,12 +10,14 @@
 #include "support/md5.h"
 #include "support/number_text.h"
 #include "support/text.h"
+#include "ui/window_place.h"
 
 namespace tarvo {
 namespace {
 
 constexpr std::uint32_t kDefaultCheckInterval = 10000;
 constexpr double kMillisecondsInSecond = 1000;
+constexpr char kWindowPlace[] = "WindowPlace";
 
 }  // namespace
 
@@ -197,6 +199,7 @@ bool Principal::LoadSettings() {
   ListExecutables(machine_.folderLister, root_, form_.servers.Exes);
   // The settings may minimize the window, and then the icon is the only way back to it.
   tray_.Load("Tarvo Launcher", imgIcon(lights_.StatusCode()));
+  RestoreWindowPlace();
   settings_.Load();
   randomizer_.TheGate().SetCounters(
       {settings_.LastRandomize(), settings_.DayRndCnt(), settings_.HourRndCnt()});
@@ -255,6 +258,20 @@ void Principal::LoadRandomizer() {
   form_.randomizer.cmbRstrt.SetListIndex(0);
 }
 
+void Principal::RestoreWindowPlace() {
+  const auto place = PlaceOfText(
+      ReadRegistryString(registry_, Hive::LocalMachine, root_.SettingsKey(), kWindowPlace));
+  if (place) form_.frame.window.SetStanding(*place);
+}
+
+void Principal::SaveSettings() {
+  settings_.Save();
+  const auto& place = form_.frame.window.Standing();
+  if (!place) return;
+  WriteRegistryString(registry_, Hive::LocalMachine, root_.SettingsKey(), kWindowPlace,
+                      TextOfPlace(*place));
+}
+
 void Principal::Form_Unload(bool& cancel) {
   const bool anyRuns = std::any_of(components_.begin(), components_.end(),
                                    [](const Component& c) { return c.ProcessId > 0; });
@@ -264,14 +281,14 @@ void Principal::Form_Unload(bool& cancel) {
     return;
   }
   tray_.Unload();
-  settings_.Save();
+  SaveSettings();
   machine_.sockets.Stop();
 }
 
 /// As a close, but servers that run do not hinder it: they are left to the system.
 void Principal::Form_EndSession() {
   tray_.Unload();
-  settings_.Save();
+  SaveSettings();
   machine_.sockets.Stop();
   form_.frame.window.End(kExitNormal);
 }
@@ -292,7 +309,7 @@ void Principal::Command1_Click() {
   log_.LogStatus("Launcher unloaded from memory! (server still running)", kAlert);
   tray_.Unload();
   for (Component& component : components_) component.ProcessId = 0;
-  settings_.Save();
+  SaveSettings();
   form_.frame.window.End(kExitNormal);
 }
 

@@ -72,6 +72,8 @@ class Principal {
   void Form_Resize();
   void Command1_Click();
   void Form_EndSession();
+  void RestoreWindowPlace();
+  void SaveSettings();
 
   void SysTrayMouseDown(int button);
   void MenuClick(const std::string& key);

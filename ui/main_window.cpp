@@ -22,6 +22,11 @@ void MainWindow::SetVisible(bool visible) {
   Changed();
 }
 
+void MainWindow::SetStanding(const Place& place) {
+  standing_ = place;
+  Changed();
+}
+
 void MainWindow::BringToFront() {
   SetState(WindowState::Normal);
   SetVisible(true);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "ui/control.h"
+#include "ui/grid.h"
 
 namespace tarvo {
 
@@ -21,6 +23,14 @@ class MainWindow : public Control {
 
   bool Visible() const { return visible_; }
   void SetVisible(bool visible);
+
+  /// Where it stands on the desktop while it is neither minimized nor maximized; nothing as long as
+  /// nobody has said so.
+  const std::optional<Place>& Standing() const { return standing_; }
+  /// Where it shall stand. A place out of the operator's reach is not taken.
+  void SetStanding(const Place& place);
+  /// The operator has moved it there.
+  void MovedTo(const Place& place) { standing_ = place; }
 
   /// Shows the window in its normal state, in front of the others.
   void BringToFront();
@@ -45,6 +55,7 @@ class MainWindow : public Control {
   std::string title_ = "Tarvo Launcher";
   WindowState state_ = WindowState::Normal;
   bool visible_ = false;
+  std::optional<Place> standing_;
   int frontRequests_ = 0;
   bool ended_ = false;
   int exitCode_ = 0;

@@ -50,7 +50,9 @@ TEST(WindowPlaceText, EveryTruncationIsNoPlaceOrAnother) {
   const std::string whole = "-12,34,760,480";
   for (std::size_t length = 0; length < whole.size(); ++length) {
     const auto place = PlaceOfText(whole.substr(0, length));
-    if (place) EXPECT_EQ(TextOfPlace(*place), whole.substr(0, length));
+    if (place) {
+      EXPECT_EQ(TextOfPlace(*place), whole.substr(0, length));
+    }
   }
 }
 
