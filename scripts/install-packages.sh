@@ -5,9 +5,10 @@
 set -euo pipefail
 
 declare -A groups=(
-  [windows]="cmake ninja-build g++-mingw-w64-x86-64-win32 binutils-mingw-w64-x86-64"
+  [windows]="cmake ninja-build g++-mingw-w64-x86-64-win32 binutils-mingw-w64-x86-64 googletest"
   [windows-32]="g++-mingw-w64-i686-win32 binutils-mingw-w64-i686"
-  [wine]="wine64 wine xvfb xauth openbox iproute2 procps util-linux"
+  [wine]="wine64 wine xvfb xauth openbox iproute2 procps util-linux fonts-liberation fonts-wine libgl1
+    libgnutls30 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1"
   [native]="cmake ninja-build g++ libgtest-dev googletest python3-aiosmtpd"
   [lint]="clang-format clang-tidy"
   [bench]="cmake ninja-build g++ libpugixml-dev libtinyxml2-dev libctemplate-dev"
