@@ -9,9 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "core/server_configuration.h"
-#include "platform/windows/windows_machine.h"
-#include "upgrade/component_upgrade.h"
+#include "bench/upgrade/upgrade_desk.h"
 
 namespace tarvo {
 namespace {
@@ -19,7 +17,6 @@ namespace {
 constexpr std::size_t kSize = 60U * 1024 * 1024;
 constexpr int kRounds = 5;
 constexpr double kLimit = 1.2;
-const char* const kServers[] = {"login-server.exe", "char-server.exe", "map-server.exe"};
 
 struct Folder {
   explicit Folder(const std::string& name) : path(name) { CreateDirectoryA(path.c_str(), nullptr); }
@@ -48,40 +45,6 @@ void Touch(const std::string& path, DWORD day) {
   SetFileTime(file, nullptr, nullptr, &time);
   CloseHandle(file);
 }
-
-/// Everything that an upgrade needs, on the real system; the servers do not run.
-struct Desk {
-  explicit Desk(const Folder& rootFolder, const Folder& newFolder)
-      : root(rootFolder.File("tarvo-launcher.exe")), news(newFolder) {
-    ListExecutables(ports.folderLister, root, form.servers.Exes);
-    for (ComponentKind kind : kComponents) {
-      DropDownList& chooser = form.servers.Exes[kind];
-      for (std::size_t i = 0; i < chooser.Items().size(); ++i) {
-        if (chooser.Items()[i] == kServers[IndexOf(kind)])
-          chooser.SetListIndex(static_cast<int>(i));
-      }
-      form.upgrade.nPath[kind].SetText(news.File(kServers[IndexOf(kind)]));
-    }
-  }
-
-  WindowsMachine machine;
-  Machine ports = machine.Ports();
-  ServerRoot root;
-  const Folder& news;
-  TimerQueue timers{ports.tickClock};
-  Form form{timers};
-  ComponentTable components;
-  StatusLog log{form.status.RTLog,  form.servers.WLog, form.servers.LogH,
-                ports.fileAppender, ports.localClock,  root.AppFolder()};
-  ProcessControl processes{ports.processes, ports.foreignWindows, ports.tickClock,
-                           form.servers.Exes, root.AppFolder()};
-  StartStop startStop{form, components, processes, log, ports.messageBoxes};
-  UpgradeSettings settings{form, ports.registry, root, ports.fileDialog};
-  bool UpgradeInProgress = false;
-  ComponentUpgrade upgrade{{form, components, startStop, log, settings, ports.fileReader,
-                            PatientCopies(ports.fileCopies, ports.tickClock), ports.localClock,
-                            ports.messageBoxes, root.AppFolder(), UpgradeInProgress}};
-};
 
 double Seconds(const std::function<void()>& work) {
   LARGE_INTEGER frequency, begun, ended;
@@ -126,7 +89,10 @@ int Measure() {
   const Folder backup(top.File("by-the-system"));
   for (unsigned i = 0; i < 3; ++i) WriteNew(root.File(kServers[i]), i);
   for (unsigned i = 0; i < 3; ++i) WriteNew(news.File(kServers[i]), 100 + i);
-  Desk desk(root, news);
+  WindowsMachine machine;
+  const Machine ports = machine.Ports();
+  UpgradeDesk desk(ports, ports.processes, ports.fileCopies, root.File("tarvo-launcher.exe"),
+                   news.path);
   std::vector<double> ours;
   std::vector<double> systems;
   for (DWORD round = 0; round <= kRounds; ++round) {

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+
+#include "core/server_configuration.h"
+#include "platform/windows/windows_machine.h"
+#include "upgrade/component_upgrade.h"
+
+namespace tarvo {
+
+inline constexpr const char* kServers[] = {"login-server.exe", "char-server.exe", "map-server.exe"};
+
+/// Everything that an upgrade of a root works with, on the real system, without a window. The new
+/// executables lie in `newFolder` under the old ones' names.
+struct UpgradeDesk {
+  UpgradeDesk(const Machine& system, Processes& processPort, FileCopies& copies,
+              const std::string& launcherPath, const std::string& newFolder)
+      : ports(system),
+        root(launcherPath),
+        processes(processPort, ports.foreignWindows, ports.tickClock, form.servers.Exes,
+                  root.AppFolder()),
+        upgrade({form, components, startStop, log, settings, ports.fileReader,
+                 PatientCopies(copies, ports.tickClock), ports.localClock, ports.messageBoxes,
+                 root.AppFolder(), UpgradeInProgress}) {
+    ListExecutables(ports.folderLister, root, form.servers.Exes);
+    for (ComponentKind kind : kComponents) {
+      DropDownList& chooser = form.servers.Exes[kind];
+      for (std::size_t i = 0; i < chooser.Items().size(); ++i) {
+        const bool its = chooser.Items()[i] == kServers[IndexOf(kind)];
+        if (its) chooser.SetListIndex(static_cast<int>(i));
+      }
+      form.servers.Prior[kind].SetListIndex(2);
+      form.upgrade.nPath[kind].SetText(newFolder + "\\" + kServers[IndexOf(kind)]);
+    }
+  }
+
+  Machine ports;
+  ServerRoot root;
+  TimerQueue timers{ports.tickClock};
+  Form form{timers};
+  ComponentTable components;
+  StatusLog log{form.status.RTLog,  form.servers.WLog, form.servers.LogH,
+                ports.fileAppender, ports.localClock,  root.AppFolder()};
+  ProcessControl processes;
+  StartStop startStop{form, components, processes, log, ports.messageBoxes};
+  UpgradeSettings settings{form, ports.registry, root, ports.fileDialog};
+  bool UpgradeInProgress = false;
+  ComponentUpgrade upgrade;
+};
+
+}  // namespace tarvo
