@@ -15,6 +15,8 @@ struct Place {
   int top = 0;
   int width = 0;
   int height = 0;
+
+  bool operator==(const Place&) const = default;
 };
 
 /// A column or a row of a grid: the gap before it, and whether it takes the room that is left over.

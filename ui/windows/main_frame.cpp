@@ -15,8 +15,7 @@
 namespace tarvo {
 namespace {
 
-constexpr int kMargin = 8;                   ///< Around the tab view, at 100 %.
-constexpr Extent kUsualClient = {760, 480};  ///< At 100 %, unless the pages need more.
+constexpr int kMargin = 8;  ///< Around the tab view, at 100 %.
 
 HICON LoadLauncherIcon(HINSTANCE instance, int width, int height) {
   const HANDLE icon = LoadImageA(instance, MAKEINTRESOURCEA(kLauncherIcon), IMAGE_ICON,
@@ -65,12 +64,7 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
   for (const Panel* page : pages_) windows.push_back(page->Window());
   tabs_.SetPages(windows);
   TakeLook();
-  const Extent smallest = SmallestClient();
-  RECT size{0, 0, std::max(smallest.width, stage_.look.Px(kUsualClient.width)),
-            std::max(smallest.height, stage_.look.Px(kUsualClient.height))};
-  GrowToWindow(size, window_, stage_.look.Dpi());
-  SetWindowPos(window_, nullptr, 0, 0, size.right - size.left, size.bottom - size.top,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  TakeFirstPlace();
   form.frame.window.SetMirror(this);
   ShowAsWanted();
 }
@@ -94,6 +88,7 @@ void MainFrame::ShowAsWanted() {
     PostQuitMessage(wanted.ExitCode());
     return;
   }
+  TakeStanding();
   const bool visible = IsWindowVisible(window_) != FALSE;
   const bool iconic = IsIconic(window_) != FALSE;
   if (!wanted.Visible()) {
@@ -116,6 +111,7 @@ void MainFrame::Sized(WPARAM kind) {
     return;
   }
   Arrange();
+  TellPlace();
   if (!iconic_) return;
   iconic_ = false;
   stage_.Happens([&window] { window.SetState(WindowState::Normal); });
@@ -205,6 +201,12 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
     case WM_SIZE:
       Sized(w);
       return 0;
+    case WM_MOVE:
+      TellPlace();
+      return 0;
+    case WM_DISPLAYCHANGE:
+      KeepWithinReach();
+      break;
     case WM_SYSCOMMAND:
       if ((w & 0xFFF0U) == SC_RESTORE) Restoring();
       break;

@@ -39,6 +39,11 @@ class MainFrame : private ControlMirror {
   Extent SmallestWindow() const;
   void Limit(MINMAXINFO& limits) const;
   void MoveTo(const RECT& place);
+  void TakeFirstPlace();
+  void TakePlace(Place place);
+  void TakeStanding();
+  void TellPlace();
+  void KeepWithinReach();
   void Restoring();
   void KeepFocus(bool active);
   void GiveFocus();
@@ -61,6 +66,7 @@ class MainFrame : private ControlMirror {
   HWND lastFocus_ = nullptr;
   int frontRequests_ = 0;
   bool iconic_ = false;
+  std::optional<Place> told_;  ///< The place that program and window agree on.
 };
 
 }  // namespace tarvo
