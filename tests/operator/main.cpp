@@ -9,8 +9,8 @@
 
 #include "actions.h"
 #include "boxes.h"
-#include "layout.h"
 #include "file_dialog.h"
+#include "layout.h"
 #include "manual.h"
 #include "report.h"
 
