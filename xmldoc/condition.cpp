@@ -75,34 +75,45 @@ Condition::Side Condition::ReadSide(std::string_view text) {
   for (;;) {
     const auto at = text.find(kVar);
     const auto end = at == std::string_view::npos ? at : text.find(')', at);
-    side.push_back({std::string(text.substr(0, at)), {}});
+    side.push_back({std::string(text.substr(0, at)), kNoPath});
     if (end == std::string_view::npos) return side;
     const std::size_t name = at + kVar.size();
-    side.back().value.emplace_back(text.substr(name, end - name));
+    side.back().path = paths_.size();
+    paths_.emplace_back(text.substr(name, end - name));
     text.remove_prefix(end + 1);
   }
 }
 
-void Condition::Fill(const Side& side, Document& node, std::string& text) {
-  text.clear();
-  for (const Piece& piece : side) {
-    text += piece.literal;
-    if (!piece.value.empty()) piece.value.front().AppendValue(node, text);
-  }
-}
-
-bool Condition::Holds(Document& node) const {
+/// `appendValue(path, text)` appends the value of one of the paths.
+template <typename AppendValue>
+bool Condition::HoldsFor(AppendValue appendValue) const {
+  const auto fill = [&appendValue](const Side& side, std::string& text) {
+    text.clear();
+    for (const Piece& piece : side) {
+      text += piece.literal;
+      if (piece.path != kNoPath) appendValue(piece.path, text);
+    }
+  };
   bool result = terms_.empty();
   std::string left;
   std::string right;
   for (const Term& term : terms_) {
-    // The operators join from left to right: what the left already decides is not looked at.
+    // The terms join from left to right: where the left already decides, the next is not looked at.
     if (&term != &terms_.front() && result != term.joinedByAnd) continue;
-    Fill(term.left, node, left);
-    Fill(term.right, node, right);
+    fill(term.left, left);
+    fill(term.right, right);
     result = tarvo::Holds(term.comparison, left, right);
   }
   return result;
+}
+
+bool Condition::Holds(Document& node) const {
+  return HoldsFor(
+      [&](std::size_t path, std::string& text) { paths_[path].AppendValue(node, text); });
+}
+
+bool Condition::Holds(const std::vector<std::string_view>& values) const {
+  return HoldsFor([&](std::size_t path, std::string& text) { text += values[path]; });
 }
 
 }  // namespace tarvo

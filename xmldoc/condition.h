@@ -26,13 +26,19 @@ class Condition {
   explicit Condition(std::string_view text);
 
   bool Holds(Document& node) const;
+  /// The same for given values, one for each of Paths().
+  bool Holds(const std::vector<std::string_view>& values) const;
+  /// What the condition asks of a node.
+  const std::vector<TemplatePath>& Paths() const { return paths_; }
   bool HoldsForAll() const { return terms_.empty(); }
 
  private:
-  /// A literal text followed by the value that a path names.
+  static constexpr std::size_t kNoPath = static_cast<std::size_t>(-1);
+
+  /// A literal text followed by the value of paths_[path]; none behind the last literal.
   struct Piece {
     std::string literal;
-    std::vector<TemplatePath> value;  ///< One, or none behind the last literal.
+    std::size_t path = kNoPath;
   };
   using Side = std::vector<Piece>;
   struct Term {
@@ -42,11 +48,13 @@ class Condition {
     Side right;
   };
 
-  static Side ReadSide(std::string_view text);
-  static Term ReadTerm(std::string_view text, bool joinedByAnd);
-  static void Fill(const Side& side, Document& node, std::string& text);
+  Side ReadSide(std::string_view text);
+  Term ReadTerm(std::string_view text, bool joinedByAnd);
+  template <typename AppendValue>
+  bool HoldsFor(AppendValue appendValue) const;
 
   std::vector<Term> terms_;
+  std::vector<TemplatePath> paths_;
 };
 
 }  // namespace tarvo

@@ -2,7 +2,7 @@
 
 #include <array>
 #include <charconv>
-#include <cmath>
+#include <cstdint>
 #include <string>
 
 #include "xmldoc/text_rules.h"
@@ -50,9 +50,22 @@ int OrderOf(std::string_view left, std::string_view right) {
   return LessIgnoringCase(left, right) ? -1 : 1;
 }
 
+/// A text of digits alone, few enough to be exact; most numbers are of that kind.
+std::optional<double> ShortInteger(std::string_view text) {
+  constexpr std::size_t kExactDigits = 15;
+  if (text.empty() || text.size() > kExactDigits) return std::nullopt;
+  std::int64_t number = 0;
+  for (const char c : text) {
+    if (c < '0' || c > '9') return std::nullopt;
+    number = number * 10 + (c - '0');
+  }
+  return static_cast<double>(number);
+}
+
 }  // namespace
 
 std::optional<double> DecimalNumber(std::string_view text) {
+  if (const std::optional<double> number = ShortInteger(text)) return number;
   if (text.starts_with('+')) {
     text.remove_prefix(1);
     if (text.starts_with('-')) return std::nullopt;

@@ -67,6 +67,8 @@ std::size_t TemplateEngine::EnterBlock(std::size_t part) {
   frame.block = &template_.blocks[template_.parts[part].index];
   frame.parent = frame.block->path.Owner(*frames_.back().node);
   frame.firstWaiting = waiting_.size();
+  // Values may be gathered ahead only where nothing changes them on the way.
+  if (frame.block->isShared && !template_.hasEffects) ShareSiblings(frame);
   if (!NextChild(frame)) return template_.parts[part].other + 1;
   frames_.push_back(std::move(frame));
   return part + 1;
@@ -79,16 +81,47 @@ std::size_t TemplateEngine::EndBody(std::size_t part) {
   return part + 1;
 }
 
+void TemplateEngine::ShareSiblings(Frame& frame) {
+  if (frame.parent == nullptr) return;
+  const TemplatePath& path = frame.block->path;
+  const auto place = siblings_.try_emplace(path.Key(), *frame.parent, path.LastName()).first;
+  frame.siblings = &place->second;
+  for (const TemplatePath& asked : frame.block->when.Paths()) {
+    frame.columns.push_back(&frame.siblings->ColumnOf(asked));
+  }
+}
+
+void TemplateEngine::CountLook() {
+  if (++looked_ <= ports_.mostChilds) return;
+  RaiseBeyondBounds("The blocks of the template pass " + std::to_string(ports_.mostChilds) +
+                    " children");
+}
+
+bool TemplateEngine::NextSibling(Frame& frame) {
+  const TemplateBlock& block = *frame.block;
+  values_.resize(frame.columns.size());
+  while (static_cast<std::size_t>(frame.next) < frame.siblings->Count() &&
+         frame.counted < block.stop) {
+    CountLook();
+    const auto row = static_cast<std::size_t>(frame.next++);
+    frame.counted += 1;
+    if (frame.counted < block.start || frame.counted > block.stop) continue;
+    for (std::size_t i = 0; i < values_.size(); ++i) values_[i] = frame.columns[i]->At(row);
+    if (!block.when.Holds(values_)) continue;
+    frame.node = Ref<Document>(frame.siblings->Node(row));
+    return true;
+  }
+  return false;
+}
+
 bool TemplateEngine::NextChild(Frame& frame) {
   if (frame.parent == nullptr) return false;
+  if (frame.siblings != nullptr) return NextSibling(frame);
   const TemplateBlock& block = *frame.block;
   const std::string& name = block.path.LastName();
   const auto& childs = frame.parent->Childs().list_;
   while (frame.next < childs.Size() && frame.counted < block.stop) {
-    if (++looked_ > ports_.mostChilds) {
-      RaiseBeyondBounds("The blocks of the template pass " + std::to_string(ports_.mostChilds) +
-                        " children");
-    }
+    CountLook();
     Document* child = childs.At(frame.next++);
     if (!EqualIgnoringCase(child->NameView(), name)) continue;
     frame.counted += 1;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "xmldoc/template_evaluator.h"
 #include "xmldoc/template_output.h"
 #include "xmldoc/template_parser.h"
+#include "xmldoc/template_siblings.h"
 
 namespace tarvo {
 
@@ -27,10 +29,12 @@ class TemplateEngine {
   /// A block that is being produced, or the whole template.
   struct Frame {
     const TemplateBlock* block = nullptr;
-    Document* parent = nullptr;  // whose children are gone through
-    int next = 0;                // child to look at
-    double counted = 0;          // children of the block's name so far
-    Ref<Document> node;          // the current one
+    Document* parent = nullptr;                  // whose children are gone through
+    int next = 0;                                // child to look at
+    TemplateSiblings* siblings = nullptr;        // the children, when several blocks share them
+    std::vector<const TemplateColumn*> columns;  // what the condition asks of them
+    double counted = 0;                          // children of the block's name so far
+    Ref<Document> node;                          // the current one
     std::size_t firstWaiting = 0;
   };
   /// A field directive whose turn comes when the blocks around it are done.
@@ -41,7 +45,10 @@ class TemplateEngine {
 
   std::size_t EnterBlock(std::size_t part);
   std::size_t EndBody(std::size_t part);
+  void ShareSiblings(Frame& frame);
   bool NextChild(Frame& frame);
+  bool NextSibling(Frame& frame);
+  void CountLook();
   void AddField(const TemplateProgram& field);
   void FillWaiting();
 
@@ -51,6 +58,8 @@ class TemplateEngine {
   TemplateOutput output_;
   std::vector<Frame> frames_;
   std::vector<Waiting> waiting_;
+  std::map<std::string, TemplateSiblings> siblings_;  // by path, of outermost blocks
+  std::vector<std::string_view> values_;              // of one child, for a condition
   std::uint64_t looked_ = 0;
 };
 

@@ -74,11 +74,17 @@ class Parser {
     textStart_ = end + 1;
     blocks_.push_back({TemplatePath(id), Bound(tag, "start", 1),
                        Bound(tag, "stop", std::numeric_limits<double>::infinity()),
-                       Condition(TemplateAttribute(tag, "when").value_or(std::string()))});
+                       Condition(TemplateAttribute(tag, "when").value_or(std::string())), false});
+    if (open_.empty()) NoteOutermost(blocks_.size() - 1);
     ++openOf_[id];
     open_.push_back({std::move(id), outline_.size()});
     outline_.push_back({Kind::Open, {}, blocks_.size() - 1});
     return textStart_;
+  }
+
+  void NoteOutermost(std::size_t block) {
+    const auto [first, isNew] = outermost_.emplace(blocks_[block].path.Key(), block);
+    if (!isNew) blocks_[first->second].isShared = blocks_[block].isShared = true;
   }
 
   std::size_t TakeClose(std::size_t at) {
@@ -165,6 +171,7 @@ class Parser {
   std::vector<TemplateBlock> blocks_;
   std::vector<OpenBlock> open_;
   std::map<std::string, std::size_t> openOf_;
+  std::map<std::string, std::size_t> outermost_;  // the first block of each path
   ParsedTemplate result_;
 };
 

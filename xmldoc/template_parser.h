@@ -16,6 +16,7 @@ struct TemplateBlock {
   double start;  ///< Bounds of the count among the children of that name, from 1.
   double stop;
   Condition when;
+  bool isShared;  ///< Another block goes over the same children, and neither lies in a block.
 };
 
 /// A template taken apart, in the order of its text.

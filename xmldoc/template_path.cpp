@@ -13,6 +13,12 @@ TemplatePath::TemplatePath(std::string_view path) {
   }
 }
 
+std::string TemplatePath::Key() const {
+  std::string key;
+  for (const std::string& name : names_) key += LowerCased(name) + ".";
+  return key;
+}
+
 // These go over the lists without counting references: a look that writes to every node that it
 // passes takes twice the memory traffic.
 Document* TemplatePath::LastChildNamed(Document& node, std::string_view name) {

@@ -17,6 +17,8 @@ class TemplatePath {
 
   /// The last name of the path; empty for the empty path.
   const std::string& LastName() const { return names_.back(); }
+  /// Equal for paths that lead to the same place.
+  std::string Key() const;
 
   /// The node that all names but the last lead to; none when a step finds nothing. It lives as long
   /// as `from` holds it.

@@ -142,6 +142,35 @@ TEST(TemplateBlocks, NeverReadProducedTextAgain) {
             "<@field secret><@open ID=\"b\">");
 }
 
+TEST(TemplateBlocks, OverTheSameChildrenAreAsEachAlone) {
+  const std::string blocks[] = {
+      "<@open ID=\"b\">(<@field x>)<@close ID=\"b\">",
+      "<@open ID=\"B\" start=\"2\" when=\"var(x)>1\">(<@field x>)<@close ID=\"B\">",
+      "<@open ID=\"b\" stop=\"1\" when=\"var(c.x)=12 or var(X)=3\">(<@field x>)<@close ID=\"b\">",
+      "<@open ID=\"b.c\" when=\"var(x)>0\">(<@field x>)<@close ID=\"b.c\">",
+      "<@open ID=\"none.c\" when=\"var(x)>0\">x<@close ID=\"none.c\">",
+      "<@open ID=\"b\"><@open ID=\"c\" when=\"var(x)>11\">{<@field x>}<@close ID=\"c\"><@close "
+      "ID=\"b\">",
+  };
+  std::string together;
+  std::string alone;
+  for (const std::string& one : blocks) {
+    for (int twice = 0; twice < 2; ++twice) {
+      together += one;
+      alone += Filled(kDocument, one);
+    }
+  }
+  EXPECT_EQ(Filled(kDocument, together), alone);
+  EXPECT_NE(alone, "");
+}
+
+TEST(TemplateBlocks, OverTheSameChildrenSeeWhatOthersStored) {
+  EXPECT_EQ(Filled("<r><b><x>1</x></b></r>",
+                   "<@open ID=\"b\" when=\"var(x)=1\">a<@field LET x=2><@close ID=\"b\">"
+                   "<@open ID=\"b\" when=\"var(x)=2\">b<@close ID=\"b\">"),
+            "ab");
+}
+
 TEST(TemplateBlocks, NestTenThousandDeep) {
   std::string document;
   std::string source;
