@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/upgrade/upgrade_desk.h"
+#include "bench/windows/upgrade/upgrade_desk.h"
 
 namespace tarvo {
 namespace {

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # The upgrade's figures under Wine, one a line: name value unit limit held|short; "-" for no limit.
 #
-#   bench/upgrade/upgrade_bench.sh [BUILD-FOLDER]     build/windows-64 unless said otherwise
+#   bench/windows/upgrade/upgrade_bench.sh [BUILD-FOLDER]     build/windows-64 unless said otherwise
 set -euo pipefail
-repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/../../.." && pwd)
 export TARVO_WINDOWS_BUILD=${1:-${TARVO_WINDOWS_BUILD:-$repository/build/windows-64}}
 source "$repository/scripts/wine-env.sh"
 wine_start

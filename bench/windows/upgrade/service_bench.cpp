@@ -6,7 +6,7 @@
 
 #include <cstdio>
 
-#include "bench/upgrade/upgrade_desk.h"
+#include "bench/windows/upgrade/upgrade_desk.h"
 
 namespace tarvo {
 namespace {
