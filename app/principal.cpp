@@ -64,6 +64,7 @@ void Principal::WireControls() {
     Form_Unload(cancel);
     if (!cancel) form_.frame.window.End(kExitNormal);
   };
+  form_.status.RTLog.onOpenFile = [this] { OpenLogFile(); };
   form_.frame.window.onEndSession = [this] { Form_EndSession(); };
   for (std::size_t i = 0; i < form_.status.bStart.size(); ++i) {
     form_.status.bStart[i].onClick = [this, i] { startStop_.bStart_Click(i); };
@@ -256,6 +257,14 @@ void Principal::LoadRandomizer() {
   randomizer_.LoadRandomizerFiles();
   form_.randomizer.lstDay.SetListIndex(0);
   form_.randomizer.cmbRstrt.SetListIndex(0);
+}
+
+void Principal::OpenLogFile() {
+  if (machine_.documents.Open(log_.FileOfToday())) return;
+  machine_.messageBoxes.Ask(
+      {"There is no log file of today yet.\r\n"
+       "Check \"Save status in log file?\" on the page Servers to have one.",
+       BoxIcon::Information});
 }
 
 void Principal::RestoreWindowPlace() {

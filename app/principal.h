@@ -72,6 +72,7 @@ class Principal {
   void Form_Resize();
   void Command1_Click();
   void Form_EndSession();
+  void OpenLogFile();
   void RestoreWindowPlace();
   void SaveSettings();
 

@@ -77,11 +77,14 @@ void StatusLog::AppendStatus(int level, const std::vector<ColouredText>& segment
   WriteFileLine(level, line);
 }
 
+std::string StatusLog::FileOfToday() const {
+  return appFolder_ + "\\" + DateStamp(clock_.Now()).substr(0, 8) + ".log";
+}
+
 void StatusLog::WriteFileLine(int level, const std::string& line) {
   if (!WLog_.Checked() || level < LogH_.ListIndex()) return;
-  const std::string day = DateStamp(clock_.Now()).substr(0, 8);
   // The line is on the screen already; a full disk or a locked file must not stop the supervision.
-  static_cast<void>(files_.AppendText(appFolder_ + "\\" + day + ".log", line + kLineEnd));
+  static_cast<void>(files_.AppendText(FileOfToday(), line + kLineEnd));
 }
 
 }  // namespace tarvo

@@ -35,6 +35,9 @@ class StatusLog {
   /// Adds one line: the present time, then the text in the colour of its level.
   void LogStatus(const std::string& text, int level);
 
+  /// The day's file, full path, whether it is there or not.
+  std::string FileOfToday() const;
+
   /// Adds one line of coloured pieces. A file that cannot be written is passed over without a word.
   void AppendStatus(int level, const std::vector<ColouredText>& segments);
 

@@ -4,6 +4,7 @@
 
 #include "platform/clock.h"
 #include "platform/code_page.h"
+#include "platform/document_opener.h"
 #include "platform/event_log.h"
 #include "platform/file_copies.h"
 #include "platform/file_dialog.h"
@@ -44,6 +45,7 @@ struct Machine {
   FileReplacer& fileReplacer;
   EventLog& eventLog;
   RandomSource& random;
+  DocumentOpener& documents;
   std::string executablePath;  ///< Full path of the launcher's own executable.
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,10 @@ class RichTextView : public Control {
 
   /// The text without its colours, lines ended by CR LF.
   std::string Text() const;
+
+  /// The operator asks for the file that keeps the text.
+  void OpenFile() { Raise(onOpenFile); }
+  std::function<void()> onOpenFile;
 
   void SetRichTextMirror(RichTextMirror* mirror) { richMirror_ = mirror; }
 

@@ -3,6 +3,7 @@
 #include "platform/mersenne_random.h"
 #include "platform/windows/clock_windows.h"
 #include "platform/windows/code_page_windows.h"
+#include "platform/windows/document_opener_windows.h"
 #include "platform/windows/event_log_windows.h"
 #include "platform/windows/file_copies_windows.h"
 #include "platform/windows/file_dialog_windows.h"
@@ -53,6 +54,7 @@ struct WindowsMachine::Adapters {
   WindowsFileCopies fileCopies;
   WindowsFileDialog fileDialog;
   WindowsFileReplacer fileReplacer;
+  WindowsDocumentOpener documents;
   WindowsEventLog eventLog;
   MersenneRandom random;
 };
@@ -67,7 +69,7 @@ Machine WindowsMachine::Ports() {
           all.tickClock,        all.memoryStatus,   all.messageBoxes, all.instanceLock,
           all.notificationArea, all.icons,          all.codePage,     all.fileCopies,
           all.fileDialog,       all.fileReplacer,   all.eventLog,     all.random,
-          OwnExecutablePath()};
+          all.documents,        OwnExecutablePath()};
 }
 
 void WindowsMachine::SetOwner(std::intptr_t window) {

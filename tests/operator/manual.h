@@ -21,6 +21,7 @@ inline constexpr char kManual[] =
   operator text NAME [INDEX]             prints the text of a control
   operator tooltip NAME [INDEX]          prints the tool tip that the control would show
   operator state                         prints one line for the window and one for each control
+  operator clipboard                     prints the text on the clipboard
   operator layout                        prints what overlaps, is cut or has no name; 1 if any
   operator follow NAME [INDEX] SECONDS   prints the lines of a control as they come
 

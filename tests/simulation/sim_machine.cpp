@@ -42,9 +42,9 @@ SimMachine::SimMachine() {
 }
 
 Machine SimMachine::PortsFor(InstanceLock& lock) {
-  return {registry, files,  files,      files, processes, processes, network,
-          clock,    clock,  memory,     boxes, lock,      tray,      icons,
-          codePage, copies, fileDialog, files, eventLog,  random,    launcherPath};
+  return {registry,   files,  files,    files,  processes, processes,   network,  clock,
+          clock,      memory, boxes,    lock,   tray,      icons,       codePage, copies,
+          fileDialog, files,  eventLog, random, documents, launcherPath};
 }
 
 std::string SimMachine::SettingsKey() const { return ServerRoot(launcherPath).SettingsKey(); }

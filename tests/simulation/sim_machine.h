@@ -6,6 +6,7 @@
 #include "tests/simulation/call_recorder.h"
 #include "tests/simulation/sim_clock.h"
 #include "tests/simulation/sim_desktop.h"
+#include "tests/simulation/sim_documents.h"
 #include "tests/simulation/sim_event_log.h"
 #include "tests/simulation/sim_file_copies.h"
 #include "tests/simulation/sim_files.h"
@@ -44,6 +45,7 @@ class SimMachine {
   SimNotificationArea tray{recorder};
   SimIcons icons;
   SimCodePage codePage;
+  SimDocuments documents{files};
   std::string launcherPath = "C:\\srv\\tarvo-launcher.exe";
 
   /// The ports of one program on this machine.

@@ -38,6 +38,24 @@ bool MainFrame::PageKey(const MSG& message) {
   return true;
 }
 
+/// The keys of a search go to the log wherever the focus is, while the log is to be seen.
+bool MainFrame::SearchKey(const MSG& message) {
+  const HWND log = GetDlgItem(status_.Window(), NumberOf("RTLog"));
+  const bool find = message.wParam == 'F' && Down(VK_CONTROL) && !Down(VK_MENU);
+  if (message.message != WM_KEYDOWN || !(find || message.wParam == VK_F3)) return false;
+  if (!IsWindowVisible(log)) return false;
+  SendMessageA(log, WM_KEYDOWN, message.wParam, message.lParam);
+  return true;
+}
+
+/// The search dialog of the log is a window of its own beside the main one.
+bool MainFrame::DialogKey(MSG& message) {
+  const HWND top = GetAncestor(message.hwnd, GA_ROOT);
+  return top && top != window_ && GetWindow(top, GW_OWNER) == window_ &&
+         GetClassLongPtrA(top, GCW_ATOM) == reinterpret_cast<ULONG_PTR>(WC_DIALOG) &&
+         IsDialogMessageA(top, &message);
+}
+
 /// Access keys press or focus at once; the dialog manager would only focus the start buttons, whose
 /// keys stand in the names beside them.
 bool MainFrame::AccessKey(const MSG& message) {
@@ -47,8 +65,8 @@ bool MainFrame::AccessKey(const MSG& message) {
 }
 
 bool MainFrame::TakeKey(MSG& message) {
-  if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
-  return PageKey(message) || AccessKey(message) || EnterKey(message) ||
+  if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return DialogKey(message);
+  return SearchKey(message) || PageKey(message) || AccessKey(message) || EnterKey(message) ||
          IsDialogMessageA(window_, &message);
 }
 

@@ -1,6 +1,7 @@
 #include "ui/windows/log_widget.h"
 
 #include <commctrl.h>
+#include <windowsx.h>
 
 #include <algorithm>
 #include <cstring>
@@ -12,6 +13,9 @@ namespace tarvo {
 namespace {
 
 constexpr int kTwipsPerInch = 1440;
+
+/// Entries of the menu; 0 is none.
+enum Command { kCopy = 1, kSelectAll, kFind, kOpenFile };
 
 DWORD CALLBACK ReadSource(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
   auto& rest = *reinterpret_cast<std::string_view*>(cookie);
@@ -44,6 +48,7 @@ LogWidget::LogWidget(Stage& stage, HWND parent, int id, RichTextView& view) : Mi
   Create(parent, "RichEdit20A", "",
          WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | ES_NOHIDESEL, 0,
          id);
+  search_.Of(Window());
   SetWindowSubclass(Window(), Keys, 0, reinterpret_cast<DWORD_PTR>(this));
   SendMessageA(Window(), EM_EXLIMITTEXT, 0, 0x7FFFFFF);
   SendMessageA(Window(), EM_SETUNDOLIMIT, 0, 0);
@@ -56,6 +61,7 @@ LogWidget::LogWidget(Stage& stage, HWND parent, int id, RichTextView& view) : Mi
 void LogWidget::Detach() {
   Mirror::Detach();
   control_.SetRichTextMirror(nullptr);
+  search_.Close();
 }
 
 Extent LogWidget::Natural() const {
@@ -66,6 +72,10 @@ Extent LogWidget::Natural() const {
 void LogWidget::TakeLook() {
   const Still still(Window());
   const Reading reading = Remember();
+  if (plain_ != HighContrast()) {
+    plain_ = HighContrast();
+    StreamIn(control_.Source());
+  }
   ApplyFont();
   Restore(reading);
 }
@@ -146,6 +156,7 @@ void LogWidget::Insert(const ColouredText& piece) {
   format.cbSize = sizeof format;
   format.dwMask = CFM_COLOR;
   format.crTextColor = piece.colour;
+  format.dwEffects = plain_ ? CFE_AUTOCOLOR : 0;
   SendMessageA(Window(), EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
   SendMessageA(Window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(piece.text.c_str()));
 }
@@ -165,6 +176,7 @@ void LogWidget::StreamIn(const std::string& source) {
   stream.pfnCallback = ReadSource;
   SendMessageA(Window(), EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
   ApplyFont();
+  ApplyContrast();
   // A rich edit drops the line end that its source ends with.
   const bool ended = SendMessageA(Window(), EM_LINELENGTH, static_cast<WPARAM>(Length()), 0) == 0;
   if (!ended && source.ends_with("\\par\r\n}\r\n")) Insert({0, "\r\n"});
@@ -177,10 +189,77 @@ void LogWidget::Replaced(const std::string& source) {
   Restore(reading);
 }
 
+/// The colours of the log are made for a light ground.
+void LogWidget::ApplyContrast() {
+  if (!plain_) return;
+  CHARFORMATA format{};
+  format.cbSize = sizeof format;
+  format.dwMask = CFM_COLOR;
+  format.dwEffects = CFE_AUTOCOLOR;
+  SendMessageA(Window(), EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
+}
+
+bool LogWidget::Key(WPARAM key) {
+  const bool control = GetKeyState(VK_CONTROL) < 0;
+  if (control && key == 'F') {
+    search_.Ask();
+  } else if (key == VK_F3) {
+    search_.Again(GetKeyState(VK_SHIFT) < 0);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void LogWidget::ShowMenu(LPARAM place) {
+  POINT at{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+  if (place == -1) {  // By the keyboard.
+    at = {0, 0};
+    ClientToScreen(Window(), &at);
+  }
+  CHARRANGE selection{};
+  SendMessageA(Window(), EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&selection));
+  const UINT copy = selection.cpMin != selection.cpMax ? MF_STRING : MF_STRING | MF_GRAYED;
+  const HMENU menu = CreatePopupMenu();
+  AppendMenuA(menu, copy, kCopy, "&Copy\tCtrl+C");
+  AppendMenuA(menu, MF_STRING, kSelectAll, "Select &all\tCtrl+A");
+  AppendMenuA(menu, MF_STRING, kFind, "&Find...\tCtrl+F");
+  AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
+  AppendMenuA(menu, MF_STRING, kOpenFile, "&Open today's log file");
+  const int chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, at.x,
+                                    at.y, 0, Window(), nullptr);
+  DestroyMenu(menu);
+  Do(chosen);
+}
+
+void LogWidget::Do(int command) {
+  CHARRANGE whole{0, -1};
+  switch (command) {
+    case kCopy:
+      SendMessageA(Window(), WM_COPY, 0, 0);
+      break;
+    case kSelectAll:
+      SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&whole));
+      break;
+    case kFind:
+      search_.Ask();
+      break;
+    case kOpenFile:
+      stage_.Happens([this] { control_.OpenFile(); });
+      break;
+    default:
+      break;
+  }
+}
+
 LRESULT CALLBACK LogWidget::Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                 DWORD_PTR /*self*/) {
+                                 DWORD_PTR self) {
+  auto& log = *reinterpret_cast<LogWidget*>(self);
   // Tab and Escape belong to the window around it: the log is for reading.
   if (message == WM_GETDLGCODE) return DLGC_WANTARROWS;
+  if (message == WM_KEYDOWN && log.Key(w)) return 0;
+  if (message == WM_CONTEXTMENU) return log.ShowMenu(l), 0;
+  if (log.search_.Take(message, l)) return 0;
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Keys, id);
   return DefSubclassProc(window, message, w, l);
 }

@@ -5,6 +5,7 @@
 #include <richedit.h>
 
 #include "ui/rich_text_view.h"
+#include "ui/windows/log_search.h"
 #include "ui/windows/widget.h"
 
 namespace tarvo {
@@ -12,6 +13,10 @@ namespace tarvo {
 /// The log's native view. New text comes in at the end without the rest being drawn again, and the
 /// view follows it while the operator looks at the end; one who reads further up, or has selected
 /// something, keeps his place.
+///
+/// The right mouse button or the menu key shows what else can be done: copy, select all, find
+/// (Ctrl+F, then F3 and Shift+F3), open the day's file. In high contrast the text is in the
+/// system's colours.
 class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
  public:
   LogWidget(Stage& stage, HWND parent, int id, RichTextView& view);
@@ -44,6 +49,13 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   void Insert(const ColouredText& piece);
   void StreamIn(const std::string& source);
   void ApplyFont();
+  void ApplyContrast();
+  bool Key(WPARAM key);
+  void ShowMenu(LPARAM place);
+  void Do(int command);
+
+  LogSearch search_;
+  bool plain_ = false;  ///< In the system's colours.
 };
 
 }  // namespace tarvo

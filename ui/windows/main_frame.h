@@ -49,6 +49,8 @@ class MainFrame : private ControlMirror {
   void GiveFocus();
 
   bool PageKey(const MSG& message);
+  bool SearchKey(const MSG& message);
+  bool DialogKey(MSG& message);
   bool AccessKey(const MSG& message);
   Panel& ShownPage() {
     return *pages_.at(static_cast<std::size_t>(stage_.form.frame.SSTab1.Page()));

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commdlg.h>
+
+#include <string>
+
+namespace tarvo {
+
+/// Searches the text of a rich edit with the system's own search dialog, which stays up beside the
+/// window. A found place is selected and brought into sight; the search goes on from the selection
+/// and round the end of the text. Nothing found is a beep.
+class LogSearch {
+ public:
+  LogSearch() = default;
+  ~LogSearch() { Close(); }
+  LogSearch(const LogSearch&) = delete;
+  LogSearch& operator=(const LogSearch&) = delete;
+
+  /// The window that holds the text; before anything else.
+  void Of(HWND text) { text_ = text; }
+
+  /// Puts the dialog up, or brings it to the front.
+  void Ask();
+  /// Searches for the same again; asks when there was no search yet.
+  void Again(bool backwards);
+  /// Takes a message of the text's window that came from the dialog; false for any other.
+  bool Take(UINT message, LPARAM detail);
+  void Close();
+
+ private:
+  void Search(bool backwards);
+  bool Select(LONG from, LONG to, WPARAM flags);
+
+  HWND text_ = nullptr;
+  HWND dialog_ = nullptr;
+  FINDREPLACEA record_{};
+  char wanted_[256] = "";
+};
+
+}  // namespace tarvo
