@@ -35,6 +35,9 @@ inline constexpr char kMainWindowClass[] = "TarvoLauncherMain";
 /// outside.
 inline constexpr char kLightColourProperty[] = "TarvoLightColour";
 
+/// The window property of a button that shows a picture instead of its text.
+inline constexpr char kPictureProperty[] = "TarvoPicture";
+
 /// Every control of the form with its own number, shared by the native window and by whatever
 /// drives it from outside. Numbers are never given to another control.
 inline constexpr std::array kControlIds = {

@@ -24,33 +24,47 @@ int Whole(const std::vector<Track>& tracks, const Lengths& lengths) {
   return gap + Span(tracks, lengths, 0, static_cast<int>(tracks.size()));
 }
 
-int TrackToWiden(const std::vector<Track>& tracks, const GridCell& cell) {
-  for (int i = cell.column; i < cell.column + cell.span; ++i) {
+/// What a cell needs of the tracks in one direction.
+struct Need {
+  int first;
+  int count;
+  int length;
+};
+
+int TrackToWiden(const std::vector<Track>& tracks, const Need& need) {
+  for (int i = need.first; i < need.first + need.count; ++i) {
     if (tracks[Index(i)].stretches) return i;
   }
-  return cell.column + cell.span - 1;
+  return need.first + need.count - 1;
+}
+
+Lengths LengthsFor(const std::vector<Track>& tracks, const std::vector<Need>& needs) {
+  Lengths lengths(tracks.size(), 0);
+  for (const Need& need : needs) {
+    int& length = lengths[Index(need.first)];
+    if (need.count == 1) length = std::max(length, need.length);
+  }
+  for (const Need& need : needs) {
+    const int missing = need.length - Span(tracks, lengths, need.first, need.count);
+    if (missing > 0) lengths[Index(TrackToWiden(tracks, need))] += missing;
+  }
+  return lengths;
 }
 
 Lengths Widths(const Grid& grid) {
-  Lengths widths(grid.columns.size(), 0);
+  std::vector<Need> needs;
   for (const GridCell& cell : grid.cells) {
-    int& width = widths[Index(cell.column)];
-    if (cell.span == 1) width = std::max(width, cell.natural.width);
+    needs.push_back({cell.column, cell.span, cell.natural.width});
   }
-  for (const GridCell& cell : grid.cells) {
-    const int missing = cell.natural.width - Span(grid.columns, widths, cell.column, cell.span);
-    if (missing > 0) widths[Index(TrackToWiden(grid.columns, cell))] += missing;
-  }
-  return widths;
+  return LengthsFor(grid.columns, needs);
 }
 
 Lengths Heights(const Grid& grid) {
-  Lengths heights(grid.rows.size(), 0);
+  std::vector<Need> needs;
   for (const GridCell& cell : grid.cells) {
-    int& height = heights[Index(cell.row)];
-    height = std::max(height, cell.natural.height);
+    needs.push_back({cell.row, cell.rows, cell.natural.height});
   }
-  return heights;
+  return LengthsFor(grid.rows, needs);
 }
 
 void Stretch(const std::vector<Track>& tracks, Lengths& lengths, int room) {
@@ -92,8 +106,9 @@ std::vector<Place> Arrange(const Grid& grid, const Place& area) {
   std::vector<Place> places;
   for (const GridCell& cell : grid.cells) {
     const int room = Span(grid.columns, widths, cell.column, cell.span);
-    const int rowHeight = heights[Index(cell.row)];
-    const int height = grid.rows[Index(cell.row)].stretches ? rowHeight : cell.natural.height;
+    const int rowHeight = Span(grid.rows, heights, cell.row, cell.rows);
+    const bool whole = cell.rows > 1 || grid.rows[Index(cell.row)].stretches;
+    const int height = whole ? rowHeight : cell.natural.height;
     places.push_back({lefts[Index(cell.column)], tops[Index(cell.row)] + (rowHeight - height) / 2,
                       cell.fills ? room : std::min(room, cell.natural.width), height});
   }

@@ -27,18 +27,19 @@ struct Track {
 };
 
 /// One thing on the grid. It keeps its natural height in the middle of its row, so that the base
-/// lines of a row agree, unless the row stretches; it is as wide as its columns, or keeps its
-/// natural width at their left edge.
+/// lines of a row agree, unless the row stretches; over several rows it is as high as they are. It
+/// is as wide as its columns, or keeps its natural width at their left edge.
 struct GridCell {
   int row = 0;
   int column = 0;
   int span = 1;  ///< Columns that it goes over, at least 1.
   Extent natural;
   bool fills = true;
+  int rows = 1;  ///< Rows that it goes over, at least 1.
 };
 
 /// Columns and rows that are as wide and high as their widest and highest cell. A cell over several
-/// columns that needs more than they have widens the first of them that stretches, or the last.
+/// of them that needs more than they have widens the first of them that stretches, or the last.
 struct Grid {
   std::vector<Track> columns;
   std::vector<Track> rows;

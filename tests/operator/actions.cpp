@@ -37,26 +37,13 @@ void Notify(HWND launcher, const FoundControl& control, int code) {
                 MAKEWPARAM(id, static_cast<WORD>(code)), reinterpret_cast<LPARAM>(control.window));
 }
 
-/// In wide characters, which every list gives alike: between processes not all systems turn the
-/// text of a list's entry into 8-bit characters.
-/// Asked for in wide characters: Wine hands the 8-bit text of another process's list over wrongly.
-std::string EntryOf(HWND list, LRESULT index) {
-  const LRESULT length = Send(list, CB_GETLBTEXTLEN, static_cast<WPARAM>(index));
-  std::wstring wide(static_cast<std::size_t>(length) + 1, L'\0');
-  const LRESULT got = SendWide(list, CB_GETLBTEXT, static_cast<WPARAM>(index),
-                               reinterpret_cast<LPARAM>(wide.data()));
-  std::string text(static_cast<std::size_t>(got) * 2, '\0');
-  text.resize(static_cast<std::size_t>(
-      WideCharToMultiByte(CP_ACP, 0, wide.c_str(), static_cast<int>(got), text.data(),
-                          static_cast<int>(text.size()), nullptr, nullptr)));
-  return text;
-}
+bool IsOpenList(const FoundControl& list) { return list.entry->type == ControlType::ListBox; }
 
 LRESULT NeedEntry(const FoundControl& control, const std::string& entry) {
-  const LRESULT count = Send(control.window, CB_GETCOUNT);
+  const LRESULT count = EntryCount(control);
   std::string known;
   for (LRESULT i = 0; i < count; ++i) {
-    const std::string text = EntryOf(control.window, i);
+    const std::string text = EntryOf(control, i);
     if (text == entry || "#" + std::to_string(i) == entry) return i;
     known += "\n  " + text;
   }
@@ -64,6 +51,26 @@ LRESULT NeedEntry(const FoundControl& control, const std::string& entry) {
 }
 
 }  // namespace
+
+LRESULT EntryCount(const FoundControl& list) {
+  return Send(list.window, IsOpenList(list) ? LB_GETCOUNT : CB_GETCOUNT);
+}
+
+/// Asked for in wide characters: between processes not all systems turn the text of a list's entry
+/// into 8-bit characters.
+std::string EntryOf(const FoundControl& list, LRESULT index) {
+  const bool open = IsOpenList(list);
+  const auto entry = static_cast<WPARAM>(index);
+  const LRESULT length = Send(list.window, open ? LB_GETTEXTLEN : CB_GETLBTEXTLEN, entry);
+  std::wstring wide(static_cast<std::size_t>(length) + 1, L'\0');
+  const LRESULT got = SendWide(list.window, open ? LB_GETTEXT : CB_GETLBTEXT, entry,
+                               reinterpret_cast<LPARAM>(wide.data()));
+  std::string text(static_cast<std::size_t>(got) * 2, '\0');
+  text.resize(static_cast<std::size_t>(
+      WideCharToMultiByte(CP_ACP, 0, wide.c_str(), static_cast<int>(got), text.data(),
+                          static_cast<int>(text.size()), nullptr, nullptr)));
+  return text;
+}
 
 void NeedReach(HWND launcher, const FoundControl& control) {
   NeedFree(launcher);
@@ -90,11 +97,29 @@ void SetTo(HWND launcher, const FoundControl& control, const std::string& text) 
   Send(control.window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-void Select(HWND launcher, const FoundControl& control, const std::string& entry) {
-  NeedType(control, control.entry->type == ControlType::List, "list");
+void TypeKeys(HWND launcher, const FoundControl& control, const std::string& characters) {
+  NeedType(control, control.entry->type == ControlType::TextBox, "text box");
   NeedReach(launcher, control);
-  Send(control.window, CB_SETCURSEL, static_cast<WPARAM>(NeedEntry(control, entry)));
-  Notify(launcher, control, CBN_SELCHANGE);
+  for (char key : characters) {
+    Send(control.window, WM_CHAR, static_cast<WPARAM>(static_cast<unsigned char>(key)), 1);
+  }
+}
+
+void Scroll(HWND launcher, const FoundControl& control, int value) {
+  NeedType(control, control.entry->type == ControlType::ScrollBar, "scroll bar");
+  NeedReach(launcher, control);
+  SendAndSettle(launcher, GetParent(control.window), WM_HSCROLL,
+                MAKEWPARAM(SB_THUMBPOSITION, static_cast<WORD>(value)),
+                reinterpret_cast<LPARAM>(control.window));
+}
+
+void Select(HWND launcher, const FoundControl& control, const std::string& entry) {
+  const bool open = IsOpenList(control);
+  NeedType(control, open || control.entry->type == ControlType::List, "list");
+  NeedReach(launcher, control);
+  Send(control.window, open ? LB_SETCURSEL : CB_SETCURSEL,
+       static_cast<WPARAM>(NeedEntry(control, entry)));
+  Notify(launcher, control, open ? LBN_SELCHANGE : CBN_SELCHANGE);
 }
 
 void Check(HWND launcher, const FoundControl& control, bool checked) {

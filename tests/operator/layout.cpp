@@ -154,6 +154,7 @@ class Inspection {
     if (IsStatic(leaf) && (leaf.style & SS_ELLIPSISMASK) != 0) return;
     const DWORD kind = leaf.style & BS_TYPEMASK;
     const bool push = kind == BS_PUSHBUTTON || kind == BS_DEFPUSHBUTTON || kind == BS_OWNERDRAW;
+    if (GetPropA(leaf.window, kPictureProperty)) return;
     const SIZE need = ruler_.Of(leaf.text);
     const LONG width = leaf.place.right - leaf.place.left;
     const LONG height = leaf.place.bottom - leaf.place.top;
@@ -168,7 +169,8 @@ class Inspection {
   /// Fields take their name from the text before them, everything else from its own text.
   void CheckName(const Leaf& leaf) {
     if (IsStatic(leaf)) return;
-    const bool field = IsOneOf(leaf.windowClass, {"COMBOBOX", "EDIT", "RichEdit20A"});
+    const bool field =
+        IsOneOf(leaf.windowClass, {"COMBOBOX", "EDIT", "LISTBOX", "SCROLLBAR", "RichEdit20A"});
     const HWND before = GetWindow(leaf.window, GW_HWNDPREV);
     const bool named =
         field ? before && IsOneOf(ClassOf(before), {"STATIC"}) && !TextOf(before).empty()

@@ -103,11 +103,20 @@ void ShowBox(const Order& order) {
   PrintBox(box);
 }
 
+void PrintItems(const FoundControl& list) {
+  const ControlType type = list.entry->type;
+  if (type != ControlType::List && type != ControlType::ListBox) {
+    throw OperatorError(NameOf(list) + " is no list");
+  }
+  for (LRESULT i = 0; i < EntryCount(list); ++i) std::printf("%s\n", EntryOf(list, i).c_str());
+}
+
 bool RunOnControl(const Order& order) {
   const std::string& verb = order.verb;
-  const bool onText = verb == "set" || verb == "select" || verb == "drop";
+  const bool onText =
+      verb == "set" || verb == "select" || verb == "drop" || verb == "type" || verb == "scroll";
   if (!onText && verb != "click" && verb != "check" && verb != "uncheck" && verb != "text" &&
-      verb != "tooltip") {
+      verb != "tooltip" && verb != "items") {
     return false;
   }
   const Named named = TakeName(order, onText ? 1 : 0);
@@ -115,6 +124,9 @@ bool RunOnControl(const Order& order) {
   const FoundControl control = NeedControl(launcher, named.name, named.index);
   if (verb == "click") Click(launcher, control);
   if (verb == "set") SetTo(launcher, control, named.rest[0]);
+  if (verb == "type") TypeKeys(launcher, control, named.rest[0]);
+  if (verb == "scroll") Scroll(launcher, control, ToNumber(named.rest[0]));
+  if (verb == "items") PrintItems(control);
   if (verb == "drop") DropFile(launcher, control, named.rest[0]);
   if (verb == "select") Select(launcher, control, named.rest[0]);
   if (verb == "check" || verb == "uncheck") Check(launcher, control, verb == "check");

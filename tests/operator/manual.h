@@ -8,6 +8,8 @@ inline constexpr char kManual[] =
   operator click NAME [INDEX]            presses a button, a check box or an option
   operator check NAME [INDEX]            checks a check box; uncheck takes the check away
   operator set NAME [INDEX] TEXT         puts a text into a text box
+  operator type NAME [INDEX] KEYS        presses the keys of these characters in a text box
+  operator scroll NAME [INDEX] VALUE     moves the thumb of a scroll bar
   operator select NAME [INDEX] ENTRY     chooses an entry by its text, or by its number as #2
   operator page N                        goes to page N, counted from 1
   operator close | minimize | restore    what the buttons of the title bar do
@@ -19,6 +21,7 @@ inline constexpr char kManual[] =
   operator box                           prints the message box that is up; exit code 1 for none
 
   operator text NAME [INDEX]             prints the text of a control
+  operator items NAME [INDEX]            prints the entries of a list, one a line
   operator tooltip NAME [INDEX]          prints the tool tip that the control would show
   operator state                         prints one line for the window and one for each control
   operator clipboard                     prints the text on the clipboard
@@ -40,8 +43,9 @@ behind a message box. The exit code is 0, or 1 with the reason on the error outp
 A line of state:
   window title="..." visible=1 minimized=0 enabled=1 page=1 pid=32
   bStart 0 enabled=1 visible=1 text="Start"
-with checked=0|1 for check boxes and options, selection=N for lists (-1: none), light=0xBBGGRR for
-status lights. In texts a line end is \r\n, a quote is \" and a backslash is \\.
+with checked=0|1 for check boxes and options, selection=N for lists (-1: none), value=N for scroll
+bars, light=0xBBGGRR for status lights. In texts a line end is \r\n, a quote is \" and a backslash
+is \\.
 )";
 
 }  // namespace tarvo

@@ -41,6 +41,10 @@ std::string Details(const FoundControl& control) {
       return " checked=" + std::to_string(Send(control.window, BM_GETCHECK));
     case ControlType::List:
       return " selection=" + std::to_string(static_cast<int>(Send(control.window, CB_GETCURSEL)));
+    case ControlType::ListBox:
+      return " selection=" + std::to_string(static_cast<int>(Send(control.window, LB_GETCURSEL)));
+    case ControlType::ScrollBar:
+      return " value=" + std::to_string(Send(control.window, SBM_GETPOS));
     case ControlType::Light:
       return " light=" + Colour(control.window);
     default:
@@ -60,6 +64,10 @@ void PrintControl(const FoundControl& control) {
 }  // namespace
 
 std::string ReadText(const FoundControl& control) {
+  if (control.entry->type == ControlType::ListBox) {
+    const LRESULT selected = Send(control.window, LB_GETCURSEL);
+    return selected < 0 ? std::string() : EntryOf(control, selected);
+  }
   std::string text = TextOf(control.window);
   const ControlType type = control.entry->type;
   if (type == ControlType::CheckBox || type == ControlType::Option) std::erase(text, '&');

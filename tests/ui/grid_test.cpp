@@ -53,6 +53,25 @@ TEST(Grid, ACellThatDoesNotFillKeepsItsWidth) {
   EXPECT_EQ(places[3].width, 40);
 }
 
+TEST(Grid, ACellOverSeveralRowsIsAsHighAsTheyAre) {
+  Grid grid = TwoRows();
+  grid.cells[0].rows = 2;
+  grid.cells.erase(grid.cells.begin() + 2);
+  const auto places = Arrange(grid, {0, 0, 165, 50});
+  ExpectPlace(places[0], 10, 4, 30, 20 + 6 + 20);
+  ExpectPlace(places[2], 45, 30, 120, 20);
+}
+
+TEST(Grid, AHighCellHeightensTheRowThatStretchesOrTheLast) {
+  Grid grid = TwoRows();
+  grid.cells[0].rows = 2;
+  grid.cells[0].natural.height = 100;
+  EXPECT_EQ(SmallestSize(grid).height, 4 + 100);
+  EXPECT_EQ(Arrange(grid, {0, 0, 165, 104})[3].top, 4 + 20 + 6 + (74 - 20) / 2);
+  grid.rows[0].stretches = true;
+  EXPECT_EQ(Arrange(grid, {0, 0, 165, 104})[1].height, 74);
+}
+
 TEST(Grid, AWideSpanWidensTheColumnThatStretches) {
   Grid grid = TwoRows();
   grid.cells[0] = {0, 0, 2, {300, 20}};

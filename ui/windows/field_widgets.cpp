@@ -1,13 +1,22 @@
 #include "ui/windows/field_widgets.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <utility>
 
 namespace tarvo {
+namespace {
+
+constexpr UINT_PTR kKeysId = 1;
+
+}  // namespace
 
 TextWidget::TextWidget(Stage& stage, HWND parent, int id, TextBox& box, std::string widest)
     : Mirror(stage, box), widest_(std::move(widest)) {
   Create(parent, "EDIT", box.Text(), WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, id);
+  if (box.MaxLength() > 0) SendMessageA(Window(), EM_LIMITTEXT, box.MaxLength(), 0);
+  SetWindowSubclass(Window(), Keys, kKeysId, reinterpret_cast<DWORD_PTR>(this));
   Attach();
 }
 
@@ -18,6 +27,43 @@ Extent TextWidget::Natural() const {
 
 void TextWidget::Command(int code) {
   if (code == EN_CHANGE && !showing_ && !typing_) Typed();
+  if (code == EN_SETFOCUS || code == EN_KILLFOCUS) FocusMoved(code == EN_SETFOCUS);
+}
+
+LRESULT CALLBACK TextWidget::Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                                  DWORD_PTR self) {
+  auto* widget = reinterpret_cast<TextWidget*>(self);
+  if (message == WM_CHAR && !widget->LetsThrough(static_cast<char>(w))) return 0;
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Keys, id);
+  return DefSubclassProc(window, message, w, l);
+}
+
+bool TextWidget::LetsThrough(char key) {
+  bool through = true;
+  TakeCaret();
+  stage_.Happens([&] { through = control_.LetsThrough(key); });
+  return through;
+}
+
+void TextWidget::FocusMoved(bool gained) {
+  TakeCaret();
+  stage_.Happens([&] {
+    if (gained) {
+      control_.GainFocus();
+    } else {
+      control_.LoseFocus();
+    }
+  });
+}
+
+void TextWidget::TakeCaret() {
+  DWORD start = 0;
+  DWORD end = 0;
+  SendMessageA(Window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+               reinterpret_cast<LPARAM>(&end));
+  control_.MoveCaret(start, end - start);
+  shownCaret_ = start;
+  shownSelection_ = end - start;
 }
 
 void TextWidget::Access() {
@@ -30,6 +76,7 @@ void TextWidget::Typed() {
   stage_.Happens([this] { control_.Type(TextOf(Window())); });
   typing_ = false;
   shownCaret_ = control_.Caret();
+  shownSelection_ = control_.SelectionLength();
   if (TextOf(Window()) != control_.Text()) Show();
 }
 
@@ -39,10 +86,16 @@ void TextWidget::Show() {
   showing_ = true;
   if (textDiffers) SetWindowTextA(Window(), control_.Text().c_str());
   showing_ = false;
-  if (textDiffers || shownCaret_ != control_.Caret()) {
-    shownCaret_ = control_.Caret();
-    SendMessageA(Window(), EM_SETSEL, shownCaret_, static_cast<LPARAM>(shownCaret_));
-  }
+  const bool caretDiffers =
+      shownCaret_ != control_.Caret() || shownSelection_ != control_.SelectionLength();
+  if (textDiffers || caretDiffers) ShowCaret();
+}
+
+void TextWidget::ShowCaret() {
+  shownCaret_ = control_.Caret();
+  shownSelection_ = control_.SelectionLength();
+  SendMessageA(Window(), EM_SETSEL, shownCaret_,
+               static_cast<LPARAM>(shownCaret_ + shownSelection_));
 }
 
 ListWidget::ListWidget(Stage& stage, HWND parent, int id, DropDownList& list, int smallest,
@@ -95,6 +148,8 @@ std::string ListWidget::Tip() const {
 
 void ListWidget::ShowItems() {
   const std::vector<std::string>& items = control_.Items();
+  if (shownRemovals_ != control_.Removals()) SendMessageA(Window(), CB_RESETCONTENT, 0, 0);
+  shownRemovals_ = control_.Removals();
   const auto shown = static_cast<std::size_t>(SendMessageA(Window(), CB_GETCOUNT, 0, 0));
   for (std::size_t i = shown; i < items.size(); ++i) {
     SendMessageA(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(items[i].c_str()));

@@ -6,7 +6,8 @@
 namespace tarvo {
 
 /// A text box of one line. What the operator types goes to the control at each change; what the
-/// control makes of it comes back when it differs.
+/// control makes of it comes back when it differs. Caret, focus and each key that makes a character
+/// go to the control too, which may swallow the key.
 class TextWidget : public Mirror<TextBox> {
  public:
   /// It is wide enough for `widest`.
@@ -19,10 +20,17 @@ class TextWidget : public Mirror<TextBox> {
   void Show() override;
 
  private:
+  static LRESULT CALLBACK Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                               DWORD_PTR self);
   void Typed();
+  void FocusMoved(bool gained);
+  bool LetsThrough(char key);
+  void TakeCaret();
+  void ShowCaret();
 
   std::string widest_;
   std::size_t shownCaret_ = 0;
+  std::size_t shownSelection_ = 0;
   bool typing_ = false;   ///< The operator's change is on its way: the control is shown after it.
   bool showing_ = false;  ///< The change of the native text is our own.
 };
@@ -47,6 +55,7 @@ class ListWidget : public Mirror<DropDownList> {
 
   int smallest_;
   int largest_;
+  std::size_t shownRemovals_ = 0;
 };
 
 }  // namespace tarvo

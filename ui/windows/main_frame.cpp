@@ -53,11 +53,12 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
       window_(CreateMainWindow(stage_.instance)),
       header_(Begun(stage_, window_), window_),
       tabs_(stage_, window_, NumberOf("SSTab1"), form.frame.SSTab1,
-            {"Status", "Servers", "Upgrade"}),
+            {"Status", "Servers", "Server Battle Randomizer ", "Upgrade"}),
       status_(stage_, window_),
       servers_(stage_, window_),
+      randomizer_(stage_, window_),
       upgrade_(stage_, window_),
-      pages_{&status_, &servers_, &upgrade_},
+      pages_{&status_, &servers_, &randomizer_, &upgrade_},
       timers_(stage_, timers, window_) {
   SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   std::vector<HWND> windows;

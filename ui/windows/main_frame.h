@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ui/windows/header_panel.h"
+#include "ui/windows/randomizer_panel.h"
 #include "ui/windows/servers_panel.h"
 #include "ui/windows/stage.h"
 #include "ui/windows/status_panel.h"
@@ -62,6 +63,7 @@ class MainFrame : private ControlMirror {
   TabWidget tabs_;
   StatusPanel status_;
   ServersPanel servers_;
+  RandomizerPanel randomizer_;
   UpgradePanel upgrade_;
   std::vector<Panel*> pages_;  ///< In the order of their tabs.
   TimerPump timers_;

@@ -80,7 +80,8 @@ Grid Panel::ToGrid() const {
   for (const Entry& entry : entries_) {
     if (!entry.slot) continue;
     const Slot& slot = *entry.slot;
-    grid.cells.push_back({slot.row, slot.column, slot.span, entry.widget->Natural(), slot.fills});
+    grid.cells.push_back(
+        {slot.row, slot.column, slot.span, entry.widget->Natural(), slot.fills, slot.rows});
   }
   return grid;
 }
@@ -95,11 +96,16 @@ void Panel::Occupy(const RECT& area) {
   const int width = static_cast<int>(area.right - area.left);
   const int height = static_cast<int>(area.bottom - area.top);
   MoveWindow(window_, area.left, area.top, width, height, TRUE);
-  std::vector<Place> places = Arrange(ToGrid(), {0, 0, width - stage_.look.Px(margin_.width),
-                                                 height - stage_.look.Px(margin_.height)});
+  const Place inside{0, 0, width - stage_.look.Px(margin_.width),
+                     height - stage_.look.Px(margin_.height)};
+  const Grid grid = ToGrid();
+  PlaceCards(grid, inside);
+  std::vector<Place> places = Arrange(grid, inside);
   auto place = places.begin();
   for (Entry& entry : entries_) {
     if (!entry.slot) continue;
+    place->left -= entry.widget->Overhang();
+    place->width += 2 * entry.widget->Overhang();
     if (entry.widget->Framed()) Shrink(*place, stage_.look.Px(kFramedGap));
     MoveWindow(entry.widget->Window(), place->left, place->top, place->width, place->height, TRUE);
     tips_.Placed(*entry.widget);
@@ -132,9 +138,40 @@ void Panel::Commanded(HWND from, int code) {
   InvalidateRect(window_, &ring, TRUE);
 }
 
+void Panel::PlaceCards(const Grid& grid, const Place& area) {
+  if (cards_.empty()) return;
+  Grid framed = grid;
+  for (const PlacedCard& placed : cards_) {
+    const Card& card = placed.card;
+    framed.cells.push_back({card.row, card.column, card.columns, {}, true, card.rows});
+  }
+  const std::vector<Place> places = Arrange(framed, area);
+  const int padding = stage_.look.Px(kCardPadding);
+  for (std::size_t i = 0; i < cards_.size(); ++i) {
+    const Place& place = places[grid.cells.size() + i];
+    cards_[i].frame = {place.left, place.top, place.left + place.width, place.top + place.height};
+    InflateRect(&cards_[i].frame, padding, padding);
+  }
+  InvalidateRect(window_, nullptr, TRUE);
+}
+
+void Panel::PaintCards(HDC target) const {
+  const HGDIOBJ pen = SelectObject(target, GetStockObject(DC_PEN));
+  const HGDIOBJ brush = SelectObject(target, GetStockObject(NULL_BRUSH));
+  SetDCPenColor(target, GetSysColor(HighContrast() ? COLOR_BTNTEXT : COLOR_3DSHADOW));
+  const int corner = stage_.look.Px(6);
+  for (const PlacedCard& placed : cards_) {
+    const RECT& frame = placed.frame;
+    RoundRect(target, frame.left, frame.top, frame.right, frame.bottom, corner, corner);
+  }
+  SelectObject(target, brush);
+  SelectObject(target, pen);
+}
+
 void Panel::Paint() {
   PAINTSTRUCT paint{};
   const HDC target = BeginPaint(window_, &paint);
+  PaintCards(target);
   for (const Entry& entry : entries_) {
     if (!entry.widget->Framed()) continue;
     RECT frame = Around(window_, entry.widget->Window(), 1, 1);
@@ -163,6 +200,12 @@ std::optional<LRESULT> Panel::Handle(UINT message, WPARAM w, LPARAM l) {
       if (Widget* widget = Widget::Of(item.hwndItem)) widget->Draw(item);
       return TRUE;
     }
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+      if (Widget* widget = Widget::Of(reinterpret_cast<HWND>(l))) {
+        widget->Scrolled(LOWORD(w), HIWORD(w));
+      }
+      return 0;
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
       return ColourOfText(reinterpret_cast<HDC>(w));

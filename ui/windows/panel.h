@@ -20,6 +20,15 @@ struct Slot {
   int column = 0;
   int span = 1;
   bool fills = true;
+  int rows = 1;
+};
+
+/// A part of a panel's grid that belongs together: a thin frame is drawn around it.
+struct Card {
+  int row = 0;
+  int column = 0;
+  int rows = 1;
+  int columns = 1;
 };
 
 /// A native window that holds widgets on one grid: a page of the tab view, or what is around the
@@ -28,6 +37,7 @@ struct Slot {
 class Panel {
  public:
   enum class Ground { Window, Page };  ///< What it lies on, and so its colour.
+  static constexpr int kCardPadding = 8;  ///< At 100 %.
 
   Panel(Stage& stage, HWND parent, Ground ground);
   virtual ~Panel() = default;
@@ -50,6 +60,8 @@ class Panel {
   void SetRows(std::vector<Track> rows) { rows_ = std::move(rows); }
   /// The room that stays free at the right and at the bottom, at 100 %.
   void SetMargin(Extent margin) { margin_ = margin; }
+  /// The gaps around a card leave room for its frame, which lies `kCardPadding` outside its cells.
+  void AddCard(const Card& card) { cards_.push_back({card, {}}); }
 
   /// Makes a widget on the panel. Without a slot it takes no room.
   template <class WidgetType, class... Arguments>
@@ -67,6 +79,11 @@ class Panel {
     std::unique_ptr<Widget> widget;
   };
 
+  struct PlacedCard {
+    Card card;
+    RECT frame;
+  };
+
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
   static void RegisterClassOnce(HINSTANCE instance);
   std::optional<LRESULT> Handle(UINT message, WPARAM w, LPARAM l);
@@ -75,6 +92,8 @@ class Panel {
   HBRUSH Brush() const;
   LRESULT ColourOfText(HDC target) const;
   void Commanded(HWND from, int code);
+  void PlaceCards(const Grid& grid, const Place& area);
+  void PaintCards(HDC target) const;
   void Paint();
 
   Stage& stage_;
@@ -85,6 +104,7 @@ class Panel {
   std::vector<Track> rows_;
   Extent margin_;
   std::vector<Entry> entries_;
+  std::vector<PlacedCard> cards_;
 };
 
 }  // namespace tarvo

@@ -29,6 +29,10 @@ class Widget : public ControlMirror {
   virtual void TakeLook();
   /// A notification of the native window to its parent.
   virtual void Command(int /*code*/) {}
+  /// A scroll bar was moved: one of the SB_ codes, and the thumb's place for those that have one.
+  virtual void Scrolled(int /*code*/, int /*position*/) {}
+  /// Pixels that it reaches over its columns at both sides.
+  virtual int Overhang() const { return 0; }
   /// Draws an owner-drawn window.
   virtual void Draw(const DRAWITEMSTRUCT& /*item*/) {}
   /// What its tool tip says at this moment; "" for no tool tip.
