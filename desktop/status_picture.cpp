@@ -5,20 +5,16 @@
 #include <cmath>
 #include <optional>
 
+#include "ui/supersampling.h"
+
 namespace tarvo {
 namespace {
 
 using Ink = std::uint32_t;
 
-constexpr int kSamples = 4;           ///< Samples across one pixel.
 constexpr int kSmallestChecked = 10;  ///< Pixels of a mark in which a check mark can be told.
 
 /// A point of a mark, whose edges lie at -1 and 1.
-struct Point {
-  double x;
-  double y;
-};
-
 /// Where the three marks stand: the pixels of their left upper corners.
 struct Places {
   int mark;  ///< Pixels across a mark.
@@ -78,19 +74,17 @@ std::optional<Ink> InkAt(AlarmState state, Point p, bool withCheck) {
 
 /// The mean of a pixel's samples; its colour is that of the covered samples alone.
 std::uint32_t PixelOf(AlarmState state, int mark, int column, int row) {
-  const double step = 2.0 / (mark * kSamples);
   std::array<unsigned, 3> sum{};
   unsigned covered = 0;
-  for (int i = 0; i < kSamples * kSamples; ++i) {
-    const Point p = {-1 + step * (column * kSamples + i % kSamples + 0.5),
-                     -1 + step * (row * kSamples + i / kSamples + 0.5)};
+  for (int i = 0; i < kSamplesInPixel; ++i) {
+    const Point p = SampleOf(column, row, i, mark);
     const auto ink = InkAt(state, p, mark >= kSmallestChecked);
     if (!ink) continue;
     ++covered;
     for (std::size_t part = 0; part < 3; ++part) sum[part] += *ink >> (8 * part) & 0xFF;
   }
   if (covered == 0) return 0;
-  constexpr unsigned kCount = kSamples * kSamples;
+  constexpr unsigned kCount = kSamplesInPixel;
   const unsigned alpha = (covered * 255 + kCount / 2) / kCount;
   return alpha << 24 | sum[2] / covered << 16 | sum[1] / covered << 8 | sum[0] / covered;
 }

@@ -11,7 +11,7 @@ fi
 
 if git grep -nIE '#\s*include\s*<(windows|winsock2|commctrl|richedit|shellapi|tlhelp32|wininet)\.h>|_WIN32' -- \
   '*.h' '*.cpp' ':!platform/windows' ':!ui/windows' ':!tests/windows' ':!tests/servers' \
-  ':!tests/operator' ':!bench/windows'; then
+  ':!tests/operator' ':!benches/windows'; then
   echo "Windows headers belong to platform/windows/ and ui/windows/." >&2
   exit 1
 fi

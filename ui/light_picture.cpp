@@ -6,19 +6,13 @@
 #include <cstddef>
 
 #include "ui/status_colours.h"
+#include "ui/supersampling.h"
 
 namespace tarvo {
 namespace {
 
-constexpr int kSamples = 4;  ///< Samples across one pixel.
 constexpr double kBorder = 0.11;
 constexpr double kRingWidth = 0.26;
-
-/// A point of the picture, whose edges lie at -1 and 1.
-struct Point {
-  double x;
-  double y;
-};
 
 struct Inks {
   Colour background;
@@ -77,14 +71,12 @@ Inks InksOf(LightState state, Colour fill, Colour background) {
 
 std::uint32_t Pixel(LightState state, const Inks& inks, int column, int row, int size) {
   std::array<unsigned, 3> sum{};
-  const double step = 2.0 / (size * kSamples);
-  for (int i = 0; i < kSamples * kSamples; ++i) {
-    const Point p = {-1 + step * (column * kSamples + i % kSamples + 0.5),
-                     -1 + step * (row * kSamples + i / kSamples + 0.5)};
+  for (int i = 0; i < kSamplesInPixel; ++i) {
+    const Point p = SampleOf(column, row, i, size);
     const Colour ink = InkAt(state, inks, p);
     for (std::size_t part = 0; part < 3; ++part) sum[part] += ink >> (8 * part) & 0xFF;
   }
-  constexpr unsigned kCount = kSamples * kSamples;
+  constexpr unsigned kCount = kSamplesInPixel;
   return sum[0] / kCount << 16 | sum[1] / kCount << 8 | sum[2] / kCount;
 }
 

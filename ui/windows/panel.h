@@ -36,7 +36,7 @@ struct Card {
 /// widgets in the order in which they were added.
 class Panel {
  public:
-  enum class Ground { Window, Page };  ///< What it lies on, and so its colour.
+  enum class Ground { Window, Page };     ///< What it lies on, and so its colour.
   static constexpr int kCardPadding = 8;  ///< At 100 %.
 
   Panel(Stage& stage, HWND parent, Ground ground);

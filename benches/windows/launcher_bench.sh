@@ -3,11 +3,11 @@
 # The limits are those that the launcher is built to; a rival is a bare one-window program of the same toolkit,
 # started by turns with it. Memory and processor time are the kernel's own figures of the process.
 #
-#   bench/windows/launcher_bench.sh [CYCLES]     crash-and-restart cycles, 300 unless given
+#   benches/windows/launcher_bench.sh [CYCLES]     crash-and-restart cycles, 300 unless given
 set -euo pipefail
 source "$(dirname "$0")/../../tests/operator/e2e/story.sh"
 cycles=${1:-300}
-BENCH=$WINDOWS_BUILD/bench
+BENCH=$WINDOWS_BUILD/benches
 story_begin "$0" "$@"
 
 # figure NAME VALUE UNIT LIMIT: held when the value is at most the limit.
@@ -63,7 +63,7 @@ for _ in $(seq 20); do
   sleep "$((RANDOM % 5)).$((RANDOM % 10))"
   name=$(shuf -n 1 -e login char map)
   took=$(measure successor "$name-server.exe")
-  worst=$(awk -v a="$worst" -v b="$took" 'BEGIN { print a > b ? a : b }')
+  worst=$(awk -v a="$worst" -v b="$took" 'BEGIN { print (a > b ? a : b) }')
 done
 figure "kill of a server to its successor, worst of 20" "$worst" ms 5150
 

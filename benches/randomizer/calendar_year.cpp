@@ -1,4 +1,4 @@
-#include "bench/randomizer/calendar_year.h"
+#include "benches/randomizer/calendar_year.h"
 
 #include <algorithm>
 #include <map>

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/windows/upgrade/upgrade_desk.h"
+#include "benches/windows/upgrade/upgrade_desk.h"
 
 namespace tarvo {
 namespace {

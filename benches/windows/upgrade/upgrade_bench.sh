@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
 # The upgrade's figures under Wine, one a line: name value unit limit held|short; "-" for no limit.
 #
-#   bench/windows/upgrade/upgrade_bench.sh [BUILD-FOLDER]     build/windows-64 unless said otherwise
+#   benches/windows/upgrade/upgrade_bench.sh [BUILD-FOLDER]     build/windows-64 unless said otherwise
 set -euo pipefail
 repository=$(cd "$(dirname "${BASH_SOURCE[0]}")/../../.." && pwd)
 export TARVO_WINDOWS_BUILD=${1:-${TARVO_WINDOWS_BUILD:-$repository/build/windows-64}}
 source "$repository/scripts/wine-env.sh"
 wine_start
 cd "$WINE_DIR"
-wine_run "$TARVO_WINDOWS_BUILD/bench/upgrade-bench.exe"
+wine_run "$TARVO_WINDOWS_BUILD/benches/upgrade-bench.exe"
 
 "$repository/scripts/make-demo-root.sh" "$WINE_DIR/root" 21900 21901 21902
 mkdir "$WINE_DIR/new"
@@ -17,4 +17,4 @@ for name in login char map; do
   touch -d "2026-01-01 12:00:00" "$WINE_DIR/new/$name-server.exe"
 done
 cd "$WINE_DIR/root"
-wine_run "$TARVO_WINDOWS_BUILD/bench/service-bench.exe" "$(wine_path "$WINE_DIR/new")"
+wine_run "$TARVO_WINDOWS_BUILD/benches/service-bench.exe" "$(wine_path "$WINE_DIR/new")"

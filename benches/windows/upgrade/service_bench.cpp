@@ -6,7 +6,7 @@
 
 #include <cstdio>
 
-#include "bench/windows/upgrade/upgrade_desk.h"
+#include "benches/windows/upgrade/upgrade_desk.h"
 
 namespace tarvo {
 namespace {

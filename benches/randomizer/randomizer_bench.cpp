@@ -9,8 +9,8 @@
 #include <memory>
 #include <vector>
 
-#include "bench/randomizer/bench_ports.h"
-#include "bench/randomizer/calendar_year.h"
+#include "benches/randomizer/bench_ports.h"
+#include "benches/randomizer/calendar_year.h"
 #include "platform/mersenne_random.h"
 
 namespace tarvo {
