@@ -14,7 +14,6 @@ using Ink = std::uint32_t;
 
 constexpr int kSmallestChecked = 10;  ///< Pixels of a mark in which a check mark can be told.
 
-/// A point of a mark, whose edges lie at -1 and 1.
 /// Where the three marks stand: the pixels of their left upper corners.
 struct Places {
   int mark;  ///< Pixels across a mark.
