@@ -114,7 +114,17 @@ TEST_F(Control, AWindowThatVanishesAtTheEndOfTheListHidesNothing) {
   machine.processes.VanishUnderWalk(last);
   machine.processes.CloseWindows(gone);
   EXPECT_EQ(control.FindMainWindow(gone), 0);
-  EXPECT_EQ(machine.recorder.CountOf("windows.first"), 2u);
+  // One walk that lost its window, and two that agree.
+  EXPECT_EQ(machine.recorder.CountOf("windows.first"), 3u);
+}
+
+TEST_F(Control, ThatAProcessOwnsNoWindowIsBelievedAfterASecondWalk) {
+  const ProcessId id = machine.processes.StartForeign("other.exe");
+  EXPECT_NE(control.FindMainWindow(id), 0);
+  EXPECT_EQ(machine.recorder.CountOf("windows.first"), 1u);
+  machine.processes.CloseWindows(id);
+  EXPECT_EQ(control.FindMainWindow(id), 0);
+  EXPECT_EQ(machine.recorder.CountOf("windows.first"), 3u);
 }
 
 TEST_F(Control, ShowingUsesTheNormalStateAndHidingHides) {

@@ -8,6 +8,8 @@
 namespace tarvo {
 namespace {
 
+constexpr std::size_t kMostExtents = 500;
+
 /// The colour of the inside of a tab page. Themes paint it in a colour of their own that no system
 /// colour tells, so a piece of it is painted and looked at.
 COLORREF TabPageColour(HWND window) {
@@ -48,6 +50,7 @@ void Look::Drop() {
   for (const HGDIOBJ object : {HGDIOBJ(font_), HGDIOBJ(boldFont_), HGDIOBJ(pageBrush_)}) {
     if (object) DeleteObject(object);
   }
+  extents_.clear();
   font_ = boldFont_ = nullptr;
   pageBrush_ = nullptr;
 }
@@ -58,6 +61,13 @@ void Look::Drop() {
 int Look::ControlHeight() const { return TextExtent("X").height + 6 + Px(2); }
 
 Extent Look::TextExtent(const std::string& text, bool bold, bool plain) const {
+  if (extents_.size() >= kMostExtents) extents_.clear();
+  const auto [entry, isNew] = extents_.try_emplace(Measured(text, bold, plain));
+  if (isNew) entry->second = Measure(text, bold, plain);
+  return entry->second;
+}
+
+Extent Look::Measure(const std::string& text, bool bold, bool plain) const {
   const HDC screen = GetDC(nullptr);
   const HGDIOBJ before = SelectObject(screen, bold ? boldFont_ : font_);
   RECT box{};

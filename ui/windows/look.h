@@ -2,7 +2,9 @@
 
 #include <windows.h>
 
+#include <map>
 #include <string>
+#include <tuple>
 
 #include "ui/grid.h"
 
@@ -37,8 +39,13 @@ class Look {
   COLORREF PageColour() const { return pageColour_; }
 
  private:
-  void Drop();
+  using Measured = std::tuple<std::string, bool, bool>;
 
+  void Drop();
+  Extent Measure(const std::string& text, bool bold, bool plain) const;
+
+  /// Captions are measured over and over while pages are laid out, and the system is slow at it.
+  mutable std::map<Measured, Extent> extents_;
   int dpi_ = 96;
   LOGFONTW fontRecord_{};
   HFONT font_ = nullptr;
