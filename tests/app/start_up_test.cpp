@@ -54,7 +54,9 @@ TEST_F(StartUp, TheFirstStepsHaveTheirOrder) {
   std::string steps;
   for (const std::string& call : machine.recorder.Calls()) {
     if (call == "registry.query(CharExe)") break;
-    if (!call.starts_with("tray.")) steps += call + "\n";
+    // The icon and the window's own place have no fixed turn among these.
+    if (call.starts_with("tray.") || call == "registry.query(WindowPlace)") continue;
+    steps += call + "\n";
   }
   EXPECT_EQ(steps,
             "lock.acquire()\n"
