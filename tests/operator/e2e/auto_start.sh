@@ -3,7 +3,7 @@
 # and starts none twice.
 source "$(dirname "$0")/story.sh"
 story_begin "$0" "$@"
-session_demo_settings "$ROOT"
+choose_demo_settings "$ROOT"
 start_launcher
 expect_log 20 "Listening Map Server"
 for i in 0 1 2; do expect_light 5 "$i" 0x00C000; done

@@ -2,7 +2,7 @@
 # A second launcher in the same root shows the first one's window and ends; servers are started once.
 source "$(dirname "$0")/story.sh"
 story_begin "$0" "$@"
-session_demo_settings "$ROOT"
+choose_demo_settings "$ROOT"
 start_launcher
 expect_log 10 "Map Server Started"
 operate minimize

@@ -2,7 +2,7 @@
 # "Start Minimized" starts the launcher hidden; it works all the same.
 source "$(dirname "$0")/story.sh"
 story_begin "$0" "$@"
-session_demo_settings "$ROOT"
+choose_demo_settings "$ROOT"
 settings_write "$ROOT" StartMinimized=1
 launcher_start "$ROOT"
 expect_log 30 "Launcher Ready!"

@@ -17,7 +17,7 @@ set -euo pipefail
 E2E_FOLDER=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 E2E_REPOSITORY=$(cd "$E2E_FOLDER/../../.." && pwd)
 source "$E2E_REPOSITORY/scripts/wine-env.sh"
-source "$E2E_REPOSITORY/scripts/launcher-session.sh"
+source "$E2E_REPOSITORY/scripts/launcher-in-root.sh"
 
 fail() {
   echo "FAILED: $*" >&2

@@ -3,7 +3,7 @@
 source "$(dirname "$0")/story.sh"
 source "$(dirname "$0")/mouse.bash"
 story_begin "$0" "$@"
-session_demo_settings "$ROOT"
+choose_demo_settings "$ROOT"
 start_launcher
 expect_log 20 "Listening Map Server"
 names=(login char map)

@@ -4,7 +4,7 @@
 #   settings_read ROOT NAME             prints one, nothing and exit code 1 when it is missing
 #   launcher_start ROOT                 starts the launcher that stands in the root; waits for nothing
 #   operate ARGUMENT...                 the operator program, for the launcher of LAUNCHER_ROOT
-#   session_headless ROOT SECONDS       prints the status log as it grows, then ends all
+#   run_headless ROOT SECONDS           prints the status log as it grows, then ends all
 
 WINDOWS_BUILD=${TARVO_WINDOWS_BUILD:-$WINE_REPOSITORY/build/windows-64}
 SETTINGS_PREFIX='Software\TarvoLab\Servers\'
@@ -61,12 +61,12 @@ operate() {
 }
 
 # What the demo root's operator has chosen: all three servers start by themselves and are watched.
-session_demo_settings() {
+choose_demo_settings() {
   settings_write "$1" LoginAutoStart=1 CharAutoStart=1 MapAutoStart=1 \
     LoginAutoKillEnabled=1 CharAutoKillEnabled=1 MapAutoKillEnabled=1
 }
 
-session_headless() {
+run_headless() {
   local root=$1 seconds=$2
   launcher_start "$root"
   if ! operate wait-window 30; then
@@ -80,7 +80,7 @@ session_headless() {
 }
 
 # A Windows of the checkout's own, which keeps its settings from one run to the next.
-session_kept() {
+windows_kept() {
   wine_find
   WINE_DIR=$(mktemp -d "${TMPDIR:-/tmp}/tarvo-wine.XXXXXX")
   trap wine_stop EXIT
@@ -91,7 +91,7 @@ session_kept() {
   [[ -e $WINEPREFIX/system.reg ]] || { echo "Preparing Windows ..." >&2; wine_run wineboot -i; }
 }
 
-session_on_display() {
+run_on_display() {
   local root=$1
   if [[ -z ${DISPLAY:-} ]]; then
     wine_display
