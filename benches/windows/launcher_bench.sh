@@ -74,6 +74,12 @@ cycle() {
   done
   sleep 5.2
 }
+# What is bounded by design is filled first: the log's view to its last line, the icons of the states.
+for _ in $(seq 180); do
+  operate select Prior 0 Norm
+  operate select Prior 0 Low
+done
+cycle
 cycle
 sleep 6
 handles=$(measure handles tarvo-launcher.exe)

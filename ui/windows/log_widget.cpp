@@ -26,6 +26,13 @@ DWORD CALLBACK ReadSource(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* gi
   return 0;
 }
 
+/// Letters as a rich edit counts them: a line end is one.
+LONG LettersIn(const std::string& text) {
+  const int letters =
+      MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), nullptr, 0);
+  return letters - static_cast<LONG>(std::count(text.begin(), text.end(), '\n'));
+}
+
 /// Holds the drawing of a window back, then has it drawn once, without erasing it first.
 class Still {
  public:
@@ -185,8 +192,20 @@ void LogWidget::StreamIn(const std::string& source) {
 void LogWidget::Replaced(const std::string& source) {
   const Still still(Window());
   const Reading reading = Remember();
-  StreamIn(source);
+  if (!DropOldest(control_.Text())) StreamIn(source);
   Restore(reading);
+}
+
+/// Takes off the beginning what `kept` no longer has. False, and nothing done, when `kept` is not
+/// the end of what is shown. Reading a source anew costs some rich edits memory that they never
+/// give back.
+bool LogWidget::DropOldest(const std::string& kept) {
+  const std::string shown = TextOf(Window());
+  if (!shown.ends_with(kept)) return false;
+  const CHARRANGE gone{0, Length() - LettersIn(kept)};
+  SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&gone));
+  SendMessageA(Window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(""));
+  return true;
 }
 
 /// The colours of the log are made for a light ground.

@@ -47,6 +47,7 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   void Restore(const Reading& reading);
   void ScrollToEnd();
   void Insert(const ColouredText& piece);
+  bool DropOldest(const std::string& kept);
   void StreamIn(const std::string& source);
   void ApplyFont();
   void ApplyContrast();
