@@ -124,8 +124,11 @@ void ListWidget::TakeLook() {
   // The closed list is as high as every other field; its frame takes 6 pixels of the height.
   SendMessageA(Window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
                stage_.look.ControlHeight() - 6);
-  SendMessageA(Window(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(WidestItem() + stage_.look.Px(36)),
-               0);
+}
+
+void ListWidget::WidenOpenList() {
+  const auto width = static_cast<WPARAM>(WidestItem() + stage_.look.Px(36));
+  SendMessageA(Window(), CB_SETDROPPEDWIDTH, width, 0);
 }
 
 int ListWidget::Selection() const {
@@ -133,6 +136,7 @@ int ListWidget::Selection() const {
 }
 
 void ListWidget::Command(int code) {
+  if (code == CBN_DROPDOWN) WidenOpenList();
   const bool chosen = code == CBN_SELCHANGE;
   // A list that is closed without a choice may have moved its selection on the way.
   const bool moved = code == CBN_CLOSEUP && Selection() != control_.ListIndex();
@@ -153,10 +157,6 @@ void ListWidget::ShowItems() {
   const auto shown = static_cast<std::size_t>(SendMessageA(Window(), CB_GETCOUNT, 0, 0));
   for (std::size_t i = shown; i < items.size(); ++i) {
     SendMessageA(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(items[i].c_str()));
-  }
-  if (shown < items.size()) {
-    SendMessageA(Window(), CB_SETDROPPEDWIDTH,
-                 static_cast<WPARAM>(WidestItem() + stage_.look.Px(36)), 0);
   }
 }
 

@@ -6,7 +6,12 @@
 
 #include "ui/control_ids.h"
 #include "ui/windows/dpi.h"
+#include "ui/windows/randomizer_panel.h"
 #include "ui/windows/resource_ids.h"
+#include "ui/windows/screens.h"
+#include "ui/windows/servers_panel.h"
+#include "ui/windows/status_panel.h"
+#include "ui/windows/upgrade_panel.h"
 
 #ifndef WM_DPICHANGED
 #define WM_DPICHANGED 0x02E0
@@ -16,12 +21,40 @@ namespace tarvo {
 namespace {
 
 constexpr int kMargin = 8;  ///< Around the tab view, at 100 %.
+constexpr UINT kCompletePages = WM_APP;
+
+template <class PageType>
+std::unique_ptr<Panel> Make(Stage& stage, HWND parent) {
+  return std::make_unique<PageType>(stage, parent);
+}
+
+/// In the order of their tabs.
+constexpr std::unique_ptr<Panel> (*kMakers[])(Stage&, HWND) = {
+    Make<StatusPanel>, Make<ServersPanel>, Make<RandomizerPanel>, Make<UpgradePanel>};
 
 HICON LoadLauncherIcon(HINSTANCE instance, int width, int height) {
   const HANDLE icon = LoadImageA(instance, MAKEINTRESOURCEA(kLauncherIcon), IMAGE_ICON,
                                  GetSystemMetrics(width), GetSystemMetrics(height), LR_SHARED);
   return icon ? static_cast<HICON>(icon) : LoadIcon(nullptr, IDI_APPLICATION);
 }
+
+LRESULT CALLBACK RefuseClose(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                             DWORD_PTR /*unused*/) {
+  if (message == WM_CLOSE) return 0;
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, RefuseClose, id);
+  return DefSubclassProc(window, message, w, l);
+}
+
+BOOL CALLBACK KeepOpen(HWND window, LPARAM /*unused*/) {
+  if ((GetWindowLongPtrA(window, GWL_STYLE) & WS_CAPTION) != WS_CAPTION) {
+    SetWindowSubclass(window, RefuseClose, 0, 0);
+  }
+  return TRUE;
+}
+
+/// Whoever asks every window of the program to close means the main one, and that may refuse: tool
+/// tips and the open halves of lists stay with it.
+void KeepPopupsOpen() { EnumThreadWindows(GetCurrentThreadId(), KeepOpen, 0); }
 
 Stage& Begun(Stage& stage, HWND window) {
   stage.look.Renew(window);
@@ -54,27 +87,22 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
       header_(Begun(stage_, window_), window_),
       tabs_(stage_, window_, NumberOf("SSTab1"), form.frame.SSTab1,
             {"Status", "Servers", "Server Battle Randomizer ", "Upgrade"}),
-      status_(stage_, window_),
-      servers_(stage_, window_),
-      randomizer_(stage_, window_),
-      upgrade_(stage_, window_),
-      pages_{&status_, &servers_, &randomizer_, &upgrade_},
       timers_(stage_, timers, window_) {
   SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  std::vector<HWND> windows;
-  for (const Panel* page : pages_) windows.push_back(page->Window());
-  tabs_.SetPages(windows);
-  TakeLook();
+  tabs_.TakeLook();
   TakeFirstPlace();
   form.frame.window.SetMirror(this);
   ShowAsWanted();
+  PostMessageA(window_, kCompletePages, 0, 0);
 }
 
 MainFrame::~MainFrame() {
   stage_.form.frame.window.SetMirror(nullptr);
   header_.Detach();
   tabs_.Detach();
-  for (Panel* page : pages_) page->Detach();
+  for (const auto& page : pages_) {
+    if (page) page->Detach();
+  }
   SetWindowLongPtrA(window_, GWLP_USERDATA, 0);
   DestroyWindow(window_);
 }
@@ -96,12 +124,50 @@ void MainFrame::ShowAsWanted() {
     if (visible) ShowWindow(window_, SW_HIDE);
   } else if (wanted.State() == WindowState::Minimized) {
     if (!visible || !iconic) ShowWindow(window_, SW_SHOWMINNOACTIVE);
-  } else if (!visible || iconic) {
-    ShowWindow(window_, iconic ? SW_RESTORE : SW_SHOW);
+  } else if (iconic) {
+    ShowWindow(window_, SW_RESTORE);
+  } else if (!visible) {
+    ShowFirst();
   }
   if (frontRequests_ == wanted.FrontRequests()) return;
   frontRequests_ = wanted.FrontRequests();
   SetForegroundWindow(window_);
+}
+
+/// Shows the window painted, with the one page that is to be seen.
+void MainFrame::ShowFirst() {
+  ShownPage();
+  ShowWindow(window_, SW_SHOW);
+  UpdateWindow(window_);
+}
+
+Panel& MainFrame::Page(int index) {
+  const auto place = static_cast<std::size_t>(index);
+  std::unique_ptr<Panel>& page = pages_.at(place);
+  if (!page) {
+    page = kMakers[place](stage_, window_);
+    page->Occupy(pageRoom_);
+    tabs_.SetPage(place, page->Window());
+  }
+  return *page;
+}
+
+/// A window that begins minimized was never an icon either when another program shows it.
+void MainFrame::ShownFromOutside() {
+  MainWindow& window = stage_.form.frame.window;
+  if (window.Visible() || window.State() != WindowState::Minimized) return;
+  stage_.Happens([&window] { window.SetState(WindowState::Normal); });
+}
+
+/// A page that needs more room than the window was given gets it.
+void MainFrame::CompletePages() {
+  header_.OfferTips();
+  for (std::size_t i = 0; i < pages_.size(); ++i) Page(static_cast<int>(i)).OfferTips();
+  const Place place = PlaceOf(window_);
+  const Extent smallest = SmallestWindow();
+  const bool whole = place.width >= smallest.width && place.height >= smallest.height;
+  if (!whole && !IsIconic(window_)) TakePlace(place);
+  KeepPopupsOpen();
 }
 
 void MainFrame::Sized(WPARAM kind) {
@@ -111,7 +177,10 @@ void MainFrame::Sized(WPARAM kind) {
     stage_.Happens([&window] { window.SetState(WindowState::Minimized); });
     return;
   }
-  Arrange();
+  RECT client{};
+  GetClientRect(window_, &client);
+  // The first show tells the size once more.
+  if (!EqualRect(&client, &arranged_)) Arrange();
   TellPlace();
   if (!iconic_) return;
   iconic_ = false;
@@ -130,7 +199,9 @@ void MainFrame::TakeLook() {
   stage_.look.Renew(window_);
   header_.TakeLook();
   tabs_.TakeLook();
-  for (Panel* page : pages_) page->TakeLook();
+  for (const auto& page : pages_) {
+    if (page) page->TakeLook();
+  }
   Arrange();
   InvalidateRect(window_, nullptr, TRUE);
 }
@@ -138,17 +209,20 @@ void MainFrame::TakeLook() {
 void MainFrame::Arrange() {
   RECT client{};
   GetClientRect(window_, &client);
+  arranged_ = client;
   const LONG headerHeight = header_.Smallest().height;
   const LONG margin = stage_.look.Px(kMargin);
   header_.Occupy({0, 0, client.right, headerHeight});
-  const RECT room =
-      tabs_.Occupy({margin, headerHeight, client.right - margin, client.bottom - margin});
-  for (Panel* page : pages_) page->Occupy(room);
+  pageRoom_ = tabs_.Occupy({margin, headerHeight, client.right - margin, client.bottom - margin});
+  for (const auto& page : pages_) {
+    if (page) page->Occupy(pageRoom_);
+  }
 }
 
 Extent MainFrame::SmallestClient() const {
   Extent inside;
-  for (const Panel* page : pages_) {
+  for (const auto& page : pages_) {
+    if (!page) continue;
     const Extent needed = page->Smallest();
     inside.width = std::max(inside.width, needed.width);
     inside.height = std::max(inside.height, needed.height);
@@ -178,6 +252,17 @@ void MainFrame::MoveTo(const RECT& place) {
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void MainFrame::FollowMouse(const MSG& message) {
+  if (message.message < WM_MOUSEFIRST || message.message > WM_MOUSELAST) return;
+  header_.Follow(message);
+  ShownPage().Follow(message);
+}
+
+bool MainFrame::Take(MSG& message) {
+  FollowMouse(message);
+  return TakeKey(message);
+}
+
 void MainFrame::KeepFocus(bool active) {
   const HWND focus = GetFocus();
   if (!active && focus && IsChild(window_, focus)) lastFocus_ = focus;
@@ -193,6 +278,9 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
     case WM_TIMER:
       timers_.Tick();
       return 0;
+    case kCompletePages:
+      CompletePages();
+      return 0;
     case WM_CLOSE:
       stage_.Happens([this] { stage_.form.frame.window.Close(); });
       return 0;
@@ -207,6 +295,9 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       return 0;
     case WM_DISPLAYCHANGE:
       KeepWithinReach();
+      break;
+    case WM_SHOWWINDOW:
+      if (w && l == 0) ShownFromOutside();
       break;
     case WM_SYSCOMMAND:
       if ((w & 0xFFF0U) == SC_RESTORE) Restoring();
