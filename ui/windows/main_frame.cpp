@@ -137,6 +137,7 @@ void MainFrame::ShowAsWanted() {
 /// Shows the window painted, with the one page that is to be seen.
 void MainFrame::ShowFirst() {
   ShownPage();
+  if (!told_) told_ = PlaceOf(window_);  // Where nobody moved it needs no telling.
   ShowWindow(window_, SW_SHOW);
   UpdateWindow(window_);
 }
