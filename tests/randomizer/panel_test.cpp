@@ -194,6 +194,48 @@ TEST_F(Panel, ChoosingARangeChoosesItsSetting) {
   EXPECT_EQ(Page().rIni.Text(), "3");
 }
 
+TEST_F(Panel, ChoosingTheRangeOfTheChosenSettingFillsTheBoxesAnew) {
+  PutRanges(Range("base_exp_rate", "1", "2"));
+  Load();
+  TypeRange("50", "60");
+  ChooseRange("base_exp_rate:1 to 2");
+  EXPECT_EQ(Page().rIni.Text(), "1");
+  EXPECT_EQ(Page().rEnd.Text(), "2");
+}
+
+TEST_F(Panel, ARangeThatIsSelectedByItsNameLeavesTheBoxes) {
+  PutRanges(Range("base_exp_rate", "1", "2") + Range("drop_rate", "3", "4"));
+  Load();
+  TypeRange("50", "60");
+  life->randomizer.ThePanel().SelectRandomizeListEntry("drop_rate");
+  EXPECT_EQ(Page().lstRnd.Text(), "drop_rate:3 to 4");
+  life->randomizer.ThePanel().SelectRandomizeListEntry("nowhere");
+  EXPECT_EQ(Page().lstRnd.Text(), "drop_rate:3 to 4");
+  EXPECT_EQ(Page().cmdParam.Text(), "base_exp_rate");
+  EXPECT_EQ(Page().rIni.Text(), "50");
+  life->randomizer.ThePanel().RefillRandomizeList();
+  EXPECT_EQ(Page().lstRnd.ListIndex(), -1);
+  EXPECT_EQ(Lines(Page().lstRnd), "base_exp_rate:1 to 2\ndrop_rate:3 to 4\n");
+}
+
+TEST_F(Panel, BeforeTheFilesAreLoadedAChosenSettingShowsNothing) {
+  Begin();
+  Page().cmdParam.AddItem("base_exp_rate");
+  TypeRange("5", "6");
+  Page().cmdParam.Choose(0);
+  EXPECT_EQ(Page().rIni.Text(), "");
+  EXPECT_EQ(Page().rEnd.Text(), "");
+}
+
+TEST_F(Panel, BeforeTheFilesAreLoadedUpdateKeepsTheRange) {
+  Begin();
+  Page().cmdParam.AddItem("base_exp_rate");
+  Page().cmdParam.Choose(0);
+  TypeRange("5", "6");
+  Update();
+  EXPECT_EQ(RangesFile(), Xml("Randomize", Range("base_exp_rate", "5", "6")));
+}
+
 TEST_F(Panel, SelectingAListEntryDoesNotReachTheSettings) {
   PutServerFile("rate: 1\r\nother: 3\r\nrate: 2\r\n");
   Load();
