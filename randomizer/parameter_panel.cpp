@@ -53,7 +53,7 @@ void ParameterPanel::CopyBounds() {
     if (found == first.end()) continue;
     Parameters& bounds = settings->Fields().Field(found->second)->Parameters();
     for (const char* name : {"Min", "Max"}) {
-      bounds.AddParameter(name, range->Parameters().Parameter(name)->Value());
+      SetBound(bounds, name, range->Parameters().Parameter(name)->Value());
     }
   }
 }
