@@ -10,6 +10,16 @@ namespace {
 
 constexpr UINT_PTR kKeysId = 1;
 
+/// The native box is one of UTF-16, whose low byte says nothing of a character outside of 8 bits.
+char KeyOf(WPARAM character) {
+  constexpr WPARAM kLastOfOneByte = 0xFF;
+  return character > kLastOfOneByte ? TextBox::kOtherCharacter : static_cast<char>(character);
+}
+
+bool IsKeyOfPasting(UINT message, WPARAM key) {
+  return message == WM_KEYDOWN && key == VK_INSERT && GetKeyState(VK_SHIFT) < 0;
+}
+
 }  // namespace
 
 TextWidget::TextWidget(Stage& stage, HWND parent, int id, TextBox& box, std::string widest)
@@ -33,7 +43,9 @@ void TextWidget::Command(int code) {
 LRESULT CALLBACK TextWidget::Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
                                   DWORD_PTR self) {
   auto* widget = reinterpret_cast<TextWidget*>(self);
-  if (message == WM_CHAR && !widget->LetsThrough(static_cast<char>(w))) return 0;
+  if (message == WM_CHAR && !widget->LetsThrough(KeyOf(w))) return 0;
+  // Unlike Ctrl+V these keys make no character for the filter to see.
+  if (IsKeyOfPasting(message, w) && widget->control_.onKeyPress) return 0;
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Keys, id);
   return DefSubclassProc(window, message, w, l);
 }
