@@ -7,6 +7,7 @@
 #include "ui/control_ids.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/resource_ids.h"
+#include "ui/windows/screens.h"
 
 #ifndef WM_DPICHANGED
 #define WM_DPICHANGED 0x02E0
@@ -111,7 +112,7 @@ void MainFrame::Sized(WPARAM kind) {
     stage_.Happens([&window] { window.SetState(WindowState::Minimized); });
     return;
   }
-  Arrange();
+  if (!barsChange_) Arrange();
   TellPlace();
   if (!iconic_) return;
   iconic_ = false;
@@ -136,13 +137,13 @@ void MainFrame::TakeLook() {
 }
 
 void MainFrame::Arrange() {
-  RECT client{};
-  GetClientRect(window_, &client);
-  const LONG headerHeight = header_.Smallest().height;
+  const RECT whole = Surface();
   const LONG margin = stage_.look.Px(kMargin);
-  header_.Occupy({0, 0, client.right, headerHeight});
+  const LONG headerEnd = whole.top + header_.Smallest().height;
   const RECT room =
-      tabs_.Occupy({margin, headerHeight, client.right - margin, client.bottom - margin});
+      tabs_.Occupy({whole.left + margin, headerEnd, whole.right - margin, whole.bottom - margin});
+  // What is above the pages has their left and right edge.
+  header_.Occupy({room.left, whole.top, room.right, headerEnd});
   for (Panel* page : pages_) page->Occupy(room);
 }
 
@@ -156,7 +157,7 @@ Extent MainFrame::SmallestClient() const {
   const Extent frame = tabs_.FrameExtent();
   const Extent header = header_.Smallest();
   const int margin = stage_.look.Px(kMargin);
-  return {std::max(header.width, inside.width + frame.width + 2 * margin),
+  return {std::max(header.width, inside.width) + frame.width + 2 * margin,
           header.height + inside.height + frame.height + margin};
 }
 
@@ -168,9 +169,16 @@ Extent MainFrame::SmallestWindow() const {
           static_cast<int>(around.bottom - around.top)};
 }
 
-void MainFrame::Limit(MINMAXINFO& limits) const {
+/// The size that shows everything, unless the screen is smaller.
+Extent MainFrame::LeastWindow() const {
   const Extent smallest = SmallestWindow();
-  limits.ptMinTrackSize = {smallest.width, smallest.height};
+  const Place screen = ScreenOf(window_);
+  return {std::min(smallest.width, screen.width), std::min(smallest.height, screen.height)};
+}
+
+void MainFrame::Limit(MINMAXINFO& limits) const {
+  const Extent least = LeastWindow();
+  limits.ptMinTrackSize = {least.width, least.height};
 }
 
 void MainFrame::MoveTo(const RECT& place) {
@@ -211,6 +219,13 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
     case WM_SYSCOMMAND:
       if ((w & 0xFFF0U) == SC_RESTORE) Restoring();
       break;
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+      Scrolled(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(w));
+      return 0;
+    case WM_MOUSEWHEEL:
+      Wheeled(static_cast<short>(HIWORD(w)));
+      return 0;
     case WM_GETMINMAXINFO:
       Limit(*reinterpret_cast<MINMAXINFO*>(l));
       return 0;

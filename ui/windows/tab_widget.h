@@ -14,6 +14,7 @@ class TabWidget : public Mirror<TabView> {
   TabWidget(Stage& stage, HWND parent, int id, TabView& tabs,
             const std::vector<std::string>& titles);
   Extent Natural() const override;
+  void TakeLook() override;
 
   /// The pages in the order of the tabs; each is as visible as its tab is chosen.
   void SetPages(std::vector<HWND> pages);
