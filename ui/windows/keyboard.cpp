@@ -68,8 +68,10 @@ bool MainFrame::AccessKey(const MSG& message) {
 
 bool MainFrame::TakeKey(MSG& message) {
   if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return DialogKey(message);
-  return SearchKey(message) || PageKey(message) || AccessKey(message) || EnterKey(message) ||
-         IsDialogMessageA(window_, &message);
+  const bool taken = SearchKey(message) || PageKey(message) || AccessKey(message) ||
+                     EnterKey(message) || IsDialogMessageA(window_, &message);
+  FollowFocus();
+  return taken;
 }
 
 }  // namespace tarvo

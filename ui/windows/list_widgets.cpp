@@ -17,9 +17,8 @@ ListBoxWidget::ListBoxWidget(Stage& stage, HWND parent, int id, ListBox& list, i
 Extent ListBoxWidget::Natural() const {
   const Look& look = stage_.look;
   const int line = static_cast<int>(SendMessageA(Window(), LB_GETITEMHEIGHT, 0, 0));
-  return {
-      look.TextExtent(widest_, false, true).width + GetSystemMetrics(SM_CXVSCROLL) + look.Px(12),
-      lines_ * line + 2 * GetSystemMetrics(SM_CYEDGE)};
+  return {look.TextExtent(widest_, false, true).width + GetSystemMetrics(SM_CXVSCROLL) + look.Px(8),
+          lines_ * line + 2 * GetSystemMetrics(SM_CYEDGE)};
 }
 
 void ListBoxWidget::TakeLook() {
@@ -79,7 +78,7 @@ ScrollWidget::ScrollWidget(Stage& stage, HWND parent, int id, ScrollBar& bar, in
 
 Extent ScrollWidget::Natural() const {
   const Look& look = stage_.look;
-  return {look.Px(64), std::min(look.ControlHeight(), look.Px(20))};
+  return {look.Px(56), std::min(look.ControlHeight(), look.Px(20))};
 }
 
 int ScrollWidget::Wanted(int code, int position) const {

@@ -15,8 +15,8 @@ namespace tarvo {
 /// something, keeps his place.
 ///
 /// The right mouse button or the menu key shows what else can be done: copy, select all, find
-/// (Ctrl+F, then F3 and Shift+F3), open the day's file. In high contrast the text is in the
-/// system's colours.
+/// (Ctrl+F, then F3 and Shift+F3), open the day's file. On a dark ground the colours are lighter;
+/// in high contrast the text is in the system's.
 class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
  public:
   LogWidget(Stage& stage, HWND parent, int id, RichTextView& view);
@@ -57,6 +57,7 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
 
   LogSearch search_;
   bool plain_ = false;  ///< In the system's colours.
+  COLORREF ground_ = GetSysColor(COLOR_WINDOW);
 };
 
 }  // namespace tarvo

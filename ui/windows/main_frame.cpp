@@ -6,12 +6,8 @@
 
 #include "ui/control_ids.h"
 #include "ui/windows/dpi.h"
-#include "ui/windows/randomizer_panel.h"
 #include "ui/windows/resource_ids.h"
 #include "ui/windows/screens.h"
-#include "ui/windows/servers_panel.h"
-#include "ui/windows/status_panel.h"
-#include "ui/windows/upgrade_panel.h"
 
 #ifndef WM_DPICHANGED
 #define WM_DPICHANGED 0x02E0
@@ -21,40 +17,12 @@ namespace tarvo {
 namespace {
 
 constexpr int kMargin = 8;  ///< Around the tab view, at 100 %.
-constexpr UINT kCompletePages = WM_APP;
-
-template <class PageType>
-std::unique_ptr<Panel> Make(Stage& stage, HWND parent) {
-  return std::make_unique<PageType>(stage, parent);
-}
-
-/// In the order of their tabs.
-constexpr std::unique_ptr<Panel> (*kMakers[])(Stage&, HWND) = {
-    Make<StatusPanel>, Make<ServersPanel>, Make<RandomizerPanel>, Make<UpgradePanel>};
 
 HICON LoadLauncherIcon(HINSTANCE instance, int width, int height) {
   const HANDLE icon = LoadImageA(instance, MAKEINTRESOURCEA(kLauncherIcon), IMAGE_ICON,
                                  GetSystemMetrics(width), GetSystemMetrics(height), LR_SHARED);
   return icon ? static_cast<HICON>(icon) : LoadIcon(nullptr, IDI_APPLICATION);
 }
-
-LRESULT CALLBACK RefuseClose(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                             DWORD_PTR /*unused*/) {
-  if (message == WM_CLOSE) return 0;
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, RefuseClose, id);
-  return DefSubclassProc(window, message, w, l);
-}
-
-BOOL CALLBACK KeepOpen(HWND window, LPARAM /*unused*/) {
-  if ((GetWindowLongPtrA(window, GWL_STYLE) & WS_CAPTION) != WS_CAPTION) {
-    SetWindowSubclass(window, RefuseClose, 0, 0);
-  }
-  return TRUE;
-}
-
-/// Whoever asks every window of the program to close means the main one, and that may refuse: tool
-/// tips and the open halves of lists stay with it.
-void KeepPopupsOpen() { EnumThreadWindows(GetCurrentThreadId(), KeepOpen, 0); }
 
 Stage& Begun(Stage& stage, HWND window) {
   stage.look.Renew(window);
@@ -93,7 +61,7 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
   TakeFirstPlace();
   form.frame.window.SetMirror(this);
   ShowAsWanted();
-  PostMessageA(window_, kCompletePages, 0, 0);
+  PostMessageA(window_, kCompletePagesMessage, 0, 0);
 }
 
 MainFrame::~MainFrame() {
@@ -134,41 +102,11 @@ void MainFrame::ShowAsWanted() {
   SetForegroundWindow(window_);
 }
 
-/// Shows the window painted, with the one page that is to be seen.
-void MainFrame::ShowFirst() {
-  ShownPage();
-  if (!told_) told_ = PlaceOf(window_);  // Where nobody moved it needs no telling.
-  ShowWindow(window_, SW_SHOW);
-  UpdateWindow(window_);
-}
-
-Panel& MainFrame::Page(int index) {
-  const auto place = static_cast<std::size_t>(index);
-  std::unique_ptr<Panel>& page = pages_.at(place);
-  if (!page) {
-    page = kMakers[place](stage_, window_);
-    page->Occupy(pageRoom_);
-    tabs_.SetPage(place, page->Window());
-  }
-  return *page;
-}
-
 /// A window that begins minimized was never an icon either when another program shows it.
 void MainFrame::ShownFromOutside() {
   MainWindow& window = stage_.form.frame.window;
   if (window.Visible() || window.State() != WindowState::Minimized) return;
   stage_.Happens([&window] { window.SetState(WindowState::Normal); });
-}
-
-/// A page that needs more room than the window was given gets it.
-void MainFrame::CompletePages() {
-  header_.OfferTips();
-  for (std::size_t i = 0; i < pages_.size(); ++i) Page(static_cast<int>(i)).OfferTips();
-  const Place place = PlaceOf(window_);
-  const Extent smallest = SmallestWindow();
-  const bool whole = place.width >= smallest.width && place.height >= smallest.height;
-  if (!whole && !IsIconic(window_)) TakePlace(place);
-  KeepPopupsOpen();
 }
 
 void MainFrame::Sized(WPARAM kind) {
@@ -181,7 +119,7 @@ void MainFrame::Sized(WPARAM kind) {
   RECT client{};
   GetClientRect(window_, &client);
   // The first show tells the size once more.
-  if (!EqualRect(&client, &arranged_)) Arrange();
+  if (!barsChange_ && !EqualRect(&client, &arranged_)) Arrange();
   TellPlace();
   if (!iconic_) return;
   iconic_ = false;
@@ -208,13 +146,14 @@ void MainFrame::TakeLook() {
 }
 
 void MainFrame::Arrange() {
-  RECT client{};
-  GetClientRect(window_, &client);
-  arranged_ = client;
-  const LONG headerHeight = header_.Smallest().height;
+  const RECT whole = Surface();
+  GetClientRect(window_, &arranged_);
   const LONG margin = stage_.look.Px(kMargin);
-  header_.Occupy({0, 0, client.right, headerHeight});
-  pageRoom_ = tabs_.Occupy({margin, headerHeight, client.right - margin, client.bottom - margin});
+  const LONG headerEnd = whole.top + header_.Smallest().height;
+  pageRoom_ =
+      tabs_.Occupy({whole.left + margin, headerEnd, whole.right - margin, whole.bottom - margin});
+  // What is above the pages has their left and right edge.
+  header_.Occupy({pageRoom_.left, whole.top, pageRoom_.right, headerEnd});
   for (const auto& page : pages_) {
     if (page) page->Occupy(pageRoom_);
   }
@@ -231,7 +170,7 @@ Extent MainFrame::SmallestClient() const {
   const Extent frame = tabs_.FrameExtent();
   const Extent header = header_.Smallest();
   const int margin = stage_.look.Px(kMargin);
-  return {std::max(header.width, inside.width + frame.width + 2 * margin),
+  return {std::max(header.width, inside.width) + frame.width + 2 * margin,
           header.height + inside.height + frame.height + margin};
 }
 
@@ -243,9 +182,16 @@ Extent MainFrame::SmallestWindow() const {
           static_cast<int>(around.bottom - around.top)};
 }
 
-void MainFrame::Limit(MINMAXINFO& limits) const {
+/// The size that shows everything, unless the screen is smaller.
+Extent MainFrame::LeastWindow() const {
   const Extent smallest = SmallestWindow();
-  limits.ptMinTrackSize = {smallest.width, smallest.height};
+  const Place screen = ScreenOf(window_);
+  return {std::min(smallest.width, screen.width), std::min(smallest.height, screen.height)};
+}
+
+void MainFrame::Limit(MINMAXINFO& limits) const {
+  const Extent least = LeastWindow();
+  limits.ptMinTrackSize = {least.width, least.height};
 }
 
 void MainFrame::MoveTo(const RECT& place) {
@@ -279,7 +225,7 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
     case WM_TIMER:
       timers_.Tick();
       return 0;
-    case kCompletePages:
+    case kCompletePagesMessage:
       CompletePages();
       return 0;
     case WM_CLOSE:
@@ -303,6 +249,13 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
     case WM_SYSCOMMAND:
       if ((w & 0xFFF0U) == SC_RESTORE) Restoring();
       break;
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+      Scrolled(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(w));
+      return 0;
+    case WM_MOUSEWHEEL:
+      Wheeled(static_cast<short>(HIWORD(w)));
+      return 0;
     case WM_GETMINMAXINFO:
       Limit(*reinterpret_cast<MINMAXINFO*>(l));
       return 0;

@@ -28,6 +28,9 @@ class MainFrame : private ControlMirror {
   bool Take(MSG& message);
 
  private:
+  /// Posted to the window once, when it begins: the pages that are not yet there are made then.
+  static constexpr UINT kCompletePagesMessage = WM_APP;
+
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
   static HWND CreateMainWindow(HINSTANCE instance);
   std::optional<LRESULT> Handle(UINT message, WPARAM w, LPARAM l);
@@ -43,14 +46,24 @@ class MainFrame : private ControlMirror {
   void Arrange();
   Extent SmallestClient() const;
   Extent SmallestWindow() const;
+  Extent LeastWindow() const;
   void Limit(MINMAXINFO& limits) const;
   void MoveTo(const RECT& place);
   void TakeFirstPlace();
-  void TakePlace(Place place);
+  void TakePlace(const Place& place);
+  Place Enlarged(Place place) const;
   void TakeStanding();
   void TellPlace();
   void KeepWithinReach();
   void Restoring();
+
+  RECT Surface();
+  Extent RoomWithoutBars() const;
+  void ScrollTo(int bar, int position);
+  void Scrolled(int bar, int code);
+  void Wheeled(int turn);
+  void FollowFocus();
+
   void KeepFocus(bool active);
   void GiveFocus();
 
@@ -73,6 +86,8 @@ class MainFrame : private ControlMirror {
   HWND lastFocus_ = nullptr;
   int frontRequests_ = 0;
   bool iconic_ = false;
+  bool barsChange_ = false;    ///< Scroll bars come or go, which changes the window's size.
+  HWND followed_ = nullptr;    ///< The focus that was last brought into view.
   std::optional<Place> told_;  ///< The place that program and window agree on.
 };
 

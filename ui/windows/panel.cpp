@@ -137,6 +137,9 @@ HBRUSH Panel::Brush() const {
 
 LRESULT Panel::ColourOfText(HDC target) const {
   SetBkMode(target, TRANSPARENT);
+  // A disabled list fills its text's ground all the same.
+  SetBkColor(target,
+             ground_ == Ground::Page ? stage_.look.PageColour() : GetSysColor(COLOR_3DFACE));
   SetTextColor(target, GetSysColor(COLOR_BTNTEXT));
   return reinterpret_cast<LRESULT>(Brush());
 }

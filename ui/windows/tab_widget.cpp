@@ -19,6 +19,12 @@ TabWidget::TabWidget(Stage& stage, HWND parent, int id, TabView& tabs,
   Attach();
 }
 
+void TabWidget::TakeLook() {
+  const Look& look = stage_.look;
+  SendMessageA(Window(), TCM_SETPADDING, 0, MAKELPARAM(look.Px(8), look.Px(2) + 1));
+  Mirror::TakeLook();
+}
+
 int TabWidget::Count() const {
   return static_cast<int>(SendMessageA(Window(), TCM_GETITEMCOUNT, 0, 0));
 }

@@ -14,6 +14,7 @@ class TabWidget : public Mirror<TabView> {
   TabWidget(Stage& stage, HWND parent, int id, TabView& tabs,
             const std::vector<std::string>& titles);
   Extent Natural() const override;
+  void TakeLook() override;
 
   /// The page of a tab, counted from 0: as visible as its tab is chosen.
   void SetPage(std::size_t tab, HWND page);
