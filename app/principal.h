@@ -58,6 +58,8 @@ class Principal {
   CrashWatch& TheCrashWatch() { return crashWatch_; }
 
   frmSysTray& TheTray() { return tray_; }
+  ComponentUpgrade& TheUpgrade() { return upgrade_; }
+  UpgradeSettings& TheUpgradeSettings() { return upgradeSettings_; }
   Randomizer& TheRandomizer() { return randomizer_; }
 
  private:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "core/component.h"
@@ -38,7 +39,9 @@ class ProcessControl {
 
   /// The process's first top-level window without a parent, 0 when it owns none; process 0 owns
   /// none. A walk that ended because a window vanished under it says nothing and is begun again.
-  WindowHandle FindMainWindow(ProcessId id);
+  /// Nothing when that goes on without end, or when the list turns in a circle: whether the process
+  /// owns a window is not known then.
+  std::optional<WindowHandle> FindMainWindow(ProcessId id);
 
   /// Shows the window in its normal state, or hides it. Returns ShowWindow's result, 0 for no
   /// window.
@@ -55,7 +58,7 @@ class ProcessControl {
   static constexpr std::uint32_t kLongestStop = 5000;
 
  private:
-  enum class WalkEnd { EndOfList, WindowVanished };
+  enum class WalkEnd { EndOfList, WindowVanished, CutOff };
   WalkEnd WalkWindows(ProcessId id, WindowHandle& found);
 
   Processes& processes_;

@@ -86,7 +86,7 @@ wine_template() {
 
 wine_display() {
   local number=$WINE_DIR/display
-  Xvfb -displayfd 8 -screen 0 1280x1024x24 -nolisten tcp 8>"$number" >"$WINE_DIR/xvfb.log" 2>&1 &
+  Xvfb -displayfd 8 -screen 0 "${WINE_SCREEN:-1280x1024}x24" -nolisten tcp 8>"$number" >"$WINE_DIR/xvfb.log" 2>&1 &
   WINE_DISPLAY_PROCESS=$!
   local waited
   for ((waited = 0; waited < 100; ++waited)); do

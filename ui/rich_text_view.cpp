@@ -4,6 +4,8 @@
 #include <charconv>
 #include <utility>
 
+#include "ui/readable.h"
+
 namespace tarvo {
 namespace {
 
@@ -43,14 +45,36 @@ void AppendEscaped(std::string& source, std::string_view text) {
   }
 }
 
-std::size_t EndOfHeader(std::string_view source) {
-  std::size_t end = 0;
-  for (int line = 0; line < RichTextView::kHeaderLines; ++line) {
-    const std::size_t lineEnd = source.find("\r\n", end);
-    if (lineEnd == std::string_view::npos) return source.size();
-    end = lineEnd + 2;
+constexpr int kColourLine = 3;  ///< The header's line that lists the colours.
+
+/// Where a line of the source begins.
+std::size_t BeginOfLine(std::string_view source, int number) {
+  std::size_t begin = 0;
+  for (int line = 0; line < number; ++line) {
+    const std::size_t end = source.find("\r\n", begin);
+    if (end == std::string_view::npos) return source.size();
+    begin = end + 2;
   }
-  return end;
+  return begin;
+}
+
+/// Takes one part of a colour off the text: the number behind its name.
+std::uint32_t TakePart(std::string_view& text, std::string_view name) {
+  std::uint32_t part = 0;
+  if (!text.starts_with(name)) return part;
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data() + name.size(), end, part);
+  text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
+  return part;
+}
+
+/// Takes one entry, with the sign that ends it, off a list of colours.
+Colour TakeColour(std::string_view& text) {
+  const std::uint32_t red = TakePart(text, "\\red");
+  const std::uint32_t green = TakePart(text, "\\green");
+  const std::uint32_t blue = TakePart(text, "\\blue");
+  text.remove_prefix(std::min<std::size_t>(1, text.size()));
+  return Rgb(red, green, blue);
 }
 
 bool IsLetter(char c) { return c >= 'a' && c <= 'z'; }
@@ -102,7 +126,7 @@ void RichTextView::SetSource(std::string source) {
 std::string RichTextView::Text() const {
   std::string text;
   const std::string_view source = source_;
-  std::size_t position = EndOfHeader(source);
+  std::size_t position = BeginOfLine(source, kHeaderLines);
   while (position < source.size()) {
     const char c = source[position];
     if (c == '\\') {
@@ -113,6 +137,15 @@ std::string RichTextView::Text() const {
     }
   }
   return text;
+}
+
+std::string WithReadableColours(std::string source, Colour ground) {
+  const std::size_t begin = BeginOfLine(source, kColourLine);
+  const std::size_t end = std::min(source.find('}', begin), source.size());
+  std::string_view rest = std::string_view(source).substr(begin, end - begin);
+  std::string table;
+  while (!rest.empty()) table += ColourEntry(Readable(TakeColour(rest), ground));
+  return source.replace(begin, end - begin, table);
 }
 
 }  // namespace tarvo

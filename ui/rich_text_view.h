@@ -64,4 +64,7 @@ class RichTextView : public Control {
   RichTextMirror* richMirror_ = nullptr;
 };
 
+/// The same source with every colour of its table made readable on that ground.
+std::string WithReadableColours(std::string source, Colour ground);
+
 }  // namespace tarvo

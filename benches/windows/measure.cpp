@@ -1,8 +1,9 @@
 // Measures another program from outside:
 //
-//   measure start EXE CLASS        starts EXE in the current folder; prints the milliseconds until
-//   a
-//                                  visible window of that class answers; closes it again
+//   measure start EXE CLASS [FILE TEXT]
+//                                  starts EXE in the current folder; prints the milliseconds until
+//                                  a visible window of that class answers, and before them those
+//                                  until FILE ends with TEXT; closes it again
 //   measure handles NAME           prints how many system handles the process of that file name has
 //   measure objects NAME           prints how many GDI objects and how many windows it has
 //   measure successor NAME         ends the process of that file name and prints the milliseconds
@@ -68,7 +69,20 @@ BOOL CALLBACK MatchWindow(HWND window, LPARAM argument) {
   return FALSE;
 }
 
-int MeasureStart(const char* executable, const char* className) {
+bool EndsWith(const char* file, const std::string& text) {
+  const HANDLE handle = CreateFileA(file, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return false;
+  std::string end(text.size(), '\0');
+  DWORD read = 0;
+  SetFilePointer(handle, -static_cast<LONG>(text.size()), nullptr, FILE_END);
+  ReadFile(handle, end.data(), static_cast<DWORD>(end.size()), &read, nullptr);
+  CloseHandle(handle);
+  return read == text.size() && end == text;
+}
+
+int MeasureStart(const char* executable, const char* className, const char* file,
+                 const char* text) {
   STARTUPINFOA startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
@@ -81,8 +95,14 @@ int MeasureStart(const char* executable, const char* className) {
   }
   WindowSearch search{process.dwProcessId, className, nullptr};
   DWORD_PTR answer = 0;
+  bool told = file == nullptr;
   while (Now() - start < 30000) {
+    if (!told && EndsWith(file, text)) {
+      std::printf("%.1f ", Now() - start);
+      told = true;
+    }
     if (search.window == nullptr) EnumWindows(MatchWindow, reinterpret_cast<LPARAM>(&search));
+    if (!told) continue;
     if (search.window != nullptr &&
         SendMessageTimeoutA(search.window, WM_NULL, 0, 0, SMTO_NORMAL, 5000, &answer) != 0) {
       std::printf("%.1f\n", Now() - start);
@@ -144,11 +164,15 @@ int MeasureSuccessor(const char* name) {
 
 int main(int argc, char** argv) {
   const std::string command = argc > 2 ? argv[1] : "";
-  if (command == "start" && argc == 4) return MeasureStart(argv[2], argv[3]);
+  if (command == "start" && argc == 4) return MeasureStart(argv[2], argv[3], nullptr, nullptr);
+  if (command == "start" && argc == 6) {
+    return MeasureStart(argv[2], argv[3], argv[4], (std::string(argv[5]) + "\r\n").c_str());
+  }
   if (command == "successor") return MeasureSuccessor(argv[2]);
   const DWORD process = argc > 2 ? FindProcess(argv[2]) : 0;
   if (process == 0) {
-    std::fprintf(stderr, "usage: measure start EXE CLASS | handles|objects|successor NAME\n");
+    std::fprintf(stderr,
+                 "usage: measure start EXE CLASS [FILE TEXT] | handles|objects|successor NAME\n");
     return 1;
   }
   if (command == "handles") std::printf("%d\n", CountHandles(process));

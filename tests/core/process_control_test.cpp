@@ -108,6 +108,29 @@ TEST_F(Control, AWalkThatLosesItsWindowIsBegunAgain) {
   EXPECT_EQ(machine.recorder.CountOf("windows.first"), 6u);
 }
 
+// Twenty walks that lost their window were taken for "no window", and a healthy server was killed.
+TEST_F(Control, WalksThatLoseTheirWindowsWithoutEndProveNothing) {
+  const ProcessId id = machine.processes.StartForeign(kMap);
+  const WindowHandle main = machine.processes.WindowOf(id)->handle;
+  for (int i = 0; i < 25; ++i) {
+    const ProcessId other = machine.processes.StartForeign("other.exe");
+    machine.processes.VanishUnderWalk(machine.processes.WindowOf(other)->handle);
+  }
+  EXPECT_EQ(control.FindMainWindow(id), std::nullopt);
+  EXPECT_EQ(machine.recorder.CountOf("windows.first"), 20u);
+  EXPECT_EQ(control.FindMainWindow(id), main);
+}
+
+TEST_F(Control, AListThatTurnsInACircleProvesNothing) {
+  const ProcessId none = machine.processes.StartForeign("other.exe");
+  machine.processes.CloseWindows(none);
+  const ProcessId id = machine.processes.StartForeign(kMap);
+  machine.processes.TurnInACircle();
+  EXPECT_EQ(control.FindMainWindow(none), std::nullopt);
+  EXPECT_EQ(machine.recorder.CountOf("windows.first"), 1u);
+  EXPECT_EQ(control.FindMainWindow(id), machine.processes.WindowOf(id)->handle);
+}
+
 TEST_F(Control, AWindowThatVanishesAtTheEndOfTheListHidesNothing) {
   const ProcessId gone = machine.processes.StartForeign("other.exe");
   const WindowHandle last = machine.processes.Windows().back().handle;

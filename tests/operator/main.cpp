@@ -70,7 +70,10 @@ void WaitForWindow(const LauncherChoice& choice, DWORD patience) {
   const DWORD start = GetTickCount();
   for (;;) {
     const HWND launcher = FindLauncher(choice);
-    if (launcher && IsWindowVisible(launcher)) return;
+    if (launcher && IsWindowVisible(launcher)) {
+      NeedLauncher(choice);
+      return;
+    }
     if (GetTickCount() - start >= patience) throw OperatorError("no launcher window is to be seen");
     Sleep(50);
   }

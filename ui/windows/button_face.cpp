@@ -2,6 +2,7 @@
 
 #include <cctype>
 
+#include "ui/readable.h"
 #include "ui/windows/look.h"
 
 namespace tarvo {
@@ -25,14 +26,18 @@ Colour FaceColour(const ButtonFace& face) {
   return face.hot ? Shade(face.colour, 80) : Shade(face.colour, 24);
 }
 
+Colour BorderColour(const ButtonFace& face) {
+  if (HighContrast()) return GetSysColor(COLOR_BTNTEXT);
+  return Shade(face.colour, IsDark(face.colour) ? 110 : -110);
+}
+
 Colour InkColour(const ButtonFace& face) {
   if (face.disabled) return GetSysColor(COLOR_GRAYTEXT);
   return HighContrast() ? GetSysColor(COLOR_BTNTEXT) : Rgb(0, 0, 0);
 }
 
 void FillRounded(HDC target, const RECT& area, const ButtonFace& face) {
-  const Colour border = HighContrast() ? GetSysColor(COLOR_BTNTEXT) : Shade(face.colour, -110);
-  const HPEN pen = CreatePen(PS_SOLID, 1, border);
+  const HPEN pen = CreatePen(PS_SOLID, 1, BorderColour(face));
   const HBRUSH brush = CreateSolidBrush(FaceColour(face));
   const HGDIOBJ penBefore = SelectObject(target, pen);
   const HGDIOBJ brushBefore = SelectObject(target, brush);

@@ -52,6 +52,7 @@ class ListWidget : public Mirror<DropDownList> {
   int Selection() const;
   int WidestItem() const;
   void ShowItems();
+  void WidenOpenList();
 
   int smallest_;
   int largest_;

@@ -17,9 +17,8 @@ ListBoxWidget::ListBoxWidget(Stage& stage, HWND parent, int id, ListBox& list, i
 Extent ListBoxWidget::Natural() const {
   const Look& look = stage_.look;
   const int line = static_cast<int>(SendMessageA(Window(), LB_GETITEMHEIGHT, 0, 0));
-  return {
-      look.TextExtent(widest_, false, true).width + GetSystemMetrics(SM_CXVSCROLL) + look.Px(12),
-      lines_ * line + 2 * GetSystemMetrics(SM_CYEDGE)};
+  return {look.TextExtent(widest_, false, true).width + GetSystemMetrics(SM_CXVSCROLL) + look.Px(8),
+          lines_ * line + 2 * GetSystemMetrics(SM_CYEDGE)};
 }
 
 void ListBoxWidget::TakeLook() {
@@ -37,13 +36,16 @@ void ListBoxWidget::Command(int code) {
   Show();
 }
 
+/// Items that the natural width has room for ask for no scroll bar: it would take a line away, for
+/// which the list would want the other bar, and then both would be needed.
 void ListBoxWidget::MeasureItems() {
   int widest = 0;
   for (const std::string& item : control_.Items()) {
     widest = std::max(widest, stage_.look.TextExtent(item, false, true).width);
   }
-  SendMessageA(Window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + stage_.look.Px(8)),
-               0);
+  const bool fits = widest <= stage_.look.TextExtent(widest_, false, true).width;
+  SendMessageA(Window(), LB_SETHORIZONTALEXTENT,
+               fits ? 0 : static_cast<WPARAM>(widest + stage_.look.Px(8)), 0);
 }
 
 void ListBoxWidget::ShowItems() {
@@ -79,7 +81,7 @@ ScrollWidget::ScrollWidget(Stage& stage, HWND parent, int id, ScrollBar& bar, in
 
 Extent ScrollWidget::Natural() const {
   const Look& look = stage_.look;
-  return {look.Px(64), std::min(look.ControlHeight(), look.Px(20))};
+  return {look.Px(56), std::min(look.ControlHeight(), look.Px(20))};
 }
 
 int ScrollWidget::Wanted(int code, int position) const {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "ui/readable.h"
 #include "ui/windows/dpi.h"
 
 namespace tarvo {
@@ -83,8 +84,9 @@ void LogWidget::TakeLook() {
   CatchUp();
   const Still still(Window());
   const Reading reading = Remember();
-  if (plain_ != HighContrast()) {
+  if (plain_ != HighContrast() || ground_ != GetSysColor(COLOR_WINDOW)) {
     plain_ = HighContrast();
+    ground_ = GetSysColor(COLOR_WINDOW);
     StreamIn(control_.Source());
   }
   ApplyFont();
@@ -167,7 +169,7 @@ void LogWidget::Insert(const ColouredText& piece) {
   CHARFORMATA format{};
   format.cbSize = sizeof format;
   format.dwMask = CFM_COLOR;
-  format.crTextColor = piece.colour;
+  format.crTextColor = Readable(piece.colour, ground_);
   format.dwEffects = plain_ ? CFE_AUTOCOLOR : 0;
   SendMessageA(Window(), EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
   SendMessageA(Window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(piece.text.c_str()));
@@ -217,7 +219,8 @@ void LogWidget::CatchUp() {
 }
 
 void LogWidget::StreamIn(const std::string& source) {
-  std::string_view rest = source;
+  const std::string readable = WithReadableColours(source, ground_);
+  std::string_view rest = readable;
   EDITSTREAM stream{};
   stream.dwCookie = reinterpret_cast<DWORD_PTR>(&rest);
   stream.pfnCallback = ReadSource;
@@ -243,7 +246,7 @@ bool LogWidget::DropOldest(const std::string& kept) {
   return true;
 }
 
-/// The colours of the log are made for a light ground.
+/// In high contrast the operator's colours count, and no other.
 void LogWidget::ApplyContrast() {
   if (!plain_) return;
   CHARFORMATA format{};

@@ -19,8 +19,8 @@ namespace tarvo {
 /// and whoever asks the window before is shown it first.
 ///
 /// The right mouse button or the menu key shows what else can be done: copy, select all, find
-/// (Ctrl+F, then F3 and Shift+F3), open the day's file. In high contrast the text is in the
-/// system's colours.
+/// (Ctrl+F, then F3 and Shift+F3), open the day's file. On a dark ground the colours are lighter;
+/// in high contrast the text is in the system's.
 class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
  public:
   LogWidget(Stage& stage, HWND parent, int id, RichTextView& view);
@@ -68,6 +68,7 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   bool outdated_ = false;  ///< Lines are gone from the view's beginning, or all is another.
   std::vector<ColouredText> missing_;
   std::string shown_;  ///< The window's text.
+  COLORREF ground_ = GetSysColor(COLOR_WINDOW);
 };
 
 }  // namespace tarvo

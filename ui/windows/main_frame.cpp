@@ -7,6 +7,7 @@
 #include "ui/control_ids.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/resource_ids.h"
+#include "ui/windows/screens.h"
 
 #ifndef WM_DPICHANGED
 #define WM_DPICHANGED 0x02E0
@@ -54,27 +55,22 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
       header_(Begun(stage_, window_), window_),
       tabs_(stage_, window_, NumberOf("SSTab1"), form.frame.SSTab1,
             {"Status", "Servers", "Server Battle Randomizer ", "Upgrade"}),
-      status_(stage_, window_),
-      servers_(stage_, window_),
-      randomizer_(stage_, window_),
-      upgrade_(stage_, window_),
-      pages_{&status_, &servers_, &randomizer_, &upgrade_},
       timers_(stage_, timers, window_) {
   SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  std::vector<HWND> windows;
-  for (const Panel* page : pages_) windows.push_back(page->Window());
-  tabs_.SetPages(windows);
-  TakeLook();
+  tabs_.TakeLook();
   TakeFirstPlace();
   form.frame.window.SetMirror(this);
   ShowAsWanted();
+  PostMessageA(window_, kCompletePagesMessage, 0, 0);
 }
 
 MainFrame::~MainFrame() {
   stage_.form.frame.window.SetMirror(nullptr);
   header_.Detach();
   tabs_.Detach();
-  for (Panel* page : pages_) page->Detach();
+  for (const auto& page : pages_) {
+    if (page) page->Detach();
+  }
   SetWindowLongPtrA(window_, GWLP_USERDATA, 0);
   DestroyWindow(window_);
 }
@@ -96,12 +92,21 @@ void MainFrame::ShowAsWanted() {
     if (visible) ShowWindow(window_, SW_HIDE);
   } else if (wanted.State() == WindowState::Minimized) {
     if (!visible || !iconic) ShowWindow(window_, SW_SHOWMINNOACTIVE);
-  } else if (!visible || iconic) {
-    ShowWindow(window_, iconic ? SW_RESTORE : SW_SHOW);
+  } else if (iconic) {
+    ShowWindow(window_, SW_RESTORE);
+  } else if (!visible) {
+    ShowFirst();
   }
   if (frontRequests_ == wanted.FrontRequests()) return;
   frontRequests_ = wanted.FrontRequests();
   SetForegroundWindow(window_);
+}
+
+/// A window that begins minimized was never an icon either when another program shows it.
+void MainFrame::ShownFromOutside() {
+  MainWindow& window = stage_.form.frame.window;
+  if (window.Visible() || window.State() != WindowState::Minimized) return;
+  stage_.Happens([&window] { window.SetState(WindowState::Normal); });
 }
 
 void MainFrame::Sized(WPARAM kind) {
@@ -111,7 +116,10 @@ void MainFrame::Sized(WPARAM kind) {
     stage_.Happens([&window] { window.SetState(WindowState::Minimized); });
     return;
   }
-  Arrange();
+  RECT client{};
+  GetClientRect(window_, &client);
+  // The first show tells the size once more.
+  if (!barsChange_ && !EqualRect(&client, &arranged_)) Arrange();
   TellPlace();
   if (!iconic_) return;
   iconic_ = false;
@@ -130,25 +138,31 @@ void MainFrame::TakeLook() {
   stage_.look.Renew(window_);
   header_.TakeLook();
   tabs_.TakeLook();
-  for (Panel* page : pages_) page->TakeLook();
+  for (const auto& page : pages_) {
+    if (page) page->TakeLook();
+  }
   Arrange();
   InvalidateRect(window_, nullptr, TRUE);
 }
 
 void MainFrame::Arrange() {
-  RECT client{};
-  GetClientRect(window_, &client);
-  const LONG headerHeight = header_.Smallest().height;
+  const RECT whole = Surface();
+  GetClientRect(window_, &arranged_);
   const LONG margin = stage_.look.Px(kMargin);
-  header_.Occupy({0, 0, client.right, headerHeight});
-  const RECT room =
-      tabs_.Occupy({margin, headerHeight, client.right - margin, client.bottom - margin});
-  for (Panel* page : pages_) page->Occupy(room);
+  const LONG headerEnd = whole.top + header_.Smallest().height;
+  pageRoom_ =
+      tabs_.Occupy({whole.left + margin, headerEnd, whole.right - margin, whole.bottom - margin});
+  // What is above the pages has their left and right edge.
+  header_.Occupy({pageRoom_.left, whole.top, pageRoom_.right, headerEnd});
+  for (const auto& page : pages_) {
+    if (page) page->Occupy(pageRoom_);
+  }
 }
 
 Extent MainFrame::SmallestClient() const {
   Extent inside;
-  for (const Panel* page : pages_) {
+  for (const auto& page : pages_) {
+    if (!page) continue;
     const Extent needed = page->Smallest();
     inside.width = std::max(inside.width, needed.width);
     inside.height = std::max(inside.height, needed.height);
@@ -156,7 +170,7 @@ Extent MainFrame::SmallestClient() const {
   const Extent frame = tabs_.FrameExtent();
   const Extent header = header_.Smallest();
   const int margin = stage_.look.Px(kMargin);
-  return {std::max(header.width, inside.width + frame.width + 2 * margin),
+  return {std::max(header.width, inside.width) + frame.width + 2 * margin,
           header.height + inside.height + frame.height + margin};
 }
 
@@ -168,14 +182,32 @@ Extent MainFrame::SmallestWindow() const {
           static_cast<int>(around.bottom - around.top)};
 }
 
-void MainFrame::Limit(MINMAXINFO& limits) const {
+/// The size that shows everything, unless the screen is smaller.
+Extent MainFrame::LeastWindow() const {
   const Extent smallest = SmallestWindow();
-  limits.ptMinTrackSize = {smallest.width, smallest.height};
+  const Place screen = ScreenOf(window_);
+  return {std::min(smallest.width, screen.width), std::min(smallest.height, screen.height)};
+}
+
+void MainFrame::Limit(MINMAXINFO& limits) const {
+  const Extent least = LeastWindow();
+  limits.ptMinTrackSize = {least.width, least.height};
 }
 
 void MainFrame::MoveTo(const RECT& place) {
   SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void MainFrame::FollowMouse(const MSG& message) {
+  if (message.message < WM_MOUSEFIRST || message.message > WM_MOUSELAST) return;
+  header_.Follow(message);
+  ShownPage().Follow(message);
+}
+
+bool MainFrame::Take(MSG& message) {
+  FollowMouse(message);
+  return TakeKey(message);
 }
 
 void MainFrame::KeepFocus(bool active) {
@@ -193,6 +225,9 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
     case WM_TIMER:
       timers_.Tick();
       return 0;
+    case kCompletePagesMessage:
+      CompletePages();
+      return 0;
     case WM_CLOSE:
       stage_.Happens([this] { stage_.form.frame.window.Close(); });
       return 0;
@@ -208,9 +243,19 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
     case WM_DISPLAYCHANGE:
       KeepWithinReach();
       break;
+    case WM_SHOWWINDOW:
+      if (w && l == 0) ShownFromOutside();
+      break;
     case WM_SYSCOMMAND:
       if ((w & 0xFFF0U) == SC_RESTORE) Restoring();
       break;
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+      Scrolled(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(w));
+      return 0;
+    case WM_MOUSEWHEEL:
+      Wheeled(static_cast<short>(HIWORD(w)));
+      return 0;
     case WM_GETMINMAXINFO:
       Limit(*reinterpret_cast<MINMAXINFO*>(l));
       return 0;

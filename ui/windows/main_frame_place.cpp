@@ -14,20 +14,24 @@ int TitleHeight() { return GetSystemMetrics(SM_CYCAPTION) + GetSystemMetrics(SM_
 
 }  // namespace
 
-/// The usual size, or less on a small screen, but never less than shows everything.
+/// The usual size, or what shows everything if that is more, as far as the screen goes.
 void MainFrame::TakeFirstPlace() {
   RECT around{0, 0, stage_.look.Px(kUsualClient.width), stage_.look.Px(kUsualClient.height)};
   GrowToWindow(around, window_, stage_.look.Dpi());
   Place place = PlaceOf(window_);
   place.width = static_cast<int>(around.right - around.left);
   place.height = static_cast<int>(around.bottom - around.top);
-  TakePlace(FittedInto(place, ScreenOf(window_)));
+  TakePlace(FittedInto(Enlarged(place), ScreenOf(window_)));
 }
 
-void MainFrame::TakePlace(Place place) {
-  const Extent smallest = SmallestWindow();
-  place.width = std::max(place.width, smallest.width);
-  place.height = std::max(place.height, smallest.height);
+Place MainFrame::Enlarged(Place place) const {
+  const Extent least = LeastWindow();
+  place.width = std::max(place.width, least.width);
+  place.height = std::max(place.height, least.height);
+  return place;
+}
+
+void MainFrame::TakePlace(const Place& place) {
   SetWindowPos(window_, nullptr, place.left, place.top, place.width, place.height,
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -37,12 +41,14 @@ void MainFrame::TakeStanding() {
   const auto& wanted = stage_.form.frame.window.Standing();
   if (!wanted || wanted == told_) return;
   told_ = wanted;
-  if (WithinReach(*wanted, TitleHeight(), Screens())) TakePlace(*wanted);
+  if (WithinReach(*wanted, TitleHeight(), Screens())) TakePlace(Enlarged(*wanted));
 }
 
 void MainFrame::TellPlace() {
   if (!IsWindowVisible(window_) || IsIconic(window_) || IsZoomed(window_)) return;
-  told_ = PlaceOf(window_);
+  const Place place = PlaceOf(window_);
+  if (place == told_) return;
+  told_ = place;
   stage_.form.frame.window.MovedTo(*told_);
 }
 
@@ -50,7 +56,7 @@ void MainFrame::TellPlace() {
 void MainFrame::KeepWithinReach() {
   const Place place = PlaceOf(window_);
   if (IsIconic(window_) || WithinReach(place, TitleHeight(), Screens())) return;
-  TakePlace(FittedInto(place, ScreenOf(window_)));
+  TakePlace(FittedInto(Enlarged(place), ScreenOf(window_)));
 }
 
 }  // namespace tarvo

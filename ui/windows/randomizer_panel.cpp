@@ -49,7 +49,7 @@ constexpr int kMinutesAPage = 10;
 }  // namespace
 
 RandomizerPanel::RandomizerPanel(Stage& stage, HWND parent) : Panel(stage, parent, Ground::Page) {
-  SetColumns({{20}, {8, true}, {12}, {8, true}, {28}, {16}, {8}, {4}, {4}, {4}, {0, true}});
+  SetColumns({{20}, {8, true}, {12}, {8, true}, {24}, {12}, {8}, {4}, {4}, {4}, {0, true}});
   SetRows({{12}, {20}, {8}, {8}, {8}, {8}, {0}, {8}, {4, true}, {8}, {24}, {4}});
   SetMargin({20, 16});
   AddCard({kHeads, kLabel, kNow - kHeads + 1, kDay - kLabel});
@@ -64,7 +64,7 @@ void RandomizerPanel::AddRanges(Stage& stage) {
   RandomizerPage& page = stage.form.randomizer;
   Add<HeadingWidget>(Slot{kHeads, kLabel, 4}, "Server Configuration");
   Add<CaptionWidget>(Slot{kSetting, kLabel}, "S&etting:");
-  Add<ListWidget>(Slot{kSetting, kField, 3}, NumberOf("cmdParam"), page.cmdParam, 160, 160)
+  Add<ListWidget>(Slot{kSetting, kField, 3}, NumberOf("cmdParam"), page.cmdParam, 132, 132)
       .SetAccessKey('e');
   Add<CaptionWidget>(Slot{kBounds, kLabel}, "M&in. Value:");
   Add<TextWidget>(Slot{kBounds, kField}, NumberOf("rIni"), page.rIni, "-00000000")
@@ -109,7 +109,7 @@ void RandomizerPanel::AddCalendar(Stage& stage) {
   Add<HeadingWidget>(Slot{kHeads, kDay, kColumns - kDay}, "Randomize Calendar  (program  mode)");
   Add<CaptionWidget>(Slot{kSetting, kDay}, "Da&y:");
   Add<ListBoxWidget>(Slot{kBounds, kDay, 1, true, kRestOfDays - kBounds + 1}, NumberOf("lstDay"),
-                     page.lstDay, kDays, "Wednes")
+                     page.lstDay, kDays, "Wed")
       .SetAccessKey('y');
   AddTime(stage);
   Add<CaptionWidget>(Slot{kButtons, kTimeLabel}, "Re&start?");

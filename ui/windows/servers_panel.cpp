@@ -66,7 +66,7 @@ void ServersPanel::AddServer(Stage& stage, ComponentKind kind) {
 
   Add<CaptionWidget>(Slot{row, kName}, texts.label);
   auto& executable =
-      Add<ListWidget>(Slot{row, kExecutable}, NumberOf("Exes", number), page.Exes[kind], 160, 160);
+      Add<ListWidget>(Slot{row, kExecutable}, NumberOf("Exes", number), page.Exes[kind], 120, 120);
   executable.SetAccessKey(texts.labelKey);
   executable.SetReasonWhenDisabled("Stop the " + name + " server to choose another executable.");
   Add<HiddenNameWidget>({}, name + " priority");

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "ui/control_ids.h"
+#include "ui/readable.h"
 #include "ui/windows/button_face.h"
 
 namespace tarvo {
@@ -24,7 +25,7 @@ SignButton::SignButton(Stage& stage, HWND parent, int id, CommandButton& button,
 
 Extent SignButton::Natural() const {
   const int side = stage_.look.ControlHeight();
-  return {side + stage_.look.Px(8), side};
+  return {side + stage_.look.Px(4), side};
 }
 
 void SignButton::Command(int code) {
@@ -56,6 +57,7 @@ void SignButton::DrawSign(HDC target, RECT area, bool disabled) const {
   const int thick = stage_.look.Px(2);
   const int arm = stage_.look.Px(5);
   Colour ink = sign_ == Sign::Plus ? kPlusColour : kMinusColour;
+  ink = Readable(ink, GetSysColor(COLOR_BTNFACE));
   if (HighContrast()) ink = GetSysColor(COLOR_BTNTEXT);
   if (disabled) ink = GetSysColor(COLOR_GRAYTEXT);
   const LONG left = (area.left + area.right - thick) / 2;

@@ -8,12 +8,14 @@ namespace tarvo {
 namespace {
 
 constexpr char kClass[] = "TarvoStrip";
-constexpr int kWidth = 62;  ///< At 100 %, the frame included: two cells share a pixel there.
+constexpr int kLeastWidth = 32;  ///< At 100 %, the frame included: four cells share a pixel there.
 constexpr int kHeight = 16;
 
 struct Bar {
-  int sixths;  ///< Of the strip's height.
-  COLORREF colour;
+  int sixths = 0;  ///< Of the strip's height.
+  COLORREF colour = 0;
+
+  bool operator==(const Bar&) const = default;
 };
 
 Bar BarOf(StripState state) {
@@ -32,8 +34,14 @@ Bar BarOf(StripState state) {
   return {0, 0};
 }
 
-void Fill(HDC target, const RECT& area, COLORREF colour) {
-  SetDCBrushColor(target, colour);
+/// From column `begin` of the inside to the one before `end`.
+void PaintBar(HDC target, const RECT& inside, const Bar& bar, std::size_t begin, std::size_t end) {
+  const LONG height = inside.bottom - inside.top;
+  const RECT area = {inside.left + static_cast<LONG>(begin),
+                     inside.bottom - (height * bar.sixths + 5) / 6,
+                     inside.left + static_cast<LONG>(end), inside.bottom};
+  if (IsRectEmpty(&area)) return;
+  SetDCBrushColor(target, HighContrast() ? GetSysColor(COLOR_WINDOWTEXT) : bar.colour);
   FillRect(target, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
@@ -58,7 +66,7 @@ void StripWidget::RegisterClassOnce(HINSTANCE instance) {
 }
 
 Extent StripWidget::Natural() const {
-  return {stage_.look.Px(kWidth - 2) + 2, stage_.look.Px(kHeight)};
+  return {stage_.look.Px(kLeastWidth - 2) + 2, stage_.look.Px(kHeight)};
 }
 
 void StripWidget::Show() {
@@ -67,25 +75,26 @@ void StripWidget::Show() {
 }
 
 /// One trouble among several cells that share a place is seen; otherwise the newest one counts.
-StripState StripWidget::StateBetween(std::size_t first, std::size_t end) const {
+StripState StripWidget::StateAt(std::size_t x, std::size_t width) const {
+  const std::size_t first = x * StatusStrip::kCells / width;
+  const std::size_t end = std::max(first + 1, (x + 1) * StatusStrip::kCells / width);
   for (std::size_t i = first; i < end; ++i) {
     if (control_.Cell(i) == StripState::Trouble) return StripState::Trouble;
   }
   return control_.Cell(end - 1);
 }
 
+/// Neighbours that look alike are filled at once.
 void StripWidget::PaintBars(HDC target, const RECT& inside) const {
   const auto width = static_cast<std::size_t>(std::max(inside.right - inside.left, 1L));
-  const LONG height = inside.bottom - inside.top;
-  const bool plain = HighContrast();
-  for (std::size_t x = 0; x < width; ++x) {
-    const std::size_t first = x * StatusStrip::kCells / width;
-    const std::size_t end = std::max(first + 1, (x + 1) * StatusStrip::kCells / width);
-    const Bar bar = BarOf(StateBetween(first, end));
-    const LONG left = inside.left + static_cast<LONG>(x);
-    const LONG top = inside.bottom - (height * bar.sixths + 5) / 6;
-    Fill(target, {left, top, left + 1, inside.bottom},
-         plain ? GetSysColor(COLOR_WINDOWTEXT) : bar.colour);
+  Bar bar;
+  std::size_t begin = 0;
+  for (std::size_t x = 0; x <= width; ++x) {
+    const Bar next = x < width ? BarOf(StateAt(x, width)) : Bar{};
+    if (x < width && next == bar) continue;
+    PaintBar(target, inside, bar, begin, x);
+    bar = next;
+    begin = x;
   }
 }
 

@@ -7,7 +7,8 @@ namespace tarvo {
 
 /// A component's last hour as a row of bars, the newest at the right. The height of a bar tells as
 /// much as its colour: trouble stands from top to bottom, healthy half as high, not watched is low,
-/// stopped is a line at the bottom, and what nobody saw is empty. Its text is the strip in words.
+/// stopped is a line at the bottom, and what nobody saw is empty. It takes
+/// whatever width it is given. Its text is the strip in words.
 class StripWidget : public Mirror<StatusStrip> {
  public:
   StripWidget(Stage& stage, HWND parent, int id, StatusStrip& strip);
@@ -22,7 +23,7 @@ class StripWidget : public Mirror<StatusStrip> {
   static void RegisterClassOnce(HINSTANCE instance);
   void Paint();
   void PaintBars(HDC target, const RECT& inside) const;
-  StripState StateBetween(std::size_t first, std::size_t end) const;
+  StripState StateAt(std::size_t x, std::size_t width) const;
 };
 
 }  // namespace tarvo

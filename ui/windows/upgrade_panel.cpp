@@ -13,7 +13,7 @@ namespace {
 enum Column { kName, kFrom, kBrowse, kArrow, kTo };
 enum Row { kHeads, kFirstServer, kChoiceHeads = 4, kFirstChoice, kRest = 8, kBottom };
 
-constexpr char kUsualPath[] = "C:\\servers\\build\\login-server.exe";
+constexpr char kUsualPath[] = "C:\\servers\\login-server.exe";
 
 struct Texts {
   const char* text;
