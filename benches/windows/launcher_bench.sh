@@ -6,18 +6,11 @@
 #   benches/windows/launcher_bench.sh [CYCLES]     crash-and-restart cycles, 300 unless given
 set -euo pipefail
 source "$(dirname "$0")/../../tests/operator/e2e/story.sh"
+source "$(dirname "$0")/figures.bash"
 cycles=${1:-300}
 BENCH=$WINDOWS_BUILD/benches
 story_begin "$0" "$@"
 
-# figure NAME VALUE UNIT LIMIT: held when the value is at most the limit.
-figure() {
-  local verdict
-  verdict=$(awk -v value="$2" -v limit="$4" 'BEGIN { print value <= limit ? "held" : "short" }')
-  printf '%-48s %10s %-8s limit %-8s %s\n' "$1" "$2" "$3" "$4" "$verdict"
-}
-ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", a / b }'; }
-median() { sort -n | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
 measure() { wine_run "$BENCH/measure.exe" "$@" | tr -d '\r'; }
 
 # The kernel's id of the Windows program of that file name in this prefix.

@@ -10,8 +10,7 @@
 //   until
 //                                  another one of that name runs
 //
-// Handles are counted in the system's own handle list and GDI objects in the process's handle
-// table: Wine answers the plain questions for both with 0.
+// Handles are counted in the system's own handle list: Wine answers the plain question with 0.
 
 #include <windows.h>
 // After windows.h, which they need.
@@ -23,6 +22,8 @@
 #include <cstring>
 #include <string>
 #include <vector>
+
+#include "benches/windows/object_count.h"
 
 namespace {
 
@@ -143,62 +144,6 @@ int CountHandles(DWORD process) {
   return owned;
 }
 
-// An entry of the table of GDI handles that a process's environment block points to; 24 bytes in a
-// 64-bit program.
-struct GdiEntry {
-  std::uint64_t object;
-  std::uint16_t owner;
-  std::uint16_t count;
-  std::uint16_t unique;
-  std::uint8_t type;
-  std::uint8_t flags;
-  std::uint64_t user;
-};
-static_assert(sizeof(GdiEntry) == 24);
-
-int CountGdiObjects(DWORD processId) {
-  constexpr std::size_t kTableOffset = 0xF8;  // GdiSharedHandleTable in the 64-bit block.
-  constexpr std::size_t kTableSize = 0x4000;
-  const HANDLE process = OpenProcess(PROCESS_VM_READ | PROCESS_QUERY_INFORMATION, FALSE, processId);
-  PROCESS_BASIC_INFORMATION basic{};
-  NtQueryInformationProcess(process, ProcessBasicInformation, &basic, sizeof basic, nullptr);
-  void* table = nullptr;
-  ReadProcessMemory(process, reinterpret_cast<char*>(basic.PebBaseAddress) + kTableOffset, &table,
-                    sizeof table, nullptr);
-  std::vector<GdiEntry> entries(kTableSize);
-  SIZE_T read = 0;
-  ReadProcessMemory(process, table, entries.data(), entries.size() * sizeof(GdiEntry), &read);
-  CloseHandle(process);
-  int count = 0;
-  for (std::size_t i = 0; i < read / sizeof(GdiEntry); ++i) count += entries[i].type != 0 ? 1 : 0;
-  return count;
-}
-
-struct WindowCount {
-  DWORD process;
-  int count;
-};
-
-BOOL CALLBACK CountWindow(HWND window, LPARAM argument) {
-  auto& windows = *reinterpret_cast<WindowCount*>(argument);
-  DWORD owner = 0;
-  GetWindowThreadProcessId(window, &owner);
-  if (owner == windows.process) ++windows.count;
-  return TRUE;
-}
-
-BOOL CALLBACK CountFamily(HWND window, LPARAM argument) {
-  CountWindow(window, argument);
-  EnumChildWindows(window, CountWindow, argument);
-  return TRUE;
-}
-
-int CountWindows(DWORD process) {
-  WindowCount windows{process, 0};
-  EnumWindows(CountFamily, reinterpret_cast<LPARAM>(&windows));
-  return windows.count;
-}
-
 int MeasureSuccessor(const char* name) {
   const DWORD old = FindProcess(name);
   const HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, old);
@@ -231,6 +176,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   if (command == "handles") std::printf("%d\n", CountHandles(process));
-  if (command == "objects") std::printf("%d %d\n", CountGdiObjects(process), CountWindows(process));
+  if (command == "objects")
+    std::printf("%d %d\n", tarvo::CountGdiObjects(process), tarvo::CountWindows(process));
   return 0;
 }
