@@ -41,7 +41,7 @@ void ListBoxWidget::MeasureItems() {
   for (const std::string& item : control_.Items()) {
     widest = std::max(widest, stage_.look.TextExtent(item, false, true).width);
   }
-  SendMessageA(Window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + stage_.look.Px(8)),
+  SendMessageA(Window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + stage_.look.Px(4)),
                0);
 }
 
