@@ -37,12 +37,14 @@ start_launcher
 expect_on_screen
 operate page 4
 within UpdateNow && fail "all of the page, on so small a screen"
-xdotool mousemove $((X + WIDTH / 2)) $((Y + HEIGHT / 2)) click --repeat 9 5
-below() { read -r _ top _ < <(look_place "$(operate state | tr -d '\r')" SName) && ((top < 0)); }
-await 5 below || fail "the wheel moves nothing"
+xdotool mousemove $((X + WIDTH / 2)) $((Y + HEIGHT * 2 / 3)) # Where the page is empty.
+sleep 0.3
+xdotool click --repeat 3 --delay 100 5
+scrolled() { read -r _ top _ < <(look_place "$(operate state | tr -d '\r')" SName) && ((top < 0)); }
+await 5 scrolled || fail "the wheel moves nothing"
 xdotool key shift+Tab
 await 5 within UpdateNow || fail "the focus is out of sight"
 xdotool key Tab
-visible_again() { read -r left _ < <(look_place "$(operate state | tr -d '\r')" SSTab1) && ((left >= 0)); }
-await 5 visible_again || fail "the tabs are out of sight"
+back() { read -r left _ < <(look_place "$(operate state | tr -d '\r')" SSTab1) && ((left >= 0)); }
+await 5 back || fail "the tabs are out of sight"
 close_launcher
