@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <set>
 #include <vector>
 
 #include "desktop/status_icons.h"
 #include "platform/windows/code_page_windows.h"
 #include "platform/windows/icons_windows.h"
+#include "platform/windows/notification_record.h"
 
 namespace tarvo {
 namespace {
@@ -201,6 +204,25 @@ TEST(WindowsIconsTest, TenThousandPictureChangesLeaveObjectsWhereTheyBegan) {
   // The counts above may say nothing under another system; the handles do.
   EXPECT_EQ(seen.size(), 27U);
   EXPECT_FALSE(seen.contains(0));
+}
+
+TEST(NotificationRecordTest, HoldsWhatTheShellOfTheFirstVersionTakes) {
+  const auto window = reinterpret_cast<HWND>(std::uintptr_t{0x1234});
+  const NOTIFYICONDATAA record = NotificationRecord(window, {0x77, "[Aurora] - caf\xE9"});
+  EXPECT_EQ(record.cbSize, sizeof(void*) == 4 ? 88U : 104U);
+  EXPECT_EQ(record.hWnd, window);
+  EXPECT_EQ(record.uFlags, 7U);
+  EXPECT_EQ(record.uCallbackMessage, 512U);
+  EXPECT_EQ(record.hIcon, reinterpret_cast<HICON>(std::uintptr_t{0x77}));
+  EXPECT_STREQ(record.szTip, "[Aurora] - caf\xE9");
+}
+
+TEST(NotificationRecordTest, EndsTheTipAfter63BytesAtMost) {
+  for (const std::size_t length :
+       {std::size_t{0}, std::size_t{62}, std::size_t{63}, std::size_t{64}, std::size_t{500}}) {
+    const NOTIFYICONDATAA record = NotificationRecord(nullptr, {0, std::string(length, 'x')});
+    EXPECT_EQ(std::string(record.szTip), std::string(std::min(length, kLongestTip), 'x')) << length;
+  }
 }
 
 TEST(WindowsCodePageTest, AgreesWithTheSystem) {
