@@ -69,8 +69,7 @@ void PrintControl(HWND launcher, const FoundControl& control) {
   if (control.entry->type != ControlType::Tab && control.entry->type != ControlType::RichText) {
     std::printf(" text=%s", Quoted(ReadText(control)).c_str());
   }
-  std::printf("%s place=%s\n", Details(control).c_str(),
-              PlaceOf(launcher, control.window).c_str());
+  std::printf("%s place=%s\n", Details(control).c_str(), PlaceOf(launcher, control.window).c_str());
 }
 
 }  // namespace
