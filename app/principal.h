@@ -57,7 +57,10 @@ class Principal {
   /// Where an upgrade takes over a crash; see `CrashWatch::runUpgrade`.
   CrashWatch& TheCrashWatch() { return crashWatch_; }
 
+  WindowOptions& TheWindowOptions() { return windowOptions_; }
   frmSysTray& TheTray() { return tray_; }
+  ComponentUpgrade& TheUpgrade() { return upgrade_; }
+  UpgradeSettings& TheUpgradeSettings() { return upgradeSettings_; }
   Randomizer& TheRandomizer() { return randomizer_; }
 
  private:

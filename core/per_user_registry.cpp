@@ -14,7 +14,8 @@ bool HasPerUserCopy(Hive hive, const std::string& keyPath) {
 std::optional<RegistryData> PerUserRegistry::Query(Hive hive, const std::string& keyPath,
                                                    const std::string& valueName) {
   if (HasPerUserCopy(hive, keyPath)) {
-    if (auto copy = system_.Query(Hive::CurrentUser, keyPath, valueName)) return copy;
+    auto copy = system_.Query(Hive::CurrentUser, keyPath, valueName);
+    if (copy && copy->type == kRegistryText) return copy;
   }
   return system_.Query(hive, keyPath, valueName);
 }

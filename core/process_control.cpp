@@ -1,7 +1,6 @@
 #include "core/process_control.h"
 
 #include "support/runtime_error.h"
-#include "support/text.h"
 
 namespace tarvo {
 namespace {
@@ -39,18 +38,18 @@ std::uint32_t PriorityClassFor(int index) {
 
 ProcessId ProcessControl::FindProcessByName(const std::string& executableName) {
   if (executableName.empty()) return 0;
-  const std::string wanted = LowerCase(executableName);
+  const std::string wanted = codePage_.Lowered(executableName);
   for (const ProcessEntry& entry : processes_.Snapshot()) {
-    if (LowerCase(entry.executable) == wanted) return entry.id;
+    if (codePage_.Lowered(entry.executable) == wanted) return entry.id;
   }
   return 0;
 }
 
 void ProcessControl::KillProcessesByName(const std::string& executableName) {
   if (executableName.empty()) return;
-  const std::string wanted = LowerCase(executableName);
+  const std::string wanted = codePage_.Lowered(executableName);
   for (const ProcessEntry& entry : processes_.Snapshot()) {
-    if (LowerCase(entry.executable) == wanted) processes_.End(entry.id);
+    if (codePage_.Lowered(entry.executable) == wanted) processes_.End(entry.id);
   }
 }
 
@@ -58,21 +57,24 @@ void ProcessControl::SetPriority(ProcessId id, std::uint32_t priorityClass) {
   processes_.ChangePriority(id, priorityClass);
 }
 
-WindowHandle ProcessControl::FindMainWindow(ProcessId id) {
+std::optional<WindowHandle> ProcessControl::FindMainWindow(ProcessId id) {
   if (id == 0) return 0;
-  WindowHandle found = 0;
   int walksToTheEnd = 0;
   for (int walk = 0; walk < kMostWalks && walksToTheEnd < kWalksThatProveNone; ++walk) {
-    if (WalkWindows(id, found) == WalkEnd::WindowVanished) continue;
+    WindowHandle found = 0;
+    const WalkEnd end = WalkWindows(id, found);
     if (found != 0) return found;
-    ++walksToTheEnd;
+    if (end == WalkEnd::CutOff) return std::nullopt;
+    if (end == WalkEnd::EndOfList) ++walksToTheEnd;
   }
+  if (walksToTheEnd < kWalksThatProveNone) return std::nullopt;
   return 0;
 }
 
 ProcessControl::WalkEnd ProcessControl::WalkWindows(ProcessId id, WindowHandle& found) {
   WindowHandle window = windows_.First();
-  for (int count = 0; window != 0 && count < kMostWindows; ++count) {
+  for (int count = 0; window != 0; ++count) {
+    if (count == kMostWindows) return WalkEnd::CutOff;
     if (windows_.Parent(window) == 0 && windows_.Owner(window) == id) {
       found = window;
       return WalkEnd::EndOfList;

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "core/component.h"
 #include "platform/clock.h"
+#include "platform/code_page.h"
 #include "platform/foreign_windows.h"
 #include "platform/processes.h"
 
@@ -15,16 +17,17 @@ namespace tarvo {
 std::uint32_t PriorityClassFor(int index);
 
 /// Finds, launches, ends and ranks the servers' processes. No handle to a server is ever kept: a
-/// server is known by the file name of its executable alone, letter case aside, and looked up
-/// afresh each time. Two roots whose executables share a name therefore share their servers' fate.
-/// None of these operations reports an error unless it says so.
+/// server is known by the file name of its executable alone, letter case aside (in the system's
+/// code page), and looked up afresh each time. Two roots whose executables share a name therefore
+/// share their servers' fate. None of these operations reports an error unless it says so.
 class ProcessControl {
  public:
   ProcessControl(Processes& processes, ForeignWindows& windows, TickClock& clock,
-                 const PerComponent<DropDownList>& Exes, std::string appFolder)
+                 CodePage& codePage, const PerComponent<DropDownList>& Exes, std::string appFolder)
       : processes_(processes),
         windows_(windows),
         clock_(clock),
+        codePage_(codePage),
         Exes_(Exes),
         appFolder_(std::move(appFolder)) {}
 
@@ -38,7 +41,9 @@ class ProcessControl {
 
   /// The process's first top-level window without a parent, 0 when it owns none; process 0 owns
   /// none. A walk that ended because a window vanished under it says nothing and is begun again.
-  WindowHandle FindMainWindow(ProcessId id);
+  /// Nothing when that goes on without end, or when the list turns in a circle: whether the process
+  /// owns a window is not known then.
+  std::optional<WindowHandle> FindMainWindow(ProcessId id);
 
   /// Shows the window in its normal state, or hides it. Returns ShowWindow's result, 0 for no
   /// window.
@@ -55,12 +60,13 @@ class ProcessControl {
   static constexpr std::uint32_t kLongestStop = 5000;
 
  private:
-  enum class WalkEnd { EndOfList, WindowVanished };
+  enum class WalkEnd { EndOfList, WindowVanished, CutOff };
   WalkEnd WalkWindows(ProcessId id, WindowHandle& found);
 
   Processes& processes_;
   ForeignWindows& windows_;
   TickClock& clock_;
+  CodePage& codePage_;
   const PerComponent<DropDownList>& Exes_;
   const std::string appFolder_;
 };

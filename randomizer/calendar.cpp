@@ -41,6 +41,7 @@ void RandomizerCalendar::ListEntries() {
     lines.push_back(
         CalendarLineOf(entry->Name(), entry->Parameters().Parameter("Restart")->Value()));
   }
+  page_.lstDTRands.Clear();
   page_.lstDTRands.AddItems(std::move(lines));
 }
 

@@ -10,15 +10,15 @@
 
 namespace tarvo {
 
+/// The date-time that stands for "never".
+LocalTime ZeroDateTime();
+
 /// How often starts of the map server have randomized, and when they last did.
 struct MapStartCounters {
-  LocalTime LastRandomize{};
+  LocalTime LastRandomize = ZeroDateTime();
   std::int32_t DayRndCnt = 0;
   std::int32_t HourRndCnt = 0;
 };
-
-/// The date-time that stands for "never".
-LocalTime ZeroDateTime();
 
 /// Randomizes at the starts of the map server, within the operator's limits.
 ///

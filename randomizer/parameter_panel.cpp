@@ -53,7 +53,7 @@ void ParameterPanel::CopyBounds() {
     if (found == first.end()) continue;
     Parameters& bounds = settings->Fields().Field(found->second)->Parameters();
     for (const char* name : {"Min", "Max"}) {
-      bounds.AddParameter(name, range->Parameters().Parameter(name)->Value());
+      SetBound(bounds, name, range->Parameters().Parameter(name)->Value());
     }
   }
 }
@@ -79,8 +79,8 @@ void ParameterPanel::SelectRandomizeListEntry(const std::string& name) {
 }
 
 Ref<Field> ParameterPanel::Setting(const std::string& name) const {
-  const Fields& settings = document_.Childs().Child("Battle_Athena")->Fields();
-  return settings.Field(IndexOfField(settings, name));
+  const Ref<Document> settings = document_.Childs().Child("Battle_Athena");
+  return settings->Fields().Field(IndexOfField(settings->Fields(), name));
 }
 
 void ParameterPanel::cmdParam_Click() {
@@ -94,7 +94,9 @@ void ParameterPanel::lstRnd_Click() {
   if (listSelecting_ || page_.lstRnd.ListIndex() < 0) return;
   const auto& names = page_.cmdParam.Items();
   const auto found = std::find(names.begin(), names.end(), NameInLine(page_.lstRnd.Text()));
-  if (found != names.end()) page_.cmdParam.SetListIndex(static_cast<int>(found - names.begin()));
+  if (found == names.end()) return;
+  page_.cmdParam.SetListIndex(static_cast<int>(found - names.begin()));
+  cmdParam_Click();  // A setting that was selected already has not told of itself.
 }
 
 void ParameterPanel::rAdd_Click(std::size_t index) {
@@ -128,14 +130,14 @@ bool ParameterPanel::RefuseBounds() {
 void ParameterPanel::StoreRange(const std::string& name) {
   const std::string min = page_.rIni.Text();
   const std::string max = page_.rEnd.Text();
-  Parameters& bounds = Setting(name)->Parameters();
-  SetBound(bounds, "Max", ShortestDecimal(NumericValue(max)));
-  SetBound(bounds, "Min", ShortestDecimal(NumericValue(min)));
+  const Ref<Field> setting = Setting(name);
+  SetBound(setting->Parameters(), "Max", ShortestDecimal(NumericValue(max)));
+  SetBound(setting->Parameters(), "Min", ShortestDecimal(NumericValue(min)));
   Fields& ranges = set_.Child()->Fields();
   if (IndexOfField(ranges, name) < 0) ranges.AddField(name);
-  Parameters& range = ranges.SearchField(name)->Parameters();
-  SetBound(range, "Min", min);
-  SetBound(range, "Max", max);
+  const Ref<Field> range = ranges.SearchField(name);
+  SetBound(range->Parameters(), "Min", min);
+  SetBound(range->Parameters(), "Max", max);
 }
 
 void ParameterPanel::Remove() {

@@ -56,6 +56,7 @@ class Randomizer {
   /// One run of the engine, by hand: it counts against no limit.
   void RunRandomizer() { engine_.RunRandomizer(); }
 
+  ParameterPanel& ThePanel() { return panel_; }
   MapStartGate& TheGate() { return gate_; }
   RandomizerCalendar& TheCalendar() { return calendar_; }
   Document& RandomizerDocument() { return *document_; }

@@ -7,23 +7,26 @@
 namespace tarvo {
 namespace {
 
-/// Remembers whether a file was there and refused to be read, which the import does not tell.
+/// Remembers whether the file was missing, which the import does not tell from a fault.
 class NotingReader final : public FileReader {
  public:
   explicit NotingReader(FileReader& reader) : reader_(reader) {}
 
-  bool Exists(const std::string& path) override { return reader_.Exists(path); }
+  bool Exists(const std::string& path) override {
+    missing_ = !reader_.Exists(path);
+    return !missing_;
+  }
   ReadResult ReadText(const std::string& path, std::string& text) override {
     const ReadResult result = reader_.ReadText(path, text);
-    refused_ = result == ReadResult::Failed;
+    missing_ = result == ReadResult::Missing;
     return result;
   }
 
-  bool Refused() const { return refused_; }
+  bool Missing() const { return missing_; }
 
  private:
   FileReader& reader_;
-  bool refused_ = false;
+  bool missing_ = false;
 };
 
 }  // namespace
@@ -40,8 +43,7 @@ StoredSet::StoredSet(Document& root, std::string name, std::string path, FileRea
 void StoredSet::Load() {
   NotingReader reader(reader_);
   Ref<Document> child = Document::Create();
-  child->XMLImportFile(path_, reader, log_);
-  loaded_ = !reader.Refused();
+  loaded_ = child->XMLImportFile(path_, reader, log_) || reader.Missing();
   if (child->NameView().empty()) {
     // An emptied set is a root without content, which reads as a field of that name.
     const int root = IndexOfField(child->Fields(), name_);

@@ -17,12 +17,12 @@ class StoredSet {
   StoredSet(Document& root, std::string name, std::string path, FileReader& reader,
             FileReplacer& replacer, EventLog& log);
 
-  /// Makes the child of what the file holds; of nothing, when it is missing or cannot be read. The
-  /// event log is told of both.
+  /// Makes the child of what the file holds, up to its first fault; of nothing, when it is missing
+  /// or cannot be read. The event log is told of the last two.
   void Load();
 
-  /// Whether the child holds what was on the disk. A missing file counts, one that is there and
-  /// cannot be read does not, and neither does one that nobody has tried to load.
+  /// Whether the child holds all that was on the disk. A missing file counts; one that is there and
+  /// cannot be read or has a fault does not, and neither does one that nobody has tried to load.
   bool Loaded() const { return loaded_; }
 
   /// The fields of the child; an empty list that belongs to nothing while there is no child.

@@ -9,7 +9,9 @@ namespace tarvo {
 
 void CrashWatch::Check(ComponentKind kind) {
   Component& component = components_[kind];
-  component.RunningHandle = processes_.FindMainWindow(component.ProcessId);
+  const auto window = processes_.FindMainWindow(component.ProcessId);
+  if (!window) return;
+  component.RunningHandle = *window;
   if (component.RunningHandle == 0) Crashed(kind);
 }
 

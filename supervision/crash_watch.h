@@ -25,7 +25,8 @@ class CrashWatch {
         log_(log),
         clock_(clock) {}
 
-  /// The tick of `LCtrl`, `CCtrl`, `MCtrl`.
+  /// The tick of `LCtrl`, `CCtrl`, `MCtrl`. When the search for the window came to no result, all
+  /// stays as it is until the next tick.
   void Check(ComponentKind kind);
 
   /// Stops and starts again every component that ran at its last check: login, char, map.

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <optional>
+#include <utility>
 
 #include "support/runtime_error.h"
 #include "support/text.h"
@@ -82,20 +83,25 @@ class Scanner {
   std::string_view rest_;
 };
 
+/// Of a year of two digits, the one that is nearest to our days.
+int WholeYear(int year) {
+  if (year >= 100) return year;
+  return year < 30 ? 2000 + year : 1900 + year;
+}
+
 std::optional<local_days> ReadDate(Scanner& scan) {
   const auto first = scan.Number(4);
-  const char mark = scan.Mark('-') ? '-' : scan.Mark('/') ? '/' : '\0';
+  const char mark = scan.Mark('-') ? '-' : scan.Mark('/') ? '/' : scan.Mark('.') ? '.' : '\0';
   if (!first || !mark) return std::nullopt;
   const auto second = scan.Number(2);
   if (!second || !scan.Mark(mark)) return std::nullopt;
   const auto third = scan.Number(4);
   if (!third) return std::nullopt;
   const bool yearFirst = *first >= 100;
-  if (!yearFirst && mark != '/') return std::nullopt;
-  const int year = yearFirst ? *first : *third;
-  const int month = yearFirst ? *second : *first;
-  const int day = yearFirst ? *third : *second;
-  if (year < 100) return std::nullopt;
+  const int year = yearFirst ? *first : WholeYear(*third);
+  int month = yearFirst ? *second : *first;
+  int day = yearFirst ? *third : *second;
+  if (!yearFirst && (mark == '.' || month > 12)) std::swap(month, day);
   const year_month_day date(std::chrono::year(year),
                             std::chrono::month(static_cast<unsigned>(month)),
                             std::chrono::day(static_cast<unsigned>(day)));

@@ -15,9 +15,11 @@ std::string GeneralDate(LocalTime time);
 /// The digits of year, month, day, hour, minute and second: "20261121103207".
 std::string DateStamp(LocalTime time);
 
-/// Reads a date-time text: "yyyy-mm-dd" or "yyyy/mm/dd" or "mm/dd/yyyy", a time "hh:mm" or
-/// "hh:mm:ss" with an optional "AM" or "PM", or both with blanks between; a time alone is on
-/// 1899-12-30. Years are 100 to 9999. Raises type mismatch (13) for every other text.
+/// Reads a date-time text: a date, a time "hh:mm" or "hh:mm:ss" with an optional "AM" or "PM", or
+/// both with blanks between; a time alone is on 1899-12-30. The parts of a date stand between "-",
+/// "/" or ".": the year first, or last with the month before the day, unless there is no such
+/// month; between dots the day comes first. Years are 100 to 9999; of two digits, 00 to 29 are in
+/// this century. Raises type mismatch (13) for every other text.
 LocalTime ParseDateTime(std::string_view text);
 
 }  // namespace tarvo

@@ -82,11 +82,13 @@ class TextBox : public Control {
   std::size_t MaxLength() const { return maxLength_; }
   void SetMaxLength(std::size_t characters);
 
-  /// The operator's typing: the box now holds `text` with the caret at its end.
-  void Type(std::string text);
+  /// The operator's typing: the box now holds `text` with the caret there, or at its end.
+  void Type(std::string text, std::size_t caret = std::string::npos);
 
   /// The operator moved the caret or the selection. Mirrors are not told: it came from there.
   void MoveCaret(std::size_t position, std::size_t selectionLength = 0);
+  /// What a key counts as that makes a character outside of 8 bits.
+  static constexpr char kOtherCharacter = 0;
   /// Whether a key that the operator presses reaches the text; `onKeyPress` may swallow it.
   bool LetsThrough(char key) const { return Enabled() && (!onKeyPress || onKeyPress(key)); }
   /// A whole key press: a character or Backspace (8) that is let through edits the text at the

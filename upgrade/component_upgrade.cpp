@@ -21,7 +21,10 @@ void ComponentUpgrade::UpdateNow_Click() {
   if (anyRuns && with_.messageBoxes.Ask(UpgradeQuestion()) != Answer::Yes) return;
   // A tick under the question may have ended the program.
   if (with_.form.frame.window.Ended()) return;
-  const int code = RunUpgrade(0);
+  ShowResult(RunUpgrade(0));
+}
+
+void ComponentUpgrade::ShowResult(int code) {
   if (const auto box = UpgradeBoxFor(code, with_.form.upgrade.nPath)) with_.messageBoxes.Ask(*box);
   if (code == kUpgradeSeeLog) with_.form.frame.SSTab1.SetPage(0);
 }

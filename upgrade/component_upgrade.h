@@ -41,6 +41,10 @@ class ComponentUpgrade {
   /// The operator's upgrade: asks first when a component runs, and tells the result in a box.
   void UpdateNow_Click();
 
+  /// Tells the operator what became of an upgrade, by its code; kUpgradeSeeLog shows the page of
+  /// the log too. A code that there is not tells nothing.
+  void ShowResult(int code);
+
   /// Upgrades all three executables, to the end, within the event that called. `trigger` is 0 for
   /// the operator, 1, 2, 3 when login, char, map has crashed; that component is started afterwards
   /// whether or not it ran. Returns a code of upgrade_boxes.h, 0 when the upgrade is done. A

@@ -1,16 +1,16 @@
 // Measures another program from outside:
 //
-//   measure start EXE CLASS        starts EXE in the current folder; prints the milliseconds until
-//   a
-//                                  visible window of that class answers; closes it again
+//   measure start EXE CLASS [FILE TEXT]
+//                                  starts EXE in the current folder; prints the milliseconds until
+//                                  a visible window of that class answers, and before them those
+//                                  until FILE ends with TEXT; closes it again
 //   measure handles NAME           prints how many system handles the process of that file name has
 //   measure objects NAME           prints how many GDI objects and how many windows it has
 //   measure successor NAME         ends the process of that file name and prints the milliseconds
 //   until
 //                                  another one of that name runs
 //
-// Handles are counted in the system's own handle list and GDI objects in the process's handle
-// table: Wine answers the plain questions for both with 0.
+// Handles are counted in the system's own handle list: Wine answers the plain question with 0.
 
 #include <windows.h>
 // After windows.h, which they need.
@@ -22,6 +22,8 @@
 #include <cstring>
 #include <string>
 #include <vector>
+
+#include "benches/windows/object_count.h"
 
 namespace {
 
@@ -67,7 +69,20 @@ BOOL CALLBACK MatchWindow(HWND window, LPARAM argument) {
   return FALSE;
 }
 
-int MeasureStart(const char* executable, const char* className) {
+bool EndsWith(const char* file, const std::string& text) {
+  const HANDLE handle = CreateFileA(file, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return false;
+  std::string end(text.size(), '\0');
+  DWORD read = 0;
+  SetFilePointer(handle, -static_cast<LONG>(text.size()), nullptr, FILE_END);
+  ReadFile(handle, end.data(), static_cast<DWORD>(end.size()), &read, nullptr);
+  CloseHandle(handle);
+  return read == text.size() && end == text;
+}
+
+int MeasureStart(const char* executable, const char* className, const char* file,
+                 const char* text) {
   STARTUPINFOA startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
@@ -80,8 +95,14 @@ int MeasureStart(const char* executable, const char* className) {
   }
   WindowSearch search{process.dwProcessId, className, nullptr};
   DWORD_PTR answer = 0;
+  bool told = file == nullptr;
   while (Now() - start < 30000) {
+    if (!told && EndsWith(file, text)) {
+      std::printf("%.1f ", Now() - start);
+      told = true;
+    }
     if (search.window == nullptr) EnumWindows(MatchWindow, reinterpret_cast<LPARAM>(&search));
+    if (!told) continue;
     if (search.window != nullptr &&
         SendMessageTimeoutA(search.window, WM_NULL, 0, 0, SMTO_NORMAL, 5000, &answer) != 0) {
       std::printf("%.1f\n", Now() - start);
@@ -123,62 +144,6 @@ int CountHandles(DWORD process) {
   return owned;
 }
 
-// An entry of the table of GDI handles that a process's environment block points to; 24 bytes in a
-// 64-bit program.
-struct GdiEntry {
-  std::uint64_t object;
-  std::uint16_t owner;
-  std::uint16_t count;
-  std::uint16_t unique;
-  std::uint8_t type;
-  std::uint8_t flags;
-  std::uint64_t user;
-};
-static_assert(sizeof(GdiEntry) == 24);
-
-int CountGdiObjects(DWORD processId) {
-  constexpr std::size_t kTableOffset = 0xF8;  // GdiSharedHandleTable in the 64-bit block.
-  constexpr std::size_t kTableSize = 0x4000;
-  const HANDLE process = OpenProcess(PROCESS_VM_READ | PROCESS_QUERY_INFORMATION, FALSE, processId);
-  PROCESS_BASIC_INFORMATION basic{};
-  NtQueryInformationProcess(process, ProcessBasicInformation, &basic, sizeof basic, nullptr);
-  void* table = nullptr;
-  ReadProcessMemory(process, reinterpret_cast<char*>(basic.PebBaseAddress) + kTableOffset, &table,
-                    sizeof table, nullptr);
-  std::vector<GdiEntry> entries(kTableSize);
-  SIZE_T read = 0;
-  ReadProcessMemory(process, table, entries.data(), entries.size() * sizeof(GdiEntry), &read);
-  CloseHandle(process);
-  int count = 0;
-  for (std::size_t i = 0; i < read / sizeof(GdiEntry); ++i) count += entries[i].type != 0 ? 1 : 0;
-  return count;
-}
-
-struct WindowCount {
-  DWORD process;
-  int count;
-};
-
-BOOL CALLBACK CountWindow(HWND window, LPARAM argument) {
-  auto& windows = *reinterpret_cast<WindowCount*>(argument);
-  DWORD owner = 0;
-  GetWindowThreadProcessId(window, &owner);
-  if (owner == windows.process) ++windows.count;
-  return TRUE;
-}
-
-BOOL CALLBACK CountFamily(HWND window, LPARAM argument) {
-  CountWindow(window, argument);
-  EnumChildWindows(window, CountWindow, argument);
-  return TRUE;
-}
-
-int CountWindows(DWORD process) {
-  WindowCount windows{process, 0};
-  EnumWindows(CountFamily, reinterpret_cast<LPARAM>(&windows));
-  return windows.count;
-}
-
 int MeasureSuccessor(const char* name) {
   const DWORD old = FindProcess(name);
   const HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, old);
@@ -199,14 +164,19 @@ int MeasureSuccessor(const char* name) {
 
 int main(int argc, char** argv) {
   const std::string command = argc > 2 ? argv[1] : "";
-  if (command == "start" && argc == 4) return MeasureStart(argv[2], argv[3]);
+  if (command == "start" && argc == 4) return MeasureStart(argv[2], argv[3], nullptr, nullptr);
+  if (command == "start" && argc == 6) {
+    return MeasureStart(argv[2], argv[3], argv[4], (std::string(argv[5]) + "\r\n").c_str());
+  }
   if (command == "successor") return MeasureSuccessor(argv[2]);
   const DWORD process = argc > 2 ? FindProcess(argv[2]) : 0;
   if (process == 0) {
-    std::fprintf(stderr, "usage: measure start EXE CLASS | handles|objects|successor NAME\n");
+    std::fprintf(stderr,
+                 "usage: measure start EXE CLASS [FILE TEXT] | handles|objects|successor NAME\n");
     return 1;
   }
   if (command == "handles") std::printf("%d\n", CountHandles(process));
-  if (command == "objects") std::printf("%d %d\n", CountGdiObjects(process), CountWindows(process));
+  if (command == "objects")
+    std::printf("%d %d\n", tarvo::CountGdiObjects(process), tarvo::CountWindows(process));
   return 0;
 }

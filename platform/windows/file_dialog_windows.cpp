@@ -8,10 +8,26 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/windows/late_call.h"
+
 namespace tarvo {
 namespace {
 
 constexpr std::size_t kLongestPath = 32768;
+
+constexpr char kLibrary[] = "comdlg32.dll";
+
+/// The system's open dialog. No start needs its library, and that brings many others with it.
+bool OpenDialog(OPENFILENAMEA& record) {
+  static const auto call = LateCall<decltype(&GetOpenFileNameA)>(kLibrary, "GetOpenFileNameA");
+  return call && call(&record) != 0;
+}
+
+DWORD WhyNoFile() {
+  static const auto call =
+      LateCall<decltype(&CommDlgExtendedError)>(kLibrary, "CommDlgExtendedError");
+  return call ? call() : 0;
+}
 
 /// Name and pattern, each ended by a NUL, and one more at the end.
 std::string FilterOf(const OpenFileRequest& request) {
@@ -39,11 +55,11 @@ std::string WindowsFileDialog::AskForFile(const OpenFileRequest& request) {
   dialog.nMaxFile = static_cast<DWORD>(buffer.size());
   dialog.Flags =
       OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-  if (GetOpenFileNameA(&dialog) != 0) return buffer.data();
-  if (CommDlgExtendedError() != FNERR_INVALIDFILENAME) return {};
+  if (OpenDialog(dialog)) return buffer.data();
+  if (WhyNoFile() != FNERR_INVALIDFILENAME) return {};
   // What stood in the box is no name at all: begin without one.
   buffer.front() = '\0';
-  return GetOpenFileNameA(&dialog) != 0 ? std::string(buffer.data()) : std::string();
+  return OpenDialog(dialog) ? std::string(buffer.data()) : std::string();
 }
 
 }  // namespace tarvo

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/windows/late_call.h"
+
 namespace tarvo {
 namespace {
 
@@ -16,8 +18,7 @@ using GetDpiForWindowCall = UINT(WINAPI*)(HWND);
 /// The resolution of the screen that holds the task bar; 0 where the system knows but one for all.
 int TaskBarDpi() {
   // Only newer systems have the call; the program runs on older ones too.
-  static const auto getDpi = reinterpret_cast<GetDpiForWindowCall>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("user32.dll"), "GetDpiForWindow")));
+  static const auto getDpi = LateCall<GetDpiForWindowCall>("user32.dll", "GetDpiForWindow");
   const HWND taskBar = FindWindowA("Shell_TrayWnd", nullptr);
   return getDpi && taskBar ? static_cast<int>(getDpi(taskBar)) : 0;
 }

@@ -23,6 +23,8 @@ HWND ToNative(std::intptr_t window) { return reinterpret_cast<HWND>(window); }
 LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
   auto* area = reinterpret_cast<WindowsNotificationArea*>(GetWindowLongPtrA(window, GWLP_USERDATA));
   if (area && area->TakeMessage(message, l)) return 0;
+  // Whoever asks every window of the program to close means the main one, and that may refuse.
+  if (message == WM_CLOSE) return 0;
   return DefWindowProcA(window, message, w, l);
 }
 

@@ -19,7 +19,8 @@ class Control : public ::testing::Test {
 
   SimMachine machine;
   PerComponent<DropDownList> Exes;
-  ProcessControl control{machine.processes, machine.processes, machine.clock, Exes, "C:\\srv"};
+  ProcessControl control{
+      machine.processes, machine.processes, machine.clock, machine.codePage, Exes, "C:\\srv"};
 };
 
 TEST(PriorityClass, FollowsTheListAndNotItsNames) {
@@ -43,6 +44,17 @@ TEST_F(Control, FindsAProcessByItsWholeFileNameInAnyLetterCase) {
   for (const auto& c : cases) {
     EXPECT_EQ(control.FindProcessByName(c.name), c.found ? id : 0) << c.name;
   }
+}
+
+TEST_F(Control, LettersOutsideOfAsciiMeetInAnyLetterCaseToo) {
+  const ProcessId id = machine.processes.StartForeign("SERVIDOR-\xD1.EXE");
+  EXPECT_EQ(control.FindProcessByName("servidor-\xF1.exe"), id);
+  EXPECT_EQ(control.FindProcessByName("Servidor-\xD1.exe"), id);
+  EXPECT_EQ(control.FindProcessByName("servidor-n.exe"), 0u);
+  machine.processes.StartForeign("servidor-\xD7.exe");
+  EXPECT_EQ(control.FindProcessByName("servidor-\xF7.exe"), 0u);
+  control.KillProcessesByName("servidor-\xF1.exe");
+  EXPECT_EQ(control.FindProcessByName("SERVIDOR-\xD1.EXE"), 0u);
 }
 
 TEST_F(Control, AnEmptyNameFindsAndEndsNothingWithoutASnapshot) {
@@ -106,6 +118,29 @@ TEST_F(Control, AWalkThatLosesItsWindowIsBegunAgain) {
   }
   EXPECT_EQ(control.FindMainWindow(id), main);
   EXPECT_EQ(machine.recorder.CountOf("windows.first"), 6u);
+}
+
+// Twenty walks that lost their window were taken for "no window", and a healthy server was killed.
+TEST_F(Control, WalksThatLoseTheirWindowsWithoutEndProveNothing) {
+  const ProcessId id = machine.processes.StartForeign(kMap);
+  const WindowHandle main = machine.processes.WindowOf(id)->handle;
+  for (int i = 0; i < 25; ++i) {
+    const ProcessId other = machine.processes.StartForeign("other.exe");
+    machine.processes.VanishUnderWalk(machine.processes.WindowOf(other)->handle);
+  }
+  EXPECT_EQ(control.FindMainWindow(id), std::nullopt);
+  EXPECT_EQ(machine.recorder.CountOf("windows.first"), 20u);
+  EXPECT_EQ(control.FindMainWindow(id), main);
+}
+
+TEST_F(Control, AListThatTurnsInACircleProvesNothing) {
+  const ProcessId none = machine.processes.StartForeign("other.exe");
+  machine.processes.CloseWindows(none);
+  const ProcessId id = machine.processes.StartForeign(kMap);
+  machine.processes.TurnInACircle();
+  EXPECT_EQ(control.FindMainWindow(none), std::nullopt);
+  EXPECT_EQ(machine.recorder.CountOf("windows.first"), 1u);
+  EXPECT_EQ(control.FindMainWindow(id), machine.processes.WindowOf(id)->handle);
 }
 
 TEST_F(Control, AWindowThatVanishesAtTheEndOfTheListHidesNothing) {

@@ -119,6 +119,12 @@ TEST_F(PerUserCopy, OtherKeysHaveNoCopy) {
   }
 }
 
+TEST_F(PerUserCopy, ACopyThatIsNoTextDoesNotHideTheText) {
+  Put(kRegistryText, "of the machine");
+  registry.Put(Hive::CurrentUser, kKey, "Value", {4, "copy"});
+  EXPECT_EQ(perUser.Query(Hive::LocalMachine, kKey, "Value")->bytes, "of the machine");
+}
+
 TEST_F(PerUserCopy, ErasingTakesValueAndCopyAway) {
   Put(kRegistryText, "of the machine");
   registry.Put(Hive::CurrentUser, kKey, "Value", {kRegistryText, "copy"});

@@ -50,6 +50,16 @@ int CheckedIndex(const ControlId& entry, int index) {
   throw OperatorError(name + " has no index " + std::to_string(index) + ": " + Range(entry));
 }
 
+bool HasAllControls(HWND launcher) {
+  return FindControl(launcher, kControlIds.back(), kControlIds.back().count - 1).has_value();
+}
+
+/// The pages that are not shown at first are made with the first messages.
+void AwaitControls(HWND launcher) {
+  const ULONGLONG end = GetTickCount64() + kPatience;
+  while (!HasAllControls(launcher) && IsWindow(launcher) && GetTickCount64() < end) Sleep(5);
+}
+
 void NeedAnswer(HWND window, LRESULT sent) {
   if (sent) return;
   throw OperatorError(IsWindow(window) ? "the launcher does not answer" : "the launcher is gone");
@@ -79,6 +89,7 @@ HWND FindLauncher(const LauncherChoice& choice) {
 HWND NeedLauncher(const LauncherChoice& choice) {
   const HWND window = FindLauncher(choice);
   if (!window) throw OperatorError("no launcher is running");
+  AwaitControls(window);
   return window;
 }
 
@@ -99,6 +110,7 @@ FoundControl NeedControl(HWND launcher, const std::string& name, int index) {
   const ControlId* entry = FindControlId(name);
   if (!entry) throw OperatorError("no control has the name " + name);
   const int element = CheckedIndex(*entry, index);
+  AwaitControls(launcher);
   const auto control = FindControl(launcher, *entry, element);
   if (!control) throw OperatorError("the window has no " + NameOf({entry, element, nullptr}));
   return *control;

@@ -28,7 +28,7 @@ struct LauncherChoice {
 /// The main window of the chosen launcher, hidden or not; nullptr when there is none. More than one
 /// that fits is an error.
 HWND FindLauncher(const LauncherChoice& choice);
-/// The same, but none is an error too.
+/// The same with all its controls, which are made with its first messages; none is an error too.
 HWND NeedLauncher(const LauncherChoice& choice);
 
 DWORD ProcessOf(HWND window);

@@ -9,6 +9,7 @@
 
 #include "actions.h"
 #include "boxes.h"
+#include "captions.h"
 #include "clipboard.h"
 #include "file_dialog.h"
 #include "layout.h"
@@ -70,7 +71,10 @@ void WaitForWindow(const LauncherChoice& choice, DWORD patience) {
   const DWORD start = GetTickCount();
   for (;;) {
     const HWND launcher = FindLauncher(choice);
-    if (launcher && IsWindowVisible(launcher)) return;
+    if (launcher && IsWindowVisible(launcher)) {
+      NeedLauncher(choice);
+      return;
+    }
     if (GetTickCount() - start >= patience) throw OperatorError("no launcher window is to be seen");
     Sleep(50);
   }
@@ -160,6 +164,8 @@ bool RunOnWindow(const Order& order) {
     PrintState(NeedLauncher(order.choice));
   } else if (verb == "clipboard") {
     std::printf("%s\n", ReadClipboard().c_str());
+  } else if (verb == "captions") {
+    PrintCaptions(NeedLauncher(order.choice));
   } else if (verb == "layout") {
     if (ReportLayout(NeedLauncher(order.choice)) != 0) throw OperatorError("the layout has faults");
   } else if (verb == "page") {

@@ -43,6 +43,14 @@ TEST_F(BoundBoxes, TakeBackspaceAndNoOtherControlKey) {
   }
 }
 
+TEST_F(BoundBoxes, TakeNoCharacterOutsideOf8Bits) {
+  for (const TextBox* box :
+       {&Page().rIni, &Page().rEnd, &Page().txt_Time[0], &Page().txt_Time[1]}) {
+    EXPECT_FALSE(box->LetsThrough(TextBox::kOtherCharacter));
+  }
+  EXPECT_TRUE(Page().txtMxD[0].LetsThrough(TextBox::kOtherCharacter));
+}
+
 TEST_F(BoundBoxes, AMinusGoesBeforeTheTextOnly) {
   TextBox& box = Page().rIni;
   box.Type("15");

@@ -201,6 +201,25 @@ TEST_F(CalendarPanel, AFileThatCannotBeReadIsLeftAlone) {
   EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=Y\nFri 22:00 restart=N\n");
 }
 
+TEST_F(CalendarPanel, AFileWithAFaultIsShownUpToItAndLeftAlone) {
+  const std::string faulty =
+      Xml("Calendar", Entry("Mon_08:30", "Yes") + "\t<Tue_08:30 to Restart=\"Yes\"/>\r\n" +
+                          Entry("Wed_08:30", "Yes"));
+  machine.files.Put(kCalendarFile, faulty);
+  Load();
+  const std::string shown = Lines(Page().lstDTRands);
+  EXPECT_TRUE(shown.starts_with("Mon 08:30 restart=Y\n")) << shown;
+  Choose(4, 22, 0, 1);
+  Add();
+  Select("Mon 08:30 restart=Y");
+  Remove();
+  EXPECT_EQ(NewLog(),
+            "2 C:\\srv\\rndcalendar.xml file can't be loaded\n"
+            "2 C:\\srv\\rndcalendar.xml file can't be loaded\n");
+  EXPECT_EQ(Lines(Page().lstDTRands), shown);
+  EXPECT_EQ(CalendarFile(), faulty);
+}
+
 TEST_F(CalendarPanel, AFileThatCannotBeWrittenIsToldInTheEventLog) {
   PutCalendar(Entry("Mon_08:30", "Yes"));
   machine.files.ProtectFromWriting(kCalendarFile);

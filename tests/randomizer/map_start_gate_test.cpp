@@ -169,6 +169,16 @@ TEST_F(MapStarts, TheZeroDateTimeBecomesNowInMemory) {
   EXPECT_EQ(ZeroDateTime(), ParseDateTime("1899-12-30 00:00:00"));
 }
 
+TEST_F(MapStarts, BeforeAnyRunTheLastOneIsTheZeroDateTime) {
+  RandomizerStory::Begin();
+  EXPECT_EQ(Gate().Counters().LastRandomize, ZeroDateTime());
+  SetClock(4, 10, 0);  // Unlike the hour and the weekday of the zero date-time.
+  Page().opt_Rnd[0].Click();
+  Page().txtMxD[0].Type("0");
+  EXPECT_FALSE(StartMap());
+  EXPECT_EQ(Gate().Counters().LastRandomize, machine.clock.Now());
+}
+
 TEST_F(MapStarts, CountersAtTheirEndsStayThere) {
   Begin("99999999999", "99999999999");
   Gate().SetCounters({machine.clock.Now(), 2147483647, 2147483647});

@@ -174,6 +174,29 @@ TEST_F(Panel, OfTwoRangesOfOneNameTheSelectedOneIsRemoved) {
   EXPECT_EQ(Lines(Page().lstRnd), "rate:1 to 2\nrate:5 to 6\n");
 }
 
+TEST_F(Panel, ARangeWhoseNameTheFileCannotHoldIsGoneAtTheNextStart) {
+  const struct {
+    const char* name;
+    const char* nextTime;
+  } cases[] = {{"?rate", "first:1 to 2\nlast:5 to 6\n"},
+               {"!rate", "first:1 to 2\nlast:5 to 6\n"},
+               {"a>b", "first:1 to 2\n"}};
+  for (const auto& c : cases) {
+    machine.files.Remove(kRangesFile);
+    PutServerFile("first: 1\r\n" + std::string(c.name) + ": 3\r\nlast: 5\r\n");
+    Load();
+    for (int setting : {0, 1, 2}) {
+      Page().cmdParam.Choose(setting);
+      TypeRange(std::to_string(2 * setting + 1), std::to_string(2 * setting + 2));
+      Update();
+    }
+    EXPECT_EQ(Lines(Page().lstRnd),
+              "first:1 to 2\n" + std::string(c.name) + ":3 to 4\nlast:5 to 6\n");
+    Load();
+    EXPECT_EQ(Lines(Page().lstRnd), c.nextTime) << c.name;
+  }
+}
+
 TEST_F(Panel, ARangeWhoseNameHoldsAColonIsCutAtIt) {
   PutRanges(Range("a:b", "1", "2"));
   Load();
@@ -192,6 +215,48 @@ TEST_F(Panel, ChoosingARangeChoosesItsSetting) {
   ChooseRange("nowhere:5 to 6");
   EXPECT_EQ(Page().cmdParam.Text(), "drop_rate");
   EXPECT_EQ(Page().rIni.Text(), "3");
+}
+
+TEST_F(Panel, ChoosingTheRangeOfTheChosenSettingFillsTheBoxesAnew) {
+  PutRanges(Range("base_exp_rate", "1", "2"));
+  Load();
+  TypeRange("50", "60");
+  ChooseRange("base_exp_rate:1 to 2");
+  EXPECT_EQ(Page().rIni.Text(), "1");
+  EXPECT_EQ(Page().rEnd.Text(), "2");
+}
+
+TEST_F(Panel, ARangeThatIsSelectedByItsNameLeavesTheBoxes) {
+  PutRanges(Range("base_exp_rate", "1", "2") + Range("drop_rate", "3", "4"));
+  Load();
+  TypeRange("50", "60");
+  life->randomizer.ThePanel().SelectRandomizeListEntry("drop_rate");
+  EXPECT_EQ(Page().lstRnd.Text(), "drop_rate:3 to 4");
+  life->randomizer.ThePanel().SelectRandomizeListEntry("nowhere");
+  EXPECT_EQ(Page().lstRnd.Text(), "drop_rate:3 to 4");
+  EXPECT_EQ(Page().cmdParam.Text(), "base_exp_rate");
+  EXPECT_EQ(Page().rIni.Text(), "50");
+  life->randomizer.ThePanel().RefillRandomizeList();
+  EXPECT_EQ(Page().lstRnd.ListIndex(), -1);
+  EXPECT_EQ(Lines(Page().lstRnd), "base_exp_rate:1 to 2\ndrop_rate:3 to 4\n");
+}
+
+TEST_F(Panel, BeforeTheFilesAreLoadedAChosenSettingShowsNothing) {
+  Begin();
+  Page().cmdParam.AddItem("base_exp_rate");
+  TypeRange("5", "6");
+  Page().cmdParam.Choose(0);
+  EXPECT_EQ(Page().rIni.Text(), "");
+  EXPECT_EQ(Page().rEnd.Text(), "");
+}
+
+TEST_F(Panel, BeforeTheFilesAreLoadedUpdateKeepsTheRange) {
+  Begin();
+  Page().cmdParam.AddItem("base_exp_rate");
+  Page().cmdParam.Choose(0);
+  TypeRange("5", "6");
+  Update();
+  EXPECT_EQ(RangesFile(), Xml("Randomize", Range("base_exp_rate", "5", "6")));
 }
 
 TEST_F(Panel, SelectingAListEntryDoesNotReachTheSettings) {
@@ -252,6 +317,41 @@ TEST_F(Panel, ASetThatCouldNotBeReadAtStartUpIsReadBeforeItIsChanged) {
             Xml("Randomize", Range("drop_rate", "3", "4") + Range("base_exp_rate", "1", "2")));
   ChooseSetting("drop_rate");
   EXPECT_EQ(Page().rEnd.Text(), "4");
+}
+
+// A file with a fault was taken for read: the next press wrote it without the ranges behind it.
+TEST_F(Panel, AFileWithAFaultIsShownUpToItAndLeftAlone) {
+  const std::string faulty =
+      Xml("Randomize", Range("base_exp_rate", "1", "2") + "\t<job_exp_rate to Max=\"4\"/>\r\n" +
+                           Range("drop_rate", "5", "6"));
+  machine.files.Put(kRangesFile, faulty);
+  Load();
+  EXPECT_EQ(Page().lstRnd.Items().front(), "base_exp_rate:1 to 2");
+  EXPECT_EQ(Page().rEnd.Text(), "2");
+  EXPECT_EQ(NewLog(), "");
+  TypeRange("7", "8");
+  Update();
+  EXPECT_EQ(NewLog(), "2 C:\\srv\\randomize.xml file can't be loaded\n");
+  ChooseRange("base_exp_rate:1 to 2");
+  Remove();
+  EXPECT_EQ(NewLog(), "2 C:\\srv\\randomize.xml file can't be loaded\n");
+  EXPECT_EQ(RangesFile(), faulty);
+}
+
+TEST_F(Panel, AFaultThatWasMendedByHandLetsTheNextUpdateThrough) {
+  machine.files.Put(kRangesFile, Xml("Randomize", Range("base_exp_rate", "1", "2") +
+                                                      "\t<drop_rate to Max=\"4\"/>\r\n"));
+  Load();
+  PutRanges(Range("base_exp_rate", "1", "20") + Range("drop_rate", "5", "6"));
+  ChooseSetting("job_exp_rate");
+  TypeRange("7", "8");
+  Update();
+  EXPECT_EQ(NewLog(), "");
+  EXPECT_EQ(RangesFile(),
+            Xml("Randomize", Range("base_exp_rate", "1", "20") + Range("drop_rate", "5", "6") +
+                                 Range("job_exp_rate", "7", "8")));
+  ChooseSetting("base_exp_rate");
+  EXPECT_EQ(Page().rEnd.Text(), "20");
 }
 
 TEST_F(Panel, TheCalendarTimerRunsExactlyInProgramMode) {

@@ -74,7 +74,8 @@ WindowHandle SimProcesses::Next(WindowHandle window) {
     windows_.erase(found);
     return 0;
   }
-  return found + 1 == windows_.end() ? 0 : (found + 1)->handle;
+  if (found + 1 != windows_.end()) return (found + 1)->handle;
+  return circle_ ? windows_.front().handle : 0;
 }
 
 bool SimProcesses::StillThere(WindowHandle window) {

@@ -80,6 +80,9 @@ class SimProcesses final : public Processes, public ForeignWindows {
   std::vector<ProcessId> Named(const std::string& executable);
   /// The one process of that name; it is a fault of the test when there are none or several.
   SimProcess& TheOne(const std::string& executable);
+  /// Behind the last window lies the first one again.
+  void TurnInACircle(bool turns = true) { circle_ = turns; }
+
   const std::vector<SimWindow>& Windows() const { return windows_; }
   SimWindow* WindowOf(ProcessId id);
   std::size_t Launches() const { return launches_; }
@@ -100,6 +103,7 @@ class SimProcesses final : public Processes, public ForeignWindows {
   std::vector<SimProcess> processes_;
   std::vector<SimWindow> windows_;
   std::vector<WindowHandle> vanishing_;
+  bool circle_ = false;
   ProcessId lastId_ = 1000;
   WindowHandle lastWindow_ = 0x10000;
   std::size_t launches_ = 0;

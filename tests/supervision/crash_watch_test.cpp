@@ -50,6 +50,21 @@ TEST_F(Crashes, AServerWithoutAWindowIsEndedAndReplaced) {
   EXPECT_NE(Process(kMap).id, old);
 }
 
+TEST_F(Crashes, ASearchThatComesToNoResultChangesNothing) {
+  const ProcessId map = Process(kMap).id;
+  const auto handle = launcher->Of(ComponentKind::Map).RunningHandle;
+  machine.processes.CloseWindows(map);
+  machine.processes.TurnInACircle();
+  launcher->Pass(5s);
+  EXPECT_EQ(launcher->Log(), "");
+  EXPECT_EQ(Process(kMap).id, map);
+  EXPECT_EQ(launcher->Of(ComponentKind::Map).RunningHandle, handle);
+  EXPECT_NE(handle, 0);
+  machine.processes.TurnInACircle(false);
+  launcher->Pass(5s);
+  EXPECT_EQ(launcher->CountInLog("Map Server crashed, restarting..."), 1u);
+}
+
 TEST_F(Crashes, ACrashTakesTheFreezeWatchBackToOff) {
   for (const char* moment : {"grace", "watching", "frozen"}) {
     launcher->Check("chkAK", 0);

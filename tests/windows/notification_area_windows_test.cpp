@@ -212,5 +212,14 @@ TEST(WindowsCodePageTest, AgreesWithTheSystem) {
   EXPECT_FALSE(codePage.IsLeadByte('A'));
 }
 
+TEST(WindowsCodePageTest, LowersEveryLetterOfTheCodePage) {
+  WindowsCodePage codePage;
+  EXPECT_EQ(codePage.Lowered(""), "");
+  EXPECT_EQ(codePage.Lowered("LOGIN-Server.EXE 1_"), "login-server.exe 1_");
+  if (GetACP() != 1252) GTEST_SKIP() << "code page " << GetACP();
+  EXPECT_EQ(codePage.Lowered("\xC0\xD1\xDE\x8A\x9F"), "\xE0\xF1\xFE\x9A\xFF");
+  EXPECT_EQ(codePage.Lowered("\xD7\xDF\xF1"), "\xD7\xDF\xF1");
+}
+
 }  // namespace
 }  // namespace tarvo

@@ -1,14 +1,11 @@
 #include "ui/windows/dpi.h"
 
+#include "platform/windows/late_call.h"
+
 namespace tarvo {
 namespace {
 
-/// Calls that only newer systems have are looked up, so that the program runs on older ones too.
-template <class Function>
-Function FindUserFunction(const char* name) {
-  const FARPROC found = GetProcAddress(GetModuleHandleA("user32.dll"), name);
-  return reinterpret_cast<Function>(reinterpret_cast<void*>(found));
-}
+constexpr char kLibrary[] = "user32.dll";
 
 using GetDpiForWindowCall = UINT(WINAPI*)(HWND);
 using AdjustForDpiCall = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
@@ -24,13 +21,13 @@ int SystemDpi() {
 }
 
 int DpiOf(HWND window) {
-  static const auto getDpi = FindUserFunction<GetDpiForWindowCall>("GetDpiForWindow");
+  static const auto getDpi = LateCall<GetDpiForWindowCall>(kLibrary, "GetDpiForWindow");
   const int dpi = getDpi ? static_cast<int>(getDpi(window)) : 0;
   return dpi > 0 ? dpi : SystemDpi();
 }
 
 void GrowToWindow(RECT& rectangle, HWND window, int dpi) {
-  static const auto adjust = FindUserFunction<AdjustForDpiCall>("AdjustWindowRectExForDpi");
+  static const auto adjust = LateCall<AdjustForDpiCall>(kLibrary, "AdjustWindowRectExForDpi");
   const auto style = static_cast<DWORD>(GetWindowLongPtrA(window, GWL_STYLE));
   const auto extended = static_cast<DWORD>(GetWindowLongPtrA(window, GWL_EXSTYLE));
   if (adjust && adjust(&rectangle, style, FALSE, extended, static_cast<UINT>(dpi))) return;
@@ -39,7 +36,7 @@ void GrowToWindow(RECT& rectangle, HWND window, int dpi) {
 
 LOGFONTW MessageFontAt(int dpi) {
   static const auto parameters =
-      FindUserFunction<ParametersForDpiCall>("SystemParametersInfoForDpi");
+      LateCall<ParametersForDpiCall>(kLibrary, "SystemParametersInfoForDpi");
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
   if (parameters &&

@@ -10,6 +10,16 @@ namespace {
 
 constexpr UINT_PTR kKeysId = 1;
 
+/// The native box is one of UTF-16, whose low byte says nothing of a character outside of 8 bits.
+char KeyOf(WPARAM character) {
+  constexpr WPARAM kLastOfOneByte = 0xFF;
+  return character > kLastOfOneByte ? TextBox::kOtherCharacter : static_cast<char>(character);
+}
+
+bool IsKeyOfPasting(UINT message, WPARAM key) {
+  return message == WM_KEYDOWN && key == VK_INSERT && GetKeyState(VK_SHIFT) < 0;
+}
+
 }  // namespace
 
 TextWidget::TextWidget(Stage& stage, HWND parent, int id, TextBox& box, std::string widest)
@@ -33,7 +43,9 @@ void TextWidget::Command(int code) {
 LRESULT CALLBACK TextWidget::Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
                                   DWORD_PTR self) {
   auto* widget = reinterpret_cast<TextWidget*>(self);
-  if (message == WM_CHAR && !widget->LetsThrough(static_cast<char>(w))) return 0;
+  if (message == WM_CHAR && !widget->LetsThrough(KeyOf(w))) return 0;
+  // Unlike Ctrl+V these keys make no character for the filter to see.
+  if (IsKeyOfPasting(message, w) && widget->control_.onKeyPress) return 0;
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Keys, id);
   return DefSubclassProc(window, message, w, l);
 }
@@ -57,11 +69,15 @@ void TextWidget::FocusMoved(bool gained) {
 }
 
 void TextWidget::TakeCaret() {
+  NoteShownCaret();
+  control_.MoveCaret(shownCaret_, shownSelection_);
+}
+
+void TextWidget::NoteShownCaret() {
   DWORD start = 0;
   DWORD end = 0;
   SendMessageA(Window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
                reinterpret_cast<LPARAM>(&end));
-  control_.MoveCaret(start, end - start);
   shownCaret_ = start;
   shownSelection_ = end - start;
 }
@@ -72,12 +88,11 @@ void TextWidget::Access() {
 }
 
 void TextWidget::Typed() {
+  NoteShownCaret();
   typing_ = true;
-  stage_.Happens([this] { control_.Type(TextOf(Window())); });
+  stage_.Happens([this] { control_.Type(TextOf(Window()), shownCaret_); });
   typing_ = false;
-  shownCaret_ = control_.Caret();
-  shownSelection_ = control_.SelectionLength();
-  if (TextOf(Window()) != control_.Text()) Show();
+  Show();
 }
 
 void TextWidget::Show() {
@@ -124,8 +139,11 @@ void ListWidget::TakeLook() {
   // The closed list is as high as every other field; its frame takes 6 pixels of the height.
   SendMessageA(Window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
                stage_.look.ControlHeight() - 6);
-  SendMessageA(Window(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(WidestItem() + stage_.look.Px(36)),
-               0);
+}
+
+void ListWidget::WidenOpenList() {
+  const auto width = static_cast<WPARAM>(WidestItem() + stage_.look.Px(36));
+  SendMessageA(Window(), CB_SETDROPPEDWIDTH, width, 0);
 }
 
 int ListWidget::Selection() const {
@@ -133,6 +151,7 @@ int ListWidget::Selection() const {
 }
 
 void ListWidget::Command(int code) {
+  if (code == CBN_DROPDOWN) WidenOpenList();
   const bool chosen = code == CBN_SELCHANGE;
   // A list that is closed without a choice may have moved its selection on the way.
   const bool moved = code == CBN_CLOSEUP && Selection() != control_.ListIndex();
@@ -153,10 +172,6 @@ void ListWidget::ShowItems() {
   const auto shown = static_cast<std::size_t>(SendMessageA(Window(), CB_GETCOUNT, 0, 0));
   for (std::size_t i = shown; i < items.size(); ++i) {
     SendMessageA(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(items[i].c_str()));
-  }
-  if (shown < items.size()) {
-    SendMessageA(Window(), CB_SETDROPPEDWIDTH,
-                 static_cast<WPARAM>(WidestItem() + stage_.look.Px(36)), 0);
   }
 }
 

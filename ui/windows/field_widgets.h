@@ -26,6 +26,7 @@ class TextWidget : public Mirror<TextBox> {
   void FocusMoved(bool gained);
   bool LetsThrough(char key);
   void TakeCaret();
+  void NoteShownCaret();
   void ShowCaret();
 
   std::string widest_;
@@ -52,6 +53,7 @@ class ListWidget : public Mirror<DropDownList> {
   int Selection() const;
   int WidestItem() const;
   void ShowItems();
+  void WidenOpenList();
 
   int smallest_;
   int largest_;

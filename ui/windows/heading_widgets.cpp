@@ -31,7 +31,7 @@ Extent HeadingWidget::Natural() const {
 }
 
 void HeadingWidget::TakeLook() {
-  SendMessageA(Window(), WM_SETFONT, reinterpret_cast<WPARAM>(stage_.look.BoldFont()), TRUE);
+  SendMessageA(Window(), WM_SETFONT, reinterpret_cast<WPARAM>(stage_.look.BoldFont()), FALSE);
 }
 
 WarningWidget::WarningWidget(Stage& stage, HWND parent, const std::string& text) : Widget(stage) {

@@ -5,6 +5,8 @@
 namespace tarvo {
 namespace {
 
+constexpr int kLogPage = 0;
+
 bool Down(int key) { return (GetKeyState(key) & 0x8000) != 0; }
 
 bool IsPushButton(HWND window) {
@@ -40,7 +42,7 @@ bool MainFrame::PageKey(const MSG& message) {
 
 /// The keys of a search go to the log wherever the focus is, while the log is to be seen.
 bool MainFrame::SearchKey(const MSG& message) {
-  const HWND log = GetDlgItem(status_.Window(), NumberOf("RTLog"));
+  const HWND log = GetDlgItem(Page(kLogPage).Window(), NumberOf("RTLog"));
   const bool find = message.wParam == 'F' && Down(VK_CONTROL) && !Down(VK_MENU);
   if (message.message != WM_KEYDOWN || !(find || message.wParam == VK_F3)) return false;
   if (!IsWindowVisible(log)) return false;

@@ -30,7 +30,7 @@ Extent LabelWidget::Natural() const {
 
 void LabelWidget::TakeLook() {
   const HFONT font = bold_ ? stage_.look.BoldFont() : stage_.look.Font();
-  SendMessageA(Window(), WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  SendMessageA(Window(), WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
 }
 
 std::string LabelWidget::Tip() const {

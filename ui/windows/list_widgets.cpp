@@ -36,13 +36,16 @@ void ListBoxWidget::Command(int code) {
   Show();
 }
 
+/// Items that the natural width has room for ask for no scroll bar: it would take a line away, for
+/// which the list would want the other bar, and then both would be needed.
 void ListBoxWidget::MeasureItems() {
   int widest = 0;
   for (const std::string& item : control_.Items()) {
     widest = std::max(widest, stage_.look.TextExtent(item, false, true).width);
   }
-  SendMessageA(Window(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + stage_.look.Px(4)),
-               0);
+  const bool fits = widest <= stage_.look.TextExtent(widest_, false, true).width;
+  SendMessageA(Window(), LB_SETHORIZONTALEXTENT,
+               fits ? 0 : static_cast<WPARAM>(widest + stage_.look.Px(4)), 0);
 }
 
 void ListBoxWidget::ShowItems() {

@@ -2,8 +2,16 @@
 
 #include <richedit.h>
 
+#include "platform/windows/late_call.h"
+
 namespace tarvo {
 namespace {
+
+/// No start needs the library of the system's dialogs, and it brings many others with it.
+HWND FindTextDialog(FINDREPLACEA& record) {
+  static const auto call = LateCall<decltype(&FindTextA)>("comdlg32.dll", "FindTextA");
+  return call ? call(&record) : nullptr;
+}
 
 UINT DialogMessage() {
   static const UINT message = RegisterWindowMessageA(FINDMSGSTRINGA);
@@ -29,7 +37,7 @@ void LogSearch::Ask() {
   record_.Flags = FR_DOWN | FR_HIDEWHOLEWORD;
   record_.lpstrFindWhat = wanted_;
   record_.wFindWhatLen = sizeof wanted_;
-  dialog_ = FindTextA(&record_);
+  dialog_ = FindTextDialog(record_);
 }
 
 void LogSearch::Again(bool backwards) {

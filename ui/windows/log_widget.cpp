@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "ui/readable.h"
 #include "ui/windows/dpi.h"
@@ -14,6 +15,7 @@ namespace tarvo {
 namespace {
 
 constexpr int kTwipsPerInch = 1440;
+constexpr char kLineEnd[] = "\r\n";
 
 /// Entries of the menu; 0 is none.
 enum Command { kCopy = 1, kSelectAll, kFind, kOpenFile };
@@ -67,6 +69,7 @@ LogWidget::LogWidget(Stage& stage, HWND parent, int id, RichTextView& view) : Mi
 }
 
 void LogWidget::Detach() {
+  CatchUp();
   Mirror::Detach();
   control_.SetRichTextMirror(nullptr);
   search_.Close();
@@ -78,6 +81,7 @@ Extent LogWidget::Natural() const {
 }
 
 void LogWidget::TakeLook() {
+  CatchUp();
   const Still still(Window());
   const Reading reading = Remember();
   if (plain_ != HighContrast() || ground_ != GetSysColor(COLOR_WINDOW)) {
@@ -121,7 +125,6 @@ bool LogWidget::ShowsEnd() const {
 LogWidget::Reading LogWidget::Remember() const {
   Reading reading;
   SendMessageA(Window(), EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&reading.selection));
-  reading.length = Length();
   const bool selected = reading.selection.cpMin != reading.selection.cpMax;
   reading.atEnd = !selected && ShowsEnd();
   POINTL corner{1, 1};
@@ -132,22 +135,19 @@ LogWidget::Reading LogWidget::Remember() const {
 }
 
 void LogWidget::ScrollToEnd() {
-  const LONG end = Length();
-  CHARRANGE behindAll{end, end};
-  SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&behindAll));
+  GoToEnd();
   SendMessageA(Window(), WM_VSCROLL, SB_BOTTOM, 0);
 }
 
 /// Letters that were taken off the beginning move the place that is read by as many.
 void LogWidget::Restore(const Reading& reading) {
   if (reading.atEnd) return ScrollToEnd();
-  const LONG gone = std::max(0L, reading.length - Length());
-  CHARRANGE selection = {std::max(0L, reading.selection.cpMin - gone),
-                         std::max(0L, reading.selection.cpMax - gone)};
+  CHARRANGE selection = {std::max(0L, reading.selection.cpMin - reading.gone),
+                         std::max(0L, reading.selection.cpMax - reading.gone)};
   SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&selection));
   POINTL scroll{};
   SendMessageA(Window(), EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
-  scroll.y += HeightOf(std::max(0L, reading.topLetter - gone)) - reading.topHeight;
+  scroll.y += HeightOf(std::max(0L, reading.topLetter - reading.gone)) - reading.topHeight;
   SendMessageA(Window(), EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
 }
 
@@ -157,10 +157,15 @@ LONG LogWidget::HeightOf(LONG letter) const {
   return place.y;
 }
 
-void LogWidget::Insert(const ColouredText& piece) {
+/// Puts the caret behind all text.
+void LogWidget::GoToEnd() {
   const LONG end = Length();
   CHARRANGE behindAll{end, end};
   SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&behindAll));
+}
+
+/// At the caret, which stands behind it then.
+void LogWidget::Insert(const ColouredText& piece) {
   CHARFORMATA format{};
   format.cbSize = sizeof format;
   format.dwMask = CFM_COLOR;
@@ -168,13 +173,48 @@ void LogWidget::Insert(const ColouredText& piece) {
   format.dwEffects = plain_ ? CFE_AUTOCOLOR : 0;
   SendMessageA(Window(), EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
   SendMessageA(Window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(piece.text.c_str()));
+  shown_ += piece.text;
 }
 
 void LogWidget::Appended(const ColouredText& piece) {
+  FallBehind();
+  // A line end has no colour to be seen.
+  if (piece.text == kLineEnd && !missing_.empty()) {
+    missing_.back().text += kLineEnd;
+  } else {
+    missing_.push_back(piece);
+  }
+}
+
+/// Pieces that are more than all that is left would be put in for nothing.
+void LogWidget::Replaced(const std::string& source) {
+  FallBehind();
+  outdated_ = true;
+  std::size_t length = 0;
+  for (const ColouredText& piece : missing_) length += piece.text.size();
+  if (length > source.size()) missing_.clear();
+}
+
+/// Any message makes it catch up, so one is sent on its way.
+void LogWidget::FallBehind() {
+  if (!behind_) PostMessageA(Window(), WM_NULL, 0, 0);
+  behind_ = true;
+}
+
+/// Shows what the view has been given since the last time, all of it at once.
+void LogWidget::CatchUp() {
+  if (!std::exchange(behind_, false)) return;
+  const std::vector<ColouredText> pieces = std::exchange(missing_, {});
+  const bool outdated = std::exchange(outdated_, false);
   const Still still(Window());
-  const Reading reading = Remember();
-  Insert(piece);
-  // Nothing was taken off, however much longer the text is now.
+  Reading reading = Remember();
+  GoToEnd();
+  for (const ColouredText& piece : pieces) Insert(piece);
+  if (outdated) {
+    const LONG whole = Length();
+    if (!DropOldest(control_.Text())) StreamIn(control_.Source());
+    reading.gone = std::max(0L, whole - Length());
+  }
   Restore(reading);
 }
 
@@ -189,22 +229,17 @@ void LogWidget::StreamIn(const std::string& source) {
   ApplyContrast();
   // A rich edit drops the line end that its source ends with.
   const bool ended = SendMessageA(Window(), EM_LINELENGTH, static_cast<WPARAM>(Length()), 0) == 0;
-  if (!ended && source.ends_with("\\par\r\n}\r\n")) Insert({0, "\r\n"});
-}
-
-void LogWidget::Replaced(const std::string& source) {
-  const Still still(Window());
-  const Reading reading = Remember();
-  if (!DropOldest(control_.Text())) StreamIn(source);
-  Restore(reading);
+  GoToEnd();
+  if (!ended && source.ends_with("\\par\r\n}\r\n")) Insert({0, kLineEnd});
+  shown_ = control_.Text();
 }
 
 /// Takes off the beginning what `kept` no longer has. False, and nothing done, when `kept` is not
 /// the end of what is shown. Reading a source anew costs some rich edits memory that they never
 /// give back.
 bool LogWidget::DropOldest(const std::string& kept) {
-  const std::string shown = TextOf(Window());
-  if (!shown.ends_with(kept)) return false;
+  if (!shown_.ends_with(kept)) return false;
+  shown_ = kept;
   const CHARRANGE gone{0, Length() - LettersIn(kept)};
   SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&gone));
   SendMessageA(Window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(""));
@@ -277,6 +312,7 @@ void LogWidget::Do(int command) {
 LRESULT CALLBACK LogWidget::Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
                                  DWORD_PTR self) {
   auto& log = *reinterpret_cast<LogWidget*>(self);
+  log.CatchUp();
   // Tab and Escape belong to the window around it: the log is for reading.
   if (message == WM_GETDLGCODE) return DLGC_WANTARROWS;
   if (message == WM_KEYDOWN && log.Key(w)) return 0;

@@ -4,6 +4,9 @@
 
 #include <richedit.h>
 
+#include <string>
+#include <vector>
+
 #include "ui/rich_text_view.h"
 #include "ui/windows/log_search.h"
 #include "ui/windows/widget.h"
@@ -12,7 +15,8 @@ namespace tarvo {
 
 /// The log's native view. New text comes in at the end without the rest being drawn again, and the
 /// view follows it while the operator looks at the end; one who reads further up, or has selected
-/// something, keeps his place.
+/// something, keeps his place. What comes within one event is shown at once when the event is over,
+/// and whoever asks the window before is shown it first.
 ///
 /// The right mouse button or the menu key shows what else can be done: copy, select all, find
 /// (Ctrl+F, then F3 and Shift+F3), open the day's file. On a dark ground the colours are lighter;
@@ -33,9 +37,9 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   struct Reading {
     bool atEnd = true;
     CHARRANGE selection{};
-    LONG length = 0;     ///< Of the text then.
     LONG topLetter = 0;  ///< The first one in view.
     LONG topHeight = 0;  ///< Where it stands, in pixels under the upper edge.
+    LONG gone = 0;       ///< Letters taken off the beginning since then.
   };
 
   static LRESULT CALLBACK Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
@@ -46,6 +50,9 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   Reading Remember() const;
   void Restore(const Reading& reading);
   void ScrollToEnd();
+  void FallBehind();
+  void CatchUp();
+  void GoToEnd();
   void Insert(const ColouredText& piece);
   bool DropOldest(const std::string& kept);
   void StreamIn(const std::string& source);
@@ -56,7 +63,11 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   void Do(int command);
 
   LogSearch search_;
-  bool plain_ = false;  ///< In the system's colours.
+  bool plain_ = false;     ///< In the system's colours.
+  bool behind_ = false;    ///< The window does not show yet what follows.
+  bool outdated_ = false;  ///< Lines are gone from the view's beginning, or all is another.
+  std::vector<ColouredText> missing_;
+  std::string shown_;  ///< The window's text.
   COLORREF ground_ = GetSysColor(COLOR_WINDOW);
 };
 

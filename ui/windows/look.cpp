@@ -34,6 +34,11 @@ COLORREF TabPageColour(HWND window) {
 
 }  // namespace
 
+Look::~Look() {
+  Drop();
+  DeleteDC(measuring_);
+}
+
 void Look::Renew(HWND window) {
   Drop();
   dpi_ = DpiOf(window);
@@ -68,13 +73,11 @@ Extent Look::TextExtent(const std::string& text, bool bold, bool plain) const {
 }
 
 Extent Look::Measure(const std::string& text, bool bold, bool plain) const {
-  const HDC screen = GetDC(nullptr);
-  const HGDIOBJ before = SelectObject(screen, bold ? boldFont_ : font_);
+  const HGDIOBJ before = SelectObject(measuring_, bold ? boldFont_ : font_);
   RECT box{};
-  DrawTextA(screen, text.c_str(), static_cast<int>(text.size()), &box,
+  DrawTextA(measuring_, text.c_str(), static_cast<int>(text.size()), &box,
             DT_CALCRECT | DT_SINGLELINE | (plain ? DT_NOPREFIX : 0U));
-  SelectObject(screen, before);
-  ReleaseDC(nullptr, screen);
+  SelectObject(measuring_, before);
   return {static_cast<int>(box.right), static_cast<int>(box.bottom)};
 }
 

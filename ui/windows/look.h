@@ -14,7 +14,7 @@ namespace tarvo {
 class Look {
  public:
   Look() = default;
-  ~Look() { Drop(); }
+  ~Look();
   Look(const Look&) = delete;
   Look& operator=(const Look&) = delete;
 
@@ -44,6 +44,7 @@ class Look {
   void Drop();
   Extent Measure(const std::string& text, bool bold, bool plain) const;
 
+  HDC measuring_ = CreateCompatibleDC(nullptr);
   /// Captions are measured over and over while pages are laid out, and the system is slow at it.
   mutable std::map<Measured, Extent> extents_;
   int dpi_ = 96;

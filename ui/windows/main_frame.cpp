@@ -55,27 +55,22 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
       header_(Begun(stage_, window_), window_),
       tabs_(stage_, window_, NumberOf("SSTab1"), form.frame.SSTab1,
             {"Status", "Servers", "Server Battle Randomizer ", "Upgrade"}),
-      status_(stage_, window_),
-      servers_(stage_, window_),
-      randomizer_(stage_, window_),
-      upgrade_(stage_, window_),
-      pages_{&status_, &servers_, &randomizer_, &upgrade_},
       timers_(stage_, timers, window_) {
   SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  std::vector<HWND> windows;
-  for (const Panel* page : pages_) windows.push_back(page->Window());
-  tabs_.SetPages(windows);
-  TakeLook();
+  tabs_.TakeLook();
   TakeFirstPlace();
   form.frame.window.SetMirror(this);
   ShowAsWanted();
+  PostMessageA(window_, kCompletePagesMessage, 0, 0);
 }
 
 MainFrame::~MainFrame() {
   stage_.form.frame.window.SetMirror(nullptr);
   header_.Detach();
   tabs_.Detach();
-  for (Panel* page : pages_) page->Detach();
+  for (const auto& page : pages_) {
+    if (page) page->Detach();
+  }
   SetWindowLongPtrA(window_, GWLP_USERDATA, 0);
   DestroyWindow(window_);
 }
@@ -97,12 +92,21 @@ void MainFrame::ShowAsWanted() {
     if (visible) ShowWindow(window_, SW_HIDE);
   } else if (wanted.State() == WindowState::Minimized) {
     if (!visible || !iconic) ShowWindow(window_, SW_SHOWMINNOACTIVE);
-  } else if (!visible || iconic) {
-    ShowWindow(window_, iconic ? SW_RESTORE : SW_SHOW);
+  } else if (iconic) {
+    ShowWindow(window_, SW_RESTORE);
+  } else if (!visible) {
+    ShowFirst();
   }
   if (frontRequests_ == wanted.FrontRequests()) return;
   frontRequests_ = wanted.FrontRequests();
   SetForegroundWindow(window_);
+}
+
+/// A window that begins minimized was never an icon either when another program shows it.
+void MainFrame::ShownFromOutside() {
+  MainWindow& window = stage_.form.frame.window;
+  if (window.Visible() || window.State() != WindowState::Minimized) return;
+  stage_.Happens([&window] { window.SetState(WindowState::Normal); });
 }
 
 void MainFrame::Sized(WPARAM kind) {
@@ -112,7 +116,10 @@ void MainFrame::Sized(WPARAM kind) {
     stage_.Happens([&window] { window.SetState(WindowState::Minimized); });
     return;
   }
-  if (!barsChange_) Arrange();
+  RECT client{};
+  GetClientRect(window_, &client);
+  // The first show tells the size once more.
+  if (!barsChange_ && !EqualRect(&client, &arranged_)) Arrange();
   TellPlace();
   if (!iconic_) return;
   iconic_ = false;
@@ -131,25 +138,31 @@ void MainFrame::TakeLook() {
   stage_.look.Renew(window_);
   header_.TakeLook();
   tabs_.TakeLook();
-  for (Panel* page : pages_) page->TakeLook();
+  for (const auto& page : pages_) {
+    if (page) page->TakeLook();
+  }
   Arrange();
   InvalidateRect(window_, nullptr, TRUE);
 }
 
 void MainFrame::Arrange() {
   const RECT whole = Surface();
+  GetClientRect(window_, &arranged_);
   const LONG margin = stage_.look.Px(kMargin);
   const LONG headerEnd = whole.top + header_.Smallest().height;
-  const RECT room =
+  pageRoom_ =
       tabs_.Occupy({whole.left + margin, headerEnd, whole.right - margin, whole.bottom - margin});
   // What is above the pages has their left and right edge.
-  header_.Occupy({room.left, whole.top, room.right, headerEnd});
-  for (Panel* page : pages_) page->Occupy(room);
+  header_.Occupy({pageRoom_.left, whole.top, pageRoom_.right, headerEnd});
+  for (const auto& page : pages_) {
+    if (page) page->Occupy(pageRoom_);
+  }
 }
 
 Extent MainFrame::SmallestClient() const {
   Extent inside;
-  for (const Panel* page : pages_) {
+  for (const auto& page : pages_) {
+    if (!page) continue;
     const Extent needed = page->Smallest();
     inside.width = std::max(inside.width, needed.width);
     inside.height = std::max(inside.height, needed.height);
@@ -186,6 +199,17 @@ void MainFrame::MoveTo(const RECT& place) {
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void MainFrame::FollowMouse(const MSG& message) {
+  if (message.message < WM_MOUSEFIRST || message.message > WM_MOUSELAST) return;
+  header_.Follow(message);
+  ShownPage().Follow(message);
+}
+
+bool MainFrame::Take(MSG& message) {
+  FollowMouse(message);
+  return TakeKey(message);
+}
+
 void MainFrame::KeepFocus(bool active) {
   const HWND focus = GetFocus();
   if (!active && focus && IsChild(window_, focus)) lastFocus_ = focus;
@@ -201,6 +225,9 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
     case WM_TIMER:
       timers_.Tick();
       return 0;
+    case kCompletePagesMessage:
+      CompletePages();
+      return 0;
     case WM_CLOSE:
       stage_.Happens([this] { stage_.form.frame.window.Close(); });
       return 0;
@@ -215,6 +242,9 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       return 0;
     case WM_DISPLAYCHANGE:
       KeepWithinReach();
+      break;
+    case WM_SHOWWINDOW:
+      if (w && l == 0) ShownFromOutside();
       break;
     case WM_SYSCOMMAND:
       if ((w & 0xFFF0U) == SC_RESTORE) Restoring();

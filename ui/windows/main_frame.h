@@ -2,36 +2,44 @@
 
 #include <windows.h>
 
+#include <array>
+#include <memory>
 #include <optional>
-#include <vector>
 
 #include "ui/windows/header_panel.h"
-#include "ui/windows/randomizer_panel.h"
-#include "ui/windows/servers_panel.h"
 #include "ui/windows/stage.h"
-#include "ui/windows/status_panel.h"
 #include "ui/windows/tab_widget.h"
 #include "ui/windows/timer_pump.h"
-#include "ui/windows/upgrade_panel.h"
 
 namespace tarvo {
 
 /// The main window with all that is in it.
+///
+/// The page that is shown first is made when the window is shown, the others once that has been
+/// painted, or with the first messages of a window that begins hidden: making a hundred controls
+/// takes longer than all else that the start-up does. No message of the operator comes before them.
 class MainFrame : private ControlMirror {
  public:
   MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch);
   ~MainFrame() override;
 
   HWND Window() const { return window_; }
-  /// Takes a message of the loop that belongs to the window's keyboard; true when it is done with.
-  bool TakeKey(MSG& message);
+  /// Takes a message of the loop before it goes to its window; true when it is done with.
+  bool Take(MSG& message);
 
  private:
+  /// Posted to the window once, when it begins: the pages that are not yet there are made then.
+  static constexpr UINT kCompletePagesMessage = WM_APP;
+
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
   static HWND CreateMainWindow(HINSTANCE instance);
   std::optional<LRESULT> Handle(UINT message, WPARAM w, LPARAM l);
   void Refresh(const Control& control) override;
   void ShowAsWanted();
+  void ShowFirst();
+  Panel& Page(int index);
+  void CompletePages();
+  void ShownFromOutside();
 
   void Sized(WPARAM kind);
   void TakeLook();
@@ -59,23 +67,21 @@ class MainFrame : private ControlMirror {
   void KeepFocus(bool active);
   void GiveFocus();
 
+  void FollowMouse(const MSG& message);
+  bool TakeKey(MSG& message);
   bool PageKey(const MSG& message);
   bool SearchKey(const MSG& message);
   bool DialogKey(MSG& message);
   bool AccessKey(const MSG& message);
-  Panel& ShownPage() {
-    return *pages_.at(static_cast<std::size_t>(stage_.form.frame.SSTab1.Page()));
-  }
+  Panel& ShownPage() { return Page(stage_.form.frame.SSTab1.Page()); }
 
   Stage stage_;
   HWND window_;
   HeaderPanel header_;
   TabWidget tabs_;
-  StatusPanel status_;
-  ServersPanel servers_;
-  RandomizerPanel randomizer_;
-  UpgradePanel upgrade_;
-  std::vector<Panel*> pages_;  ///< In the order of their tabs.
+  RECT arranged_{};
+  RECT pageRoom_{};
+  std::array<std::unique_ptr<Panel>, 4> pages_;  ///< In the order of their tabs.
   TimerPump timers_;
   HWND lastFocus_ = nullptr;
   int frontRequests_ = 0;

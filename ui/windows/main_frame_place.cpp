@@ -46,7 +46,9 @@ void MainFrame::TakeStanding() {
 
 void MainFrame::TellPlace() {
   if (!IsWindowVisible(window_) || IsIconic(window_) || IsZoomed(window_)) return;
-  told_ = PlaceOf(window_);
+  const Place place = PlaceOf(window_);
+  if (place == told_) return;
+  told_ = place;
   stage_.form.frame.window.MovedTo(*told_);
 }
 

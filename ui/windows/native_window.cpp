@@ -25,7 +25,7 @@ std::intptr_t NativeWindow::Handle() const {
 int NativeWindow::Run() {
   MSG message{};
   while (!impl_->window.Ended() && GetMessageA(&message, nullptr, 0, 0) > 0) {
-    if (impl_->frame.TakeKey(message)) continue;
+    if (impl_->frame.Take(message)) continue;
     TranslateMessage(&message);
     DispatchMessageA(&message);
   }

@@ -8,9 +8,11 @@ namespace {
 constexpr char kClass[] = "TarvoPanel";
 constexpr int kFramedGap = 4;  ///< Between a frame and the text in it, at 100 %.
 
-HWND CreatePanelWindow(HINSTANCE instance, HWND parent) {
-  return CreateWindowExA(WS_EX_CONTROLPARENT, kClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN,
-                         0, 0, 0, 0, parent, nullptr, instance, nullptr);
+/// A page is shown when its tab is chosen, what is around the pages at once.
+HWND CreatePanelWindow(HINSTANCE instance, HWND parent, bool shown) {
+  return CreateWindowExA(WS_EX_CONTROLPARENT, kClass, "",
+                         WS_CHILD | WS_CLIPCHILDREN | (shown ? WS_VISIBLE : 0), 0, 0, 0, 0, parent,
+                         nullptr, instance, nullptr);
 }
 
 /// The focused check box without text, on this panel; nothing else has its focus drawn for it.
@@ -39,7 +41,8 @@ void Shrink(Place& place, int gap) {
 Panel::Panel(Stage& stage, HWND parent, Ground ground)
     : stage_(stage),
       ground_(ground),
-      window_((RegisterClassOnce(stage.instance), CreatePanelWindow(stage.instance, parent))),
+      window_((RegisterClassOnce(stage.instance),
+               CreatePanelWindow(stage.instance, parent, ground == Ground::Window))),
       tips_(stage, window_) {
   SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
@@ -56,8 +59,17 @@ void Panel::RegisterClassOnce(HINSTANCE instance) {
 
 void Panel::Keep(std::optional<Slot> slot, std::unique_ptr<Widget> widget) {
   widget->TakeLook();
-  if (slot) tips_.Add(*widget);
   entries_.push_back({slot, std::move(widget)});
+}
+
+void Panel::OfferTips() {
+  if (tips_.IsOpen()) return;
+  tips_.Open();
+  for (const Entry& entry : entries_) {
+    if (!entry.slot) continue;
+    tips_.Add(*entry.widget);
+    tips_.Placed(*entry.widget);
+  }
 }
 
 void Panel::Detach() {
@@ -116,7 +128,7 @@ void Panel::Occupy(const RECT& area) {
 void Panel::TakeLook() {
   tips_.TakeLook();
   for (Entry& entry : entries_) entry.widget->TakeLook();
-  InvalidateRect(window_, nullptr, TRUE);
+  RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 HBRUSH Panel::Brush() const {

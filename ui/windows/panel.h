@@ -49,6 +49,10 @@ class Panel {
   Extent Smallest() const;
   void Occupy(const RECT& area);
   void TakeLook();
+  /// Makes the tool tips: the window can be seen and used without them.
+  void OfferTips();
+  /// Looks at a mouse message of the loop, for the tool tips.
+  void Follow(const MSG& message) { tips_.Follow(message); }
   /// Ends the mirroring of all controls.
   void Detach();
   /// Does what that access key asks for; false when no widget has it.

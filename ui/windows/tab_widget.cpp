@@ -2,13 +2,11 @@
 
 #include <commctrl.h>
 
-#include <utility>
-
 namespace tarvo {
 
 TabWidget::TabWidget(Stage& stage, HWND parent, int id, TabView& tabs,
                      const std::vector<std::string>& titles)
-    : Mirror(stage, tabs) {
+    : Mirror(stage, tabs), pages_(titles.size()) {
   Create(parent, WC_TABCONTROLA, "", WS_TABSTOP | WS_CLIPSIBLINGS, 0, id);
   for (const std::string& title : titles) {
     std::string text = title;
@@ -40,8 +38,8 @@ Extent TabWidget::FrameExtent() const {
 
 Extent TabWidget::Natural() const { return FrameExtent(); }
 
-void TabWidget::SetPages(std::vector<HWND> pages) {
-  pages_ = std::move(pages);
+void TabWidget::SetPage(std::size_t tab, HWND page) {
+  pages_.at(tab) = page;
   Show();
 }
 
@@ -75,6 +73,7 @@ void TabWidget::Show() {
     SendMessageA(Window(), TCM_SETCURSEL, static_cast<WPARAM>(page), 0);
   }
   for (std::size_t i = 0; i < pages_.size(); ++i) {
+    if (!pages_[i]) continue;
     const bool shown = static_cast<int>(i) == page;
     // The keyboard must not stay on a page that goes out of sight.
     if (!shown && IsChild(pages_[i], GetFocus())) SetFocus(Window());

@@ -16,8 +16,8 @@ class TabWidget : public Mirror<TabView> {
   Extent Natural() const override;
   void TakeLook() override;
 
-  /// The pages in the order of the tabs; each is as visible as its tab is chosen.
-  void SetPages(std::vector<HWND> pages);
+  /// The page of a tab, counted from 0: as visible as its tab is chosen.
+  void SetPage(std::size_t tab, HWND page);
   /// Takes its place and gives back the room for a page in it.
   RECT Occupy(const RECT& area);
   /// What `Occupy` takes away from a page's room.

@@ -15,7 +15,7 @@ constexpr int kShownFor = 20000;
 TOOLINFOA ToolOf(HWND panel, UINT_PTR id, UINT flags) {
   TOOLINFOA tool{};
   tool.cbSize = sizeof tool;
-  tool.uFlags = flags | TTF_SUBCLASS;
+  tool.uFlags = flags;
   tool.hwnd = panel;
   tool.uId = id;
   tool.lpszText = LPSTR_TEXTCALLBACKA;
@@ -33,13 +33,12 @@ const Widget* WidgetOf(const NMTTDISPINFOA& request) {
 
 }  // namespace
 
-ToolTips::ToolTips(Stage& stage, HWND panel)
-    : stage_(stage),
-      panel_(panel),
-      window_(CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
-                              WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, panel, nullptr,
-                              stage.instance, nullptr)) {
+void ToolTips::Open() {
+  window_ = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
+                            WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, panel_, nullptr,
+                            stage_.instance, nullptr);
   SendMessageA(window_, TTM_SETDELAYTIME, TTDT_AUTOPOP, kShownFor);
+  TakeLook();
 }
 
 void ToolTips::Add(const Widget& widget) {
@@ -59,6 +58,12 @@ void ToolTips::Placed(const Widget& widget) {
 void ToolTips::TakeLook() {
   SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(stage_.look.Font()), FALSE);
   SendMessageA(window_, TTM_SETMAXTIPWIDTH, 0, stage_.look.Px(kWidestTip));
+}
+
+void ToolTips::Follow(const MSG& message) {
+  if (message.hwnd != panel_ && GetParent(message.hwnd) != panel_) return;
+  MSG copy = message;
+  SendMessageA(window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&copy));
 }
 
 bool ToolTips::Answer(NMHDR& notification) {

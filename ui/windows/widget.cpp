@@ -17,7 +17,7 @@ Widget* Widget::Of(HWND window) {
 }
 
 void Widget::TakeLook() {
-  SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(stage_.look.Font()), TRUE);
+  SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(stage_.look.Font()), FALSE);
 }
 
 void Widget::Refresh(const Control& control) {

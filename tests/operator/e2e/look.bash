@@ -32,7 +32,7 @@ look_fonts() {
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">
 <fontconfig>
   <dir>$fonts</dir>
-  <cachedir prefix="relative">cache</cachedir>
+  <cachedir>$WINE_DIR/fonts/cache</cachedir>
   <match target="font">
     <edit name="antialias"><bool>true</bool></edit>
     <edit name="hintstyle"><const>hintslight</const></edit>

@@ -19,6 +19,25 @@ press BackSpace Tab
 expect_text 0 rEnd
 press alt+x 0 0 9 Tab
 expect_text 9 rEnd
+
+# Characters outside of 8 bits are no digits; a box that takes every key takes them.
+press alt+i BackSpace minus 7 U2030 U2039 5
+expect_text -75 rIni
+press BackSpace alt+t 1 U2030 2
+expect_text 12 txt_Time 0
+press alt+h 4 2 U2030
+expect_text $'42\x89' txtMxD 0
+
+# What a box would not take by keys is not pasted by keys, but by its menu.
+press BackSpace shift+Home ctrl+c Tab
+expect_text 42 txtMxD 0
+press alt+i shift+Insert ctrl+v Tab
+expect_text -7 rIni
+press alt+h End shift+Insert Tab
+expect_text 4242 txtMxD 0
+press alt+i shift+F10 p Tab
+expect_text 42 rIni
+press alt+i BackSpace minus 7 Tab
 press alt+u
 expect_items "base_exp_rate:-7 to 9" lstRnd
 

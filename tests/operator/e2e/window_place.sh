@@ -6,6 +6,10 @@ story_begin "$0" "$@"
 window() { xdotool search --onlyvisible --name '^\[Aurora\] - Tarvo Launcher$' | head -1; }
 geometry() { xdotool getwindowgeometry --shell "$(window)" | grep -E '^(X|Y|WIDTH|HEIGHT)=' | tr '\n' ' '; }
 start_launcher
+close_launcher
+if settings_read "$ROOT" WindowPlace; then fail "a place was saved, though nobody moved the window"; fi
+
+start_launcher
 xdotool windowsize "$(window)" 900 600
 sleep 0.5
 xdotool windowmove "$(window)" 250 180

@@ -1,0 +1,188 @@
+// Floods the log of the launcher's window and prints, one a line, a name and a value:
+//
+//   log-flood LINES BURST      BURST lines in each event, events as fast as the timers allow
+//
+//   first, last                milliseconds that a line takes until it is drawn, the
+//                              median of the first and of the last 1000
+//   lines                      how many are in view at the end
+//   source                     the longest source of the view, in characters
+//   differs                    characters that the window shows other than the view has
+//   moved                      pixels that a line that is read, and selected, moves while 150 come;
+//                              -1 when another text is selected then
+//   answer, idle               the longest that the window took to answer another thread, and an
+//                              idle window at the same time, ms
+
+#include <windows.h>
+// After windows.h, which it needs.
+#include <richedit.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "benches/windows/desktop/asker.h"
+#include "benches/windows/desktop/stopwatch.h"
+#include "core/status_log.h"
+#include "platform/windows/clock_windows.h"
+#include "platform/windows/files_windows.h"
+#include "ui/control_ids.h"
+#include "ui/windows/native_window.h"
+#include "ui/windows/widget.h"
+
+namespace tarvo {
+namespace {
+
+constexpr std::size_t kSample = 1000;
+
+/// The launcher's window with its log, and nothing else behind it.
+class Flood {
+ public:
+  Flood(std::size_t lines, std::size_t burst)
+      : lines_(lines),
+        burst_(burst),
+        form_(timers_),
+        log_(form_.status.RTLog, form_.servers.WLog, form_.servers.LogH, files_, clock_, "."),
+        window_(form_, timers_, dispatch_),
+        source_(timers_, "Flood", 10) {
+    source_.onTick = [this] { Burst(); };
+  }
+
+  int Run() {
+    form_.frame.SSTab1.SetPage(0);
+    form_.frame.window.SetVisible(true);
+    source_.SetEnabled(true);
+    const IdleWindow idle;
+    Asker asker(reinterpret_cast<HWND>(window_.Handle()));
+    Asker idleAsker(idle.Window());
+    window_.Run();
+    Print("answer", asker.Worst());
+    Print("idle", idleAsker.Worst());
+    ReadOn(LogWindow());
+    return 0;
+  }
+
+ private:
+  static void Print(const char* name, double value) { std::printf("%s %.3f\n", name, value); }
+
+  void Burst() {
+    const HWND log = LogWindow();
+    const double begin = Now();
+    for (std::size_t i = 0; i < burst_; ++i) Line();
+    SendMessageA(log, WM_NULL, 0, 0);
+    UpdateWindow(log);
+    took_.insert(took_.end(), burst_, (Now() - begin) / static_cast<double>(burst_));
+    if (took_.size() < lines_) return;
+    Report();
+    form_.frame.window.End(0);
+  }
+
+  /// Texts and levels of the program's own kinds.
+  void Line() {
+    static const char* const kTexts[] = {"Map Server crashed, restarting...",
+                                         "Starting Map Server...", "Listening Map Server",
+                                         "Map Server running with Normal priority."};
+    static constexpr int kLevels[] = {kAlert, kNotice, kInfo, kExtra};
+    const std::size_t kind = ++written_ % std::size(kTexts);
+    log_.LogStatus(kTexts[kind] + std::to_string(written_), kLevels[kind]);
+    longest_ = std::max(longest_, form_.status.RTLog.SourceLength());
+  }
+
+  /// The median, which another program's turn on the processor does not move.
+  double UsualOf(std::size_t from) const {
+    std::vector<double> sample(took_.begin() + static_cast<std::ptrdiff_t>(from),
+                               took_.begin() + static_cast<std::ptrdiff_t>(from + kSample));
+    std::nth_element(sample.begin(), sample.begin() + kSample / 2, sample.end());
+    return sample[kSample / 2];
+  }
+
+  void Report() const {
+    const std::string kept = form_.status.RTLog.Text();
+    const std::string shown = TextOf(LogWindow());
+    Print("first", UsualOf(0));
+    Print("last", UsualOf(took_.size() - kSample));
+    Print("lines", static_cast<double>(std::count(shown.begin(), shown.end(), '\n')));
+    Print("source", static_cast<double>(longest_));
+    const std::size_t common = std::min(kept.size(), shown.size());
+    std::size_t differs = std::max(kept.size(), shown.size()) - common;
+    for (std::size_t i = 0; i < common; ++i) differs += kept[i] != shown[i] ? 1U : 0U;
+    Print("differs", static_cast<double>(differs));
+  }
+
+  /// Someone reads in the middle while lines come, and others go.
+  void ReadOn(HWND log) {
+    constexpr LONG kLength = 20;
+    const auto middle = static_cast<LONG>(TextOf(log).size() / 2);
+    CHARRANGE selection{middle, middle + kLength};
+    SendMessageA(log, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&selection));
+    SendMessageA(log, EM_SCROLLCARET, 0, 0);
+    const std::string selected = SelectedIn(log);
+    const LONG height = HeightOfSelection(log);
+    for (int i = 0; i < 50; ++i) Line();
+    for (int i = 0; i < 100; ++i) {
+      Line();
+      SendMessageA(log, WM_NULL, 0, 0);
+    }
+    const bool same = selected.size() == kLength && SelectedIn(log) == selected;
+    Print("moved", same ? std::abs(HeightOfSelection(log) - height) : -1);
+  }
+
+  static std::string SelectedIn(HWND log) {
+    char text[64] = "";
+    SendMessageA(log, EM_GETSELTEXT, 0, reinterpret_cast<LPARAM>(text));
+    return text;
+  }
+
+  static LONG HeightOfSelection(HWND log) {
+    CHARRANGE selection{};
+    POINTL place{};
+    SendMessageA(log, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&selection));
+    SendMessageA(log, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&place), selection.cpMin);
+    return place.y;
+  }
+
+  HWND LogWindow() const {
+    struct Search {
+      int id;
+      HWND found;
+    } search{FindControlId("RTLog")->firstId, nullptr};
+    EnumChildWindows(
+        reinterpret_cast<HWND>(window_.Handle()),
+        [](HWND window, LPARAM argument) -> BOOL {
+          auto& wanted = *reinterpret_cast<Search*>(argument);
+          if (GetDlgCtrlID(window) == wanted.id) wanted.found = window;
+          return wanted.found == nullptr;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+  }
+
+  const std::size_t lines_;
+  const std::size_t burst_;
+  WindowsTickClock ticks_;
+  WindowsLocalClock clock_;
+  WindowsFileAppender files_;
+  TimerQueue timers_{ticks_};
+  Form form_;
+  EventDispatch dispatch_;
+  StatusLog log_;
+  NativeWindow window_;
+  Timer source_;
+  std::vector<double> took_;  ///< Of each line.
+  std::size_t written_ = 0;
+  std::size_t longest_ = 0;
+};
+
+}  // namespace
+}  // namespace tarvo
+
+int main(int argc, char** argv) {
+  const auto lines = argc == 3 ? std::strtoul(argv[1], nullptr, 10) : 0;
+  const auto burst = argc == 3 ? std::strtoul(argv[2], nullptr, 10) : 0;
+  if (lines < 1000 || burst < 1) {
+    std::fprintf(stderr, "usage: log-flood LINES BURST, at least 1000 and 1\n");
+    return 1;
+  }
+  return tarvo::Flood(lines, burst).Run();
+}

@@ -1,0 +1,10 @@
+# How the benches under Wine print what they have measured, to be sourced.
+
+# figure NAME VALUE UNIT LIMIT: held when the value is at most the limit.
+figure() {
+  local verdict
+  verdict=$(awk -v value="$2" -v limit="$4" 'BEGIN { print value <= limit ? "held" : "short" }')
+  printf '%-48s %10s %-8s limit %-8s %s\n' "$1" "$2" "$3" "$4" "$verdict"
+}
+ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", a / b }'; }
+median() { sort -n | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }

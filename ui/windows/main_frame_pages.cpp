@@ -1,0 +1,78 @@
+#include <windows.h>
+// After windows.h, which it needs.
+#include <commctrl.h>
+
+#include "ui/window_place.h"
+#include "ui/windows/main_frame.h"
+#include "ui/windows/randomizer_panel.h"
+#include "ui/windows/screens.h"
+#include "ui/windows/servers_panel.h"
+#include "ui/windows/status_panel.h"
+#include "ui/windows/upgrade_panel.h"
+
+namespace tarvo {
+namespace {
+
+template <class PageType>
+std::unique_ptr<Panel> Make(Stage& stage, HWND parent) {
+  return std::make_unique<PageType>(stage, parent);
+}
+
+/// In the order of their tabs.
+constexpr std::unique_ptr<Panel> (*kMakers[])(Stage&, HWND) = {
+    Make<StatusPanel>, Make<ServersPanel>, Make<RandomizerPanel>, Make<UpgradePanel>};
+
+LRESULT CALLBACK RefuseClose(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                             DWORD_PTR /*unused*/) {
+  if (message == WM_CLOSE) return 0;
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, RefuseClose, id);
+  return DefSubclassProc(window, message, w, l);
+}
+
+BOOL CALLBACK KeepOpen(HWND window, LPARAM /*unused*/) {
+  if ((GetWindowLongPtrA(window, GWL_STYLE) & WS_CAPTION) != WS_CAPTION) {
+    SetWindowSubclass(window, RefuseClose, 0, 0);
+  }
+  return TRUE;
+}
+
+/// Whoever asks every window of the program to close means the main one, and that may refuse: tool
+/// tips and the open halves of lists stay with it.
+void KeepPopupsOpen() { EnumThreadWindows(GetCurrentThreadId(), KeepOpen, 0); }
+
+}  // namespace
+
+/// Shows the window painted, with the one page that is to be seen.
+void MainFrame::ShowFirst() {
+  ShownPage();
+  if (!told_) told_ = PlaceOf(window_);  // Where nobody moved it needs no telling.
+  ShowWindow(window_, SW_SHOW);
+  UpdateWindow(window_);
+}
+
+Panel& MainFrame::Page(int index) {
+  const auto place = static_cast<std::size_t>(index);
+  std::unique_ptr<Panel>& page = pages_.at(place);
+  if (!page) {
+    page = kMakers[place](stage_, window_);
+    page->Occupy(pageRoom_);
+    tabs_.SetPage(place, page->Window());
+  }
+  return *page;
+}
+
+/// A page that needs more room than the window was given gets it, as far as the screen goes.
+void MainFrame::CompletePages() {
+  const Extent before = SmallestClient();
+  header_.OfferTips();
+  for (std::size_t i = 0; i < pages_.size(); ++i) Page(static_cast<int>(i)).OfferTips();
+  KeepPopupsOpen();
+  if (SmallestClient() == before) return;
+  const Place place = PlaceOf(window_);
+  if (!IsIconic(window_) && Enlarged(place) != place) {
+    TakePlace(FittedInto(Enlarged(place), ScreenOf(window_)));
+  }
+  Arrange();
+}
+
+}  // namespace tarvo
