@@ -43,7 +43,7 @@ XML
   export FONTCONFIG_FILE=$WINE_DIR/fonts/fonts.conf
 }
 
-# Both count from the next start of Windows.
+# Both count from the next start of Windows, so they end all programs.
 look_at_scale() {
   LOOK_SCALE=$1
   wine_run reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d $((96 * $1 / 100)) /f >/dev/null
@@ -71,7 +71,7 @@ look_blots() {
   for i in 0 1 2; do look_blot $(look_place "$state" Strip $i); done
   grep -q '^RTLog .*visible=1' <<<"$state" || return 0
   read -r left top width height < <(look_place "$state" RTLog)
-  look_blot "$left" "$top" $((106 * LOOK_SCALE / 100)) "$height"
+  look_blot "$left" "$top" $((118 * LOOK_SCALE / 100)) "$height"
 }
 
 look_window() { xdotool search --onlyvisible --name ' - Tarvo Launcher$' | head -1; }

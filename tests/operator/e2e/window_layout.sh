@@ -10,7 +10,6 @@ expect_layout() {
   local faults
   start_launcher
   faults=$(operate layout) || fail "$1: $faults"
-  close_launcher
 }
 
 for scale in 100 125 150 200 300; do

@@ -51,7 +51,6 @@ for scale in 125 150 200 300; do
   look_at_scale $scale
   first_start
   look_at_pages "light-$scale"
-  close_launcher
 done
 
 for scheme in light black; do
@@ -60,7 +59,5 @@ for scheme in light black; do
   first_start
   put_to_use
   look_at_pages "$scheme-100"
-  operate click bStart 4
-  close_launcher
 done
 look_end
