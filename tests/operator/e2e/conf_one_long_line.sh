@@ -8,7 +8,7 @@ launcher_start "$ROOT"
 operate wait-window 20 || fail "no window"
 expect_log 20 "Launcher Ready!"
 operate text RTLog | grep -q '^20.*: Map Server: 127\.0\.0\.1 xxx.*xxx\.\.\.' || fail "no beginning of the long line"
-operate text RTLog | awk '{ if (length($0) > 9000) exit 1 }' || fail "a line is longer than can be shown"
+operate text RTLog | awk '{ if (length($0) > 1100) exit 1 }' || fail "a line is longer than can be shown"
 operate click bStart 0
 expect_log 20 "Login Server Started!"
 expect_no_log "xxx"
