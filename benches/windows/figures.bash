@@ -1,7 +1,8 @@
-# How the benches under Wine print what they have measured, to be sourced.
+# How the benches under Wine print what they have measured, to be sourced behind story.sh.
 
-# figure NAME VALUE UNIT LIMIT: held when the value is at most the limit.
+# figure NAME VALUE UNIT LIMIT: held when the value is at most the limit. Without a value the bench fails.
 figure() {
+  [[ $2 =~ ^-?[0-9.]+$ ]] || fail "no value of: $1"
   local verdict
   verdict=$(awk -v value="$2" -v limit="$4" 'BEGIN { print value <= limit ? "held" : "short" }')
   printf '%-48s %10s %-8s limit %-8s %s\n' "$1" "$2" "$3" "$4" "$verdict"

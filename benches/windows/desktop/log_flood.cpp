@@ -8,7 +8,7 @@
 //   source                     the longest source of the view, in characters
 //   differs                    characters that the window shows other than the view has
 //   moved                      pixels that a line that is read, and selected, moves while 150 come;
-//                              -1 when another text is selected then
+//                              10000 when another text is selected then
 //   answer, idle               the longest that the window took to answer another thread, and an
 //                              idle window at the same time, ms
 
@@ -125,7 +125,7 @@ class Flood {
       SendMessageA(log, WM_NULL, 0, 0);
     }
     const bool same = selected.size() == kLength && SelectedIn(log) == selected;
-    Print("moved", same ? std::abs(HeightOfSelection(log) - height) : -1);
+    Print("moved", same ? std::abs(HeightOfSelection(log) - height) : 10000);
   }
 
   static std::string SelectedIn(HWND log) {
