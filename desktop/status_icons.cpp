@@ -4,20 +4,18 @@ namespace tarvo {
 
 IconHandle StatusIcons::For(const AlarmStates& states) {
   const int size = icons_.NotificationSize();
-  if (size != size_) Forget();
+  if (shown_ != 0 && states == states_ && size == size_) return shown_;
+  icons_.Destroy(before_);
+  before_ = shown_;
+  states_ = states;
   size_ = size;
-  std::size_t place = 0;
-  for (AlarmState state : states) place = place * kStates + static_cast<std::size_t>(state);
-  IconHandle& icon = made_[place];
-  if (icon == 0) icon = icons_.Create(DrawStatusPicture(states, size));
-  return icon;
+  shown_ = icons_.Create(DrawStatusPicture(states, size));
+  return shown_;
 }
 
-void StatusIcons::Forget() {
-  for (IconHandle& icon : made_) {
-    icons_.Destroy(icon);
-    icon = 0;
-  }
+StatusIcons::~StatusIcons() {
+  icons_.Destroy(before_);
+  icons_.Destroy(shown_);
 }
 
 }  // namespace tarvo

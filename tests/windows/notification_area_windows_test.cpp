@@ -189,21 +189,22 @@ TEST(WindowsIconsTest, TenThousandPictureChangesLeaveObjectsWhereTheyBegan) {
   area.Add({0, "tip"});
   WindowsIcons system;
   StatusIcons icons(system);
-  for (int i = 0; i < 27; ++i) area.Modify({icons.For(StatesOf(i)), "tip"});
+  for (int i = 0; i < 2; ++i) area.Modify({icons.For(StatesOf(i)), "tip"});
   const HANDLE self = GetCurrentProcess();
   const DWORD gdi = GetGuiResources(self, GR_GDIOBJECTS);
   const DWORD user = GetGuiResources(self, GR_USEROBJECTS);
-  std::set<IconHandle> seen;
+  std::set<WORD> places;
   for (int i = 0; i < 10000; ++i) {
     const IconHandle icon = icons.For(StatesOf(i * 7));
-    seen.insert(icon);
+    EXPECT_NE(icon, 0);
+    places.insert(LOWORD(icon));
     area.Modify({icon, "tip"});
   }
   EXPECT_EQ(GetGuiResources(self, GR_GDIOBJECTS), gdi);
   EXPECT_EQ(GetGuiResources(self, GR_USEROBJECTS), user);
-  // The counts above may say nothing under another system; the handles do.
-  EXPECT_EQ(seen.size(), 27U);
-  EXPECT_FALSE(seen.contains(0));
+  // The counts above may say nothing under another system. The lower half of a handle is its place
+  // in the table of all objects: few icons need few of them.
+  EXPECT_LE(places.size(), 10U);
 }
 
 TEST(NotificationRecordTest, HoldsWhatTheShellOfTheFirstVersionTakes) {

@@ -142,19 +142,21 @@ class Flood {
     return place.y;
   }
 
+  struct Search {
+    int id;
+    HWND found;
+  };
+
+  static BOOL CALLBACK TakeIfIt(HWND window, LPARAM argument) {
+    auto& wanted = *reinterpret_cast<Search*>(argument);
+    if (GetDlgCtrlID(window) == wanted.id) wanted.found = window;
+    return wanted.found == nullptr;
+  }
+
   HWND LogWindow() const {
-    struct Search {
-      int id;
-      HWND found;
-    } search{FindControlId("RTLog")->firstId, nullptr};
-    EnumChildWindows(
-        reinterpret_cast<HWND>(window_.Handle()),
-        [](HWND window, LPARAM argument) -> BOOL {
-          auto& wanted = *reinterpret_cast<Search*>(argument);
-          if (GetDlgCtrlID(window) == wanted.id) wanted.found = window;
-          return wanted.found == nullptr;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    Search search{FindControlId("RTLog")->firstId, nullptr};
+    EnumChildWindows(reinterpret_cast<HWND>(window_.Handle()), TakeIfIt,
+                     reinterpret_cast<LPARAM>(&search));
     return search.found;
   }
 

@@ -4,7 +4,6 @@
 //   picture-changes TIMES
 //
 //   gdi, user                  objects of the process that there are more than before
-//   icons                      different icons that were shown
 //   tick                       milliseconds of a tick at which every state changes, drawing and
 //                              notification area included, the median
 
@@ -13,7 +12,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <set>
 #include <vector>
 
 #include "benches/windows/desktop/stopwatch.h"
@@ -51,14 +49,10 @@ class StatusDesk {
       number /= 3;
     }
     lights_.Refresh();
-    const IconHandle icon = icons_.For(StatesOfCode(lights_.StatusCode()));
-    seen_.insert(icon);
-    tray_.SetIconHandle(icon);
+    tray_.SetIconHandle(icons_.For(StatesOfCode(lights_.StatusCode())));
     lastHour_.Note();
     HandleMessages();
   }
-
-  std::size_t IconsSeen() const { return seen_.size(); }
 
  private:
   WindowsTickClock clock_;
@@ -74,7 +68,6 @@ class StatusDesk {
   LastHour lastHour_{form_.frame.Strip, components_, clock_};
   StatusIcons icons_{system_};
   frmSysTray tray_{area_, codePage_, dispatch_};
-  std::set<IconHandle> seen_;
 };
 
 bool AreaComesUp() {
@@ -104,7 +97,6 @@ int Measure(int times) {
   std::nth_element(took.begin(), took.begin() + times / 2, took.end());
   std::printf("gdi %d\n", CountGdiObjects(GetCurrentProcessId()) - gdi);
   std::printf("user %d\n", CountUserObjects() - user);
-  std::printf("icons %zu\n", desk.IconsSeen());
   std::printf("tick %.3f\n", took[static_cast<std::size_t>(times) / 2]);
   std::fprintf(stderr, "of %d gdi, %d user objects\n", gdi, user);
   return 0;
