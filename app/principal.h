@@ -57,6 +57,7 @@ class Principal {
   /// Where an upgrade takes over a crash; see `CrashWatch::runUpgrade`.
   CrashWatch& TheCrashWatch() { return crashWatch_; }
 
+  WindowOptions& TheWindowOptions() { return windowOptions_; }
   frmSysTray& TheTray() { return tray_; }
   ComponentUpgrade& TheUpgrade() { return upgrade_; }
   UpgradeSettings& TheUpgradeSettings() { return upgradeSettings_; }

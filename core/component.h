@@ -16,6 +16,9 @@ struct ComponentEndpoint {
   std::int32_t port = 0;
 };
 
+/// All six values: hosts and ports of the three.
+using ServerEndpoints = PerComponent<ComponentEndpoint>;
+
 /// What the watches know of a component.
 enum class AlarmState : std::int16_t { Healthy = 0, Trouble = 1, NotWatched = 2 };
 

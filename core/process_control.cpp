@@ -1,7 +1,6 @@
 #include "core/process_control.h"
 
 #include "support/runtime_error.h"
-#include "support/text.h"
 
 namespace tarvo {
 namespace {
@@ -39,18 +38,18 @@ std::uint32_t PriorityClassFor(int index) {
 
 ProcessId ProcessControl::FindProcessByName(const std::string& executableName) {
   if (executableName.empty()) return 0;
-  const std::string wanted = LowerCase(executableName);
+  const std::string wanted = codePage_.Lowered(executableName);
   for (const ProcessEntry& entry : processes_.Snapshot()) {
-    if (LowerCase(entry.executable) == wanted) return entry.id;
+    if (codePage_.Lowered(entry.executable) == wanted) return entry.id;
   }
   return 0;
 }
 
 void ProcessControl::KillProcessesByName(const std::string& executableName) {
   if (executableName.empty()) return;
-  const std::string wanted = LowerCase(executableName);
+  const std::string wanted = codePage_.Lowered(executableName);
   for (const ProcessEntry& entry : processes_.Snapshot()) {
-    if (LowerCase(entry.executable) == wanted) processes_.End(entry.id);
+    if (codePage_.Lowered(entry.executable) == wanted) processes_.End(entry.id);
   }
 }
 

@@ -6,6 +6,7 @@
 
 #include "core/component.h"
 #include "platform/clock.h"
+#include "platform/code_page.h"
 #include "platform/foreign_windows.h"
 #include "platform/processes.h"
 
@@ -16,16 +17,17 @@ namespace tarvo {
 std::uint32_t PriorityClassFor(int index);
 
 /// Finds, launches, ends and ranks the servers' processes. No handle to a server is ever kept: a
-/// server is known by the file name of its executable alone, letter case aside, and looked up
-/// afresh each time. Two roots whose executables share a name therefore share their servers' fate.
-/// None of these operations reports an error unless it says so.
+/// server is known by the file name of its executable alone, letter case aside (in the system's
+/// code page), and looked up afresh each time. Two roots whose executables share a name therefore
+/// share their servers' fate. None of these operations reports an error unless it says so.
 class ProcessControl {
  public:
   ProcessControl(Processes& processes, ForeignWindows& windows, TickClock& clock,
-                 const PerComponent<DropDownList>& Exes, std::string appFolder)
+                 CodePage& codePage, const PerComponent<DropDownList>& Exes, std::string appFolder)
       : processes_(processes),
         windows_(windows),
         clock_(clock),
+        codePage_(codePage),
         Exes_(Exes),
         appFolder_(std::move(appFolder)) {}
 
@@ -64,6 +66,7 @@ class ProcessControl {
   Processes& processes_;
   ForeignWindows& windows_;
   TickClock& clock_;
+  CodePage& codePage_;
   const PerComponent<DropDownList>& Exes_;
   const std::string appFolder_;
 };

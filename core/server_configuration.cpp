@@ -3,6 +3,7 @@
 #include <functional>
 #include <string_view>
 
+#include "core/whole_file.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 #include "support/text.h"
@@ -71,7 +72,7 @@ ConfigurationResult ReadServerConfiguration(FileReader& files, const ServerRoot&
                                                         {"map_athena.conf", ReadMapLine}};
   for (const auto& [name, readLine] : sources) {
     std::string text;
-    if (files.ReadText(folder + "conf\\" + name, text) != ReadResult::Ok) {
+    if (!ReadWholeFile(files, folder + "conf\\" + name, text)) {
       result.refusal = folder + name + " file can't be loaded";
       return result;
     }

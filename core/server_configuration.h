@@ -12,7 +12,7 @@ namespace tarvo {
 /// What the servers' own configuration files say: where each component listens, and the server's
 /// name.
 struct ServerConfiguration {
-  PerComponent<ComponentEndpoint> endpoints;
+  ServerEndpoints endpoints;
   std::optional<std::string> serverName;  ///< Nothing when no line names it.
 };
 

@@ -9,7 +9,7 @@ namespace {
 constexpr char kLineEnd[] = "\r\n";
 constexpr int kLinesPerRound = 3;
 
-Colour ColourOf(int level) {
+Colour ColourOf(LogLevel level) {
   switch (level) {
     case kInfo:
       return kInfoColour;
@@ -58,11 +58,11 @@ std::string TrimmedLogSource(std::string source) {
   return source;
 }
 
-void StatusLog::LogStatus(const std::string& text, int level) {
+void StatusLog::LogStatus(const std::string& text, LogLevel level) {
   AppendStatus(level, {{kStampColour, GeneralDate(clock_.Now()) + ": "}, {ColourOf(level), text}});
 }
 
-void StatusLog::AppendStatus(int level, const std::vector<ColouredText>& segments) {
+void StatusLog::AppendStatus(LogLevel level, const std::vector<ColouredText>& segments) {
   if (RTLog_.SourceLength() > kLongestLogSource) {
     const std::size_t before = RTLog_.SourceLength();
     std::string trimmed = TrimmedLogSource(RTLog_.Source());
@@ -81,7 +81,7 @@ std::string StatusLog::FileOfToday() const {
   return appFolder_ + "\\" + DateStamp(clock_.Now()).substr(0, 8) + ".log";
 }
 
-void StatusLog::WriteFileLine(int level, const std::string& line) {
+void StatusLog::WriteFileLine(LogLevel level, const std::string& line) {
   if (!WLog_.Checked() || level < LogH_.ListIndex()) return;
   // The line is on the screen already; a full disk or a locked file must not stop the supervision.
   static_cast<void>(files_.AppendText(FileOfToday(), line + kLineEnd));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -10,11 +11,12 @@
 
 namespace tarvo {
 
-/// Levels of a status line. Any other number is shown like `kExtra`.
-inline constexpr int kInfo = 0;
-inline constexpr int kNotice = 1;
-inline constexpr int kAlert = 2;
-inline constexpr int kExtra = 3;
+/// The level of a status line. Any other number is shown like `kExtra`.
+using LogLevel = std::int32_t;
+inline constexpr LogLevel kInfo = 0;
+inline constexpr LogLevel kNotice = 1;
+inline constexpr LogLevel kAlert = 2;
+inline constexpr LogLevel kExtra = 3;
 
 /// The one place where every event of the launcher is told: a line with its time in the view on the
 /// screen, where every level is shown, and, as the operator chose, in the day's file in the
@@ -33,16 +35,16 @@ class StatusLog {
         appFolder_(std::move(appFolder)) {}
 
   /// Adds one line: the present time, then the text in the colour of its level.
-  void LogStatus(const std::string& text, int level);
+  void LogStatus(const std::string& text, LogLevel level);
 
   /// The day's file, full path, whether it is there or not.
   std::string FileOfToday() const;
 
   /// Adds one line of coloured pieces. A file that cannot be written is passed over without a word.
-  void AppendStatus(int level, const std::vector<ColouredText>& segments);
+  void AppendStatus(LogLevel level, const std::vector<ColouredText>& segments);
 
  private:
-  void WriteFileLine(int level, const std::string& line);
+  void WriteFileLine(LogLevel level, const std::string& line);
 
   RichTextView& RTLog_;
   const CheckBox& WLog_;

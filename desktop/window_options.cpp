@@ -20,9 +20,8 @@ void WindowOptions::Check2_Click() {
 }
 
 void WindowOptions::opt_ShowWin_Click(ComponentKind kind) {
-  int& toggle = showToggle_[kind];
-  toggle = toggle >= 1 ? 0 : toggle + 1;
-  processes_.ShowComponentWindow(components_[kind].RunningHandle, toggle == 0);
+  ShowToggle[kind] = ShowToggle[kind] >= 1 ? 0 : 1;
+  processes_.ShowComponentWindow(components_[kind].RunningHandle, ShowToggle[kind] == 0);
 }
 
 }  // namespace tarvo

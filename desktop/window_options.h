@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "core/component.h"
 #include "core/process_control.h"
 #include "core/server_root.h"
@@ -28,13 +30,15 @@ class WindowOptions {
   /// the second, and so on. The counter goes on while nothing runs and over restarts.
   void opt_ShowWin_Click(ComponentKind kind);
 
+  /// That counter: 1 after a press that hides, 0 after one that shows.
+  PerComponent<std::int16_t> ShowToggle{};
+
  private:
   Form& form_;
   const ComponentTable& components_;
   ProcessControl& processes_;
   Registry& registry_;
   const ServerRoot& root_;
-  PerComponent<int> showToggle_{};
 };
 
 }  // namespace tarvo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace tarvo {
 
 /// What is to be known of the system's ANSI code page.
@@ -8,6 +10,8 @@ class CodePage {
   virtual ~CodePage() = default;
   /// True when this byte and the one behind it are one character together.
   virtual bool IsLeadByte(unsigned char byte) = 0;
+  /// The text in lower case, letters outside of ASCII too.
+  virtual std::string Lowered(std::string text) = 0;
 };
 
 }  // namespace tarvo

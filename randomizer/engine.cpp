@@ -1,5 +1,6 @@
 #include "randomizer/engine.h"
 
+#include "core/whole_file.h"
 #include "randomizer/named_lines.h"
 #include "randomizer/whole_range.h"
 
@@ -12,7 +13,7 @@ void RandomizerEngine::RunRandomizer() {
     return log_.LogStatus("Randomizer Information: Nothing to do!", kExtra);
   }
   std::string text;
-  if (reader_.ReadText(path_, text) != ReadResult::Ok) {
+  if (!ReadWholeFile(reader_, path_, text)) {
     return log_.LogStatus("Randomizer Error: " + path_ + " file can't be loaded", kAlert);
   }
   log_.LogStatus("Starting Randomizer - Updating battle_athena.conf", kExtra);

@@ -1,5 +1,6 @@
 #include "randomizer/randomizer.h"
 
+#include "core/whole_file.h"
 #include "randomizer/server_settings.h"
 
 namespace tarvo {
@@ -59,7 +60,7 @@ void Randomizer::WireCalendar() {
 void Randomizer::LoadRandomizerFiles() {
   if (!document_->Childs().Child("Battle_Athena")->NameView().empty()) return;
   std::string text;
-  if (fileReader_.ReadText(serverFile_, text) != ReadResult::Ok) {
+  if (!ReadWholeFile(fileReader_, serverFile_, text)) {
     return log_.LogStatus(serverFile_ + " file can't be loaded", kAlert);
   }
   const int child = document_->Childs().AddChild("Battle_Athena");

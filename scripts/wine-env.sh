@@ -6,7 +6,7 @@
 #   wine_start                       # own display, own clean prefix; ended however the script ends
 #   wine_run program.exe argument    # runs it to its end; its exit code
 #   wine_spawn program.exe argument  # starts it and goes on; its Unix process id is in WINE_SPAWNED
-#   wine_path /a/b                   # prints Z:\a\b
+#   wine_path /a/b                   # prints Z:\a\b, or C:\... for a file of the prefix
 #   wine_clean_prefix                # ends every Windows program of the script, and starts afresh
 #   wine_stop                        # early; the exit trap calls it as well
 #
@@ -65,6 +65,11 @@ wine_own_network() {
 wine_path() {
   local path=$1
   [[ $path == /* ]] || path=$PWD/$path
+  if [[ -n ${WINEPREFIX:-} && $path == "$WINEPREFIX"/drive_c/* ]]; then
+    path=${path#"$WINEPREFIX"/drive_c}
+    printf 'C:%s\n' "${path//\//\\}"
+    return
+  fi
   printf 'Z:%s\n' "${path//\//\\}"
 }
 

@@ -14,6 +14,10 @@ const char* FreezeText(ComponentKind kind) {
                                     : " server freeze!... waiting...";
 }
 
+bool HoldsDigitsOnly(const std::string& text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
 }  // namespace
 
 void FreezeWatch::Prepare(ComponentKind kind) {
@@ -90,15 +94,13 @@ bool FreezeWatch::Listens(ComponentKind kind) {
 std::int64_t FreezeWatch::Seconds() { return tickClock_.Milliseconds() / 1000; }
 
 std::string CleanedSeconds(const std::string& text) {
-  const bool digitsOnly =
-      std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-  return digitsOnly ? text : PlainDecimal(NumericValue(text));
+  return HoldsDigitsOnly(text) ? text : PlainDecimal(NumericValue(text));
 }
 
 void TTO_Change(TextBox& box) {
+  if (HoldsDigitsOnly(box.Text())) return;
   const std::string cleaned = CleanedSeconds(box.Text());
-  // A number such as -5 or 1.5 cleans to itself: setting it again would never end.
-  if (cleaned == box.Text()) return;
+  // A number such as -5 or 1.5 cleans to itself, which is no change: so this comes to an end.
   box.SetText(cleaned);
   box.SetCaret(cleaned.size());
 }

@@ -53,6 +53,17 @@ class BasicAppendString {
     }
   }
 
+  /// Extends an empty buffer at once by as many steps as so many characters take. A text that stays
+  /// within them lies in one block, and TakeString gives that block instead of a copy.
+  void Expect(std::size_t characters) {
+    if (!blocks_.empty() || characters > kMostCharacters) return;
+    const std::size_t steps = (characters + kStepCharacters - 1) / kStepCharacters;
+    expected_.resize(steps * kStepCharacters);
+    blocks_.push_back({expected_.data(), expected_.size(), nullptr});
+    capacity_ = expected_.size();
+    Open(0);
+  }
+
   /// The text gathered so far. Cuts the buffer down to its used part, so that the next append
   /// extends it again and goes on behind this text.
   String ReturnString() {
@@ -63,7 +74,7 @@ class BasicAppendString {
 
   /// As ReturnString, and leaves the builder empty: for the last call, it saves one copy.
   String TakeString() {
-    String text = Joined();
+    String text = LiesInExpected() ? Cut(std::move(expected_)) : Joined();
     *this = BasicAppendString();
     return text;
   }
@@ -79,8 +90,9 @@ class BasicAppendString {
 
  private:
   struct Block {
-    std::unique_ptr<Character[]> characters;
+    Character* characters;
     std::size_t size;
+    std::unique_ptr<Character[]> own;  // none for the block that was expected
   };
   static constexpr std::size_t kMostCharacters =
       static_cast<std::size_t>(kMostBytes) / sizeof(Character);
@@ -100,6 +112,20 @@ class BasicAppendString {
     return to + text.size();
   }
 
+  bool LiesInExpected() const { return !expected_.empty() && current_ == 0; }
+  String Cut(String text) const {
+    text.resize(UsedCharacters());
+    return text;
+  }
+
+  /// Adds a block to the chain, its characters not initialised: nobody reads behind the used part.
+  void AddBlock(std::size_t size) {
+    std::unique_ptr<Character[]> own(new Character[size]);
+    Character* const characters = own.get();
+    blocks_.push_back({characters, size, std::move(own)});
+    capacity_ += size;
+  }
+
   void AddBeyondBlock(View text) {
     Extend(text.size());
     while (!text.empty()) {
@@ -114,10 +140,7 @@ class BasicAppendString {
   void Extend(std::size_t more) {
     if (more > kMostCharacters - UsedCharacters()) throw RuntimeError(Fault::Overflow);
     while (UsedCharacters() + more > capacity_) {
-      // Not value-initialised: nobody reads the filler behind the used part.
-      blocks_.push_back(
-          {std::unique_ptr<Character[]>(new Character[kStepCharacters]), kStepCharacters});
-      capacity_ += kStepCharacters;
+      AddBlock(kStepCharacters);
       if (blocks_.size() == 1) Open(0);
     }
   }
@@ -125,7 +148,7 @@ class BasicAppendString {
   void Open(std::size_t block) {
     before_ += Used();
     current_ = block;
-    begin_ = end_ = blocks_[block].characters.get();
+    begin_ = end_ = blocks_[block].characters;
     limit_ = begin_ + std::min(blocks_[block].size, kMostCharacters - before_);
   }
 
@@ -133,7 +156,7 @@ class BasicAppendString {
     String text;
     text.reserve(UsedCharacters());
     for (std::size_t i = 0; i < current_; ++i) {
-      text.append(blocks_[i].characters.get(), blocks_[i].size);
+      text.append(blocks_[i].characters, blocks_[i].size);
     }
     if (!blocks_.empty()) text.append(begin_, Used());
     return text;
@@ -143,15 +166,14 @@ class BasicAppendString {
   void Adopt(const String& text) {
     BasicAppendString cut;
     if (!text.empty()) {
-      cut.blocks_.push_back(
-          {std::unique_ptr<Character[]>(new Character[text.size()]), text.size()});
-      cut.capacity_ = text.size();
+      cut.AddBlock(text.size());
       cut.Open(0);
       cut.end_ = Copied(cut.end_, text);
     }
     *this = std::move(cut);
   }
 
+  String expected_;  // the first block, when there was something to expect
   std::vector<Block> blocks_;
   std::size_t capacity_ = 0;    // characters in all blocks
   std::size_t current_ = 0;     // the block being filled; those before it are full

@@ -70,11 +70,10 @@ void TextBox::SetMaxLength(std::size_t characters) {
   Changed();
 }
 
-void TextBox::Type(std::string text) {
+void TextBox::Type(std::string text, std::size_t caret) {
   if (!Enabled() || text_ == text) return;
   text_ = std::move(text);
-  caret_ = text_.size();
-  selectionLength_ = 0;
+  MoveCaret(caret);
   Changed();
   Raise(onChange);
 }
@@ -95,8 +94,7 @@ void TextBox::PressKey(char key) {
   if (static_cast<unsigned char>(key) >= ' ' && (maxLength_ == 0 || text.size() < maxLength_)) {
     text.insert(caret++, 1, key);
   }
-  Type(std::move(text));
-  SetCaret(caret);
+  Type(std::move(text), caret);
 }
 
 void TextBox::GainFocus() {

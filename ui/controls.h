@@ -82,8 +82,8 @@ class TextBox : public Control {
   std::size_t MaxLength() const { return maxLength_; }
   void SetMaxLength(std::size_t characters);
 
-  /// The operator's typing: the box now holds `text` with the caret at its end.
-  void Type(std::string text);
+  /// The operator's typing: the box now holds `text` with the caret there, or at its end.
+  void Type(std::string text, std::size_t caret = std::string::npos);
 
   /// The operator moved the caret or the selection. Mirrors are not told: it came from there.
   void MoveCaret(std::size_t position, std::size_t selectionLength = 0);

@@ -37,8 +37,11 @@ ServersPage::ServersPage() {
       Prior[kind].AddItem(priority);
     }
     TTO[kind].SetText("15");
-    TTO[kind].SetToolTip("When freeze detected, how many time will wait before kill and restart " +
-                         names[IndexOf(kind)] + " server");
+    const std::string tip =
+        "When freeze detected, how many time will wait before kill and restart " +
+        names[IndexOf(kind)] + " server";
+    chkAK[IndexOf(kind)].SetToolTip(tip);
+    TTO[kind].SetToolTip(tip);
     TTO[kind].SetEnabled(false);
   }
   for (const char* item :

@@ -4,8 +4,6 @@
 #include <charconv>
 #include <utility>
 
-#include "ui/readable.h"
-
 namespace tarvo {
 namespace {
 
@@ -45,8 +43,6 @@ void AppendEscaped(std::string& source, std::string_view text) {
   }
 }
 
-constexpr int kColourLine = 3;  ///< The header's line that lists the colours.
-
 /// Where a line of the source begins.
 std::size_t BeginOfLine(std::string_view source, int number) {
   std::size_t begin = 0;
@@ -58,48 +54,32 @@ std::size_t BeginOfLine(std::string_view source, int number) {
   return begin;
 }
 
-/// Takes one part of a colour off the text: the number behind its name.
-std::uint32_t TakePart(std::string_view& text, std::string_view name) {
-  std::uint32_t part = 0;
-  if (!text.starts_with(name)) return part;
-  const char* end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data() + name.size(), end, part);
-  text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
-  return part;
-}
-
-/// Takes one entry, with the sign that ends it, off a list of colours.
-Colour TakeColour(std::string_view& text) {
-  const std::uint32_t red = TakePart(text, "\\red");
-  const std::uint32_t green = TakePart(text, "\\green");
-  const std::uint32_t blue = TakePart(text, "\\blue");
-  text.remove_prefix(std::min<std::size_t>(1, text.size()));
-  return Rgb(red, green, blue);
-}
-
 bool IsLetter(char c) { return c >= 'a' && c <= 'z'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Reads one control word or escape that begins at `position` and returns the position behind it.
-std::size_t DecodeEscape(std::string_view source, std::size_t position, std::string& text) {
-  const std::size_t start = position + 1;
-  if (start >= source.size()) return source.size();
-  if (source[start] == '\'') {
-    int byte = 0;
-    std::from_chars(source.data() + start + 1, source.data() + std::min(start + 3, source.size()),
-                    byte, 16);
-    text += static_cast<char>(byte);
-    return std::min(start + 3, source.size());
-  }
-  if (!IsLetter(source[start])) {
-    text += source[start];
-    return start + 1;
-  }
-  std::size_t end = start;
+/// A control word of the source: its name and the number behind it.
+struct ControlWord {
+  std::string_view name;
+  std::size_t number = 0;
+  std::size_t end = 0;  ///< The position behind the word and the blank that ends it.
+};
+
+ControlWord ReadWord(std::string_view source, std::size_t begin) {
+  ControlWord word;
+  std::size_t end = begin;
   while (end < source.size() && IsLetter(source[end])) ++end;
-  if (source.substr(start, end - start) == "par") text += "\r\n";
-  while (end < source.size() && IsDigit(source[end])) ++end;
-  return end < source.size() && source[end] == ' ' ? end + 1 : end;
+  word.name = source.substr(begin, end - begin);
+  const char* const stop = source.data() + source.size();
+  const auto number = std::from_chars(source.data() + end, stop, word.number);
+  end = static_cast<std::size_t>(number.ptr - source.data());
+  word.end = end < source.size() && source[end] == ' ' ? end + 1 : end;
+  return word;
+}
+
+/// The byte of an escape of the form 'hh.
+char EscapedByte(std::string_view escape) {
+  int byte = 0;
+  std::from_chars(escape.data() + 1, escape.data() + escape.size(), byte, 16);
+  return static_cast<char>(byte);
 }
 
 }  // namespace
@@ -120,32 +100,42 @@ void RichTextView::Append(const ColouredText& piece) {
 void RichTextView::SetSource(std::string source) {
   if (source.ends_with(kClosing)) source.resize(source.size() - kClosing.size());
   source_ = std::move(source);
-  if (richMirror_) richMirror_->Replaced(Source());
+  if (richMirror_) richMirror_->Replaced();
+}
+
+std::vector<ColouredText> RichTextView::Pieces() const {
+  std::vector<ColouredText> pieces(1);
+  const std::string_view source = source_;
+  std::size_t position = BeginOfLine(source, kHeaderLines);
+  while (position < source.size()) {
+    const char c = source[position++];
+    std::string& text = pieces.back().text;
+    if (c != '\\') {
+      if (c != '\r' && c != '\n') text += c;
+    } else if (position < source.size() && source[position] == '\'') {
+      const std::string_view escape = source.substr(position, 3);
+      text += EscapedByte(escape);
+      position += escape.size();
+    } else if (position < source.size() && !IsLetter(source[position])) {
+      text += source[position++];
+    } else {
+      const ControlWord word = ReadWord(source, position);
+      position = word.end;
+      if (word.name == "par") text += "\r\n";
+      if (word.name == "cf") pieces.push_back({ColourOf(word.number), {}});
+    }
+  }
+  return pieces;
+}
+
+Colour RichTextView::ColourOf(std::size_t entry) const {
+  return entry == 0 || entry > palette_.size() ? 0 : palette_[entry - 1];
 }
 
 std::string RichTextView::Text() const {
   std::string text;
-  const std::string_view source = source_;
-  std::size_t position = BeginOfLine(source, kHeaderLines);
-  while (position < source.size()) {
-    const char c = source[position];
-    if (c == '\\') {
-      position = DecodeEscape(source, position, text);
-    } else {
-      if (c != '\r' && c != '\n') text += c;
-      ++position;
-    }
-  }
+  for (const ColouredText& piece : Pieces()) text += piece.text;
   return text;
-}
-
-std::string WithReadableColours(std::string source, Colour ground) {
-  const std::size_t begin = BeginOfLine(source, kColourLine);
-  const std::size_t end = std::min(source.find('}', begin), source.size());
-  std::string_view rest = std::string_view(source).substr(begin, end - begin);
-  std::string table;
-  while (!rest.empty()) table += ColourEntry(Readable(TakeColour(rest), ground));
-  return source.replace(begin, end - begin, table);
 }
 
 }  // namespace tarvo

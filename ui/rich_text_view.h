@@ -20,8 +20,8 @@ class RichTextMirror {
  public:
   virtual ~RichTextMirror() = default;
   virtual void Appended(const ColouredText& piece) = 0;
-  /// The whole content is now that of `source`.
-  virtual void Replaced(const std::string& source) = 0;
+  /// The whole content is another.
+  virtual void Replaced() = 0;
 };
 
 /// A read-only view of coloured text that keeps its content as Rich Text Format source.
@@ -47,6 +47,9 @@ class RichTextView : public Control {
   /// Replaces all content by a source of the form above, as `Source` gives it.
   void SetSource(std::string source);
 
+  /// The text in the order of its colours; one line has one piece or more.
+  std::vector<ColouredText> Pieces() const;
+
   /// The text without its colours, lines ended by CR LF.
   std::string Text() const;
 
@@ -59,12 +62,11 @@ class RichTextView : public Control {
  private:
   static const std::string kClosing;
 
+  Colour ColourOf(std::size_t entry) const;
+
   std::vector<Colour> palette_;
   std::string source_;
   RichTextMirror* richMirror_ = nullptr;
 };
-
-/// The same source with every colour of its table made readable on that ground.
-std::string WithReadableColours(std::string source, Colour ground);
 
 }  // namespace tarvo

@@ -92,15 +92,7 @@ void Document::Sort(bool ascending) {
 }
 
 Ref<Document> Document::SelectSingleNode(std::string_view path) {
-  Ref<Document> node(this);
-  bool more = !path.empty();
-  while (more) {
-    const std::string step = TakePathStep(path, more);
-    const int index = node->childs_.IndexOf(step);
-    if (index < 0) return Create();
-    node = node->childs_.Child(index);
-  }
-  return node;
+  return path.empty() ? Ref<Document>(this) : childs_.AtPath(path);
 }
 
 }  // namespace tarvo

@@ -65,7 +65,7 @@ class Document {
   void Sort(bool ascending);
 
   /// Walks down from this node along keys separated by "." (see NodeKey and TakePathStep), at each
-  /// step to what Childs().Child would give, and returns the node reached: this one for the empty
+  /// step to the child that the key names, and returns the node reached: this one for the empty
   /// path, a fresh empty document when a step finds nothing.
   Ref<Document> SelectSingleNode(std::string_view path);
 
@@ -87,7 +87,9 @@ class Document {
                     std::int32_t requestTimeout, UrlFetch& fetch, EventLog& log);
 
   /// Takes the first attribute off `attributes`; `name` is empty when none is left. The name is not
-  /// trimmed, the value loses its quotes. Without any "=" the whole text is the name.
+  /// trimmed, the value loses its quotes. Without any "=" the whole text is the name. Each call
+  /// moves the rest of the text to its front: for long attribute texts, such as the reader may
+  /// meet, take the other form.
   static void GetNextParameter(std::string& attributes, std::string& name, std::string& value);
   /// The same on a view, which is moved forward: for long attribute texts, as nothing is copied.
   static void GetNextParameter(std::string_view& attributes, std::string& name, std::string& value);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "xmldoc/cipher_hooks.h"
@@ -14,6 +15,7 @@ struct Document::Rare {
   std::string version;
   std::string encoding;
   CipherHooks cipher;
+  std::size_t textLength = 0;  ///< Of the long text that was last read: as much is written again.
 };
 
 }  // namespace tarvo

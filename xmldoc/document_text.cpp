@@ -42,6 +42,7 @@ bool Document::XMLImport(std::string_view text) {
   if (text.size() >= kTooLong) return false;
   // The result is the only report of bad input, so nothing may escape, not even a want of memory.
   try {
+    if (text.size() > AppendString::kStepCharacters) RareValues().textLength = text.size();
     return XmlReader(*this, text).Read();
   } catch (const RuntimeError&) {
     return false;
@@ -76,6 +77,7 @@ std::string Document::XMLExport() {
   SetVersion(Version());
   SetEncoding(Encoding());
   AppendString text;
+  if (rare_->textLength > 0) text.Expect(rare_->textLength + AppendString::kStepCharacters);
   AddDeclaration(text, *this);
   if (TreeWriter(text).Write(*this, kFewLevels)) return text.TakeString();
   RefuseEndlessText(*this);

@@ -10,7 +10,23 @@ Ref<Document> Documents::Child(int index) const {
   return list_.Has(index) ? Ref<Document>(list_.At(index)) : Document::Create();
 }
 
-Ref<Document> Documents::Child(std::string_view key) const { return Child(IndexOf(key)); }
+Ref<Document> Documents::Child(std::string_view key) const {
+  const int index = IndexOf(key);
+  const bool isPath = index < 0 && key.find('.') != std::string_view::npos;
+  return isPath ? AtPath(key) : Child(index);
+}
+
+Ref<Document> Documents::AtPath(std::string_view path) const {
+  const Documents* childs = this;
+  Ref<Document> node;
+  for (bool more = true; more; childs = &node->Childs()) {
+    const std::string step = TakePathStep(path, more);
+    const int index = childs->IndexOf(step);
+    if (index < 0) return Document::Create();
+    node = childs->Child(index);
+  }
+  return node;
+}
 
 int Documents::IndexOf(std::string_view key) const {
   const NodeKey wanted(key);

@@ -13,7 +13,8 @@ class Document;
 /// letters.
 ///
 /// Keys: a number is always an index from 0, a text always a NodeKey: a name in any letter case,
-/// perhaps with a condition; of several matches the last wins. A key outside the list changes
+/// perhaps with a condition; of several matches the last wins. Child takes a text that matches no
+/// child and holds a "." for a path of keys (see TakePathStep). A key outside the list changes
 /// nothing and gives a fresh empty document that belongs to no list, never an empty reference.
 class Documents {
  public:
@@ -54,6 +55,8 @@ class Documents {
   friend class TreeWriter;
 
   int IndexOf(std::string_view key) const;
+  /// The node at the end of a path, a fresh empty document when a step finds nothing.
+  Ref<Document> AtPath(std::string_view path) const;
 
   NodeList<Document> list_;
 };

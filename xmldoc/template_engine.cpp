@@ -106,6 +106,7 @@ bool TemplateEngine::NextSibling(Frame& frame) {
     const auto row = static_cast<std::size_t>(frame.next++);
     frame.counted += 1;
     if (frame.counted < block.start || frame.counted > block.stop) continue;
+    if (block.whenFault) throw RuntimeError(*block.whenFault);
     for (std::size_t i = 0; i < values_.size(); ++i) values_[i] = frame.columns[i]->At(row);
     if (!block.when.Holds(values_)) continue;
     frame.node = Ref<Document>(frame.siblings->Node(row));
@@ -126,6 +127,7 @@ bool TemplateEngine::NextChild(Frame& frame) {
     if (!EqualIgnoringCase(child->NameView(), name)) continue;
     frame.counted += 1;
     if (frame.counted < block.start || frame.counted > block.stop) continue;
+    if (block.whenFault) throw RuntimeError(*block.whenFault);
     if (!block.when.Holds(*child)) continue;
     frame.node = Ref<Document>(child);
     return true;

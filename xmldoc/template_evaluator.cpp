@@ -47,6 +47,7 @@ std::string Side(const std::vector<std::string>& arguments, bool right) {
 }  // namespace
 
 void TemplateEvaluator::Fill(const TemplateProgram& program, Document& node, std::string& text) {
+  if (program.fault) throw RuntimeError(*program.fault);
   if (program.isPlainValue) {
     program.paths.front().AppendValue(node, text);
     return;

@@ -73,13 +73,22 @@ class Parser {
     AddText(at);
     textStart_ = end + 1;
     blocks_.push_back({TemplatePath(id), Bound(tag, "start", 1),
-                       Bound(tag, "stop", std::numeric_limits<double>::infinity()),
-                       Condition(TemplateAttribute(tag, "when").value_or(std::string())), false});
+                       Bound(tag, "stop", std::numeric_limits<double>::infinity()), Condition({}),
+                       std::nullopt, false});
+    ReadWhen(TemplateAttribute(tag, "when").value_or(std::string()), blocks_.back());
     if (open_.empty()) NoteOutermost(blocks_.size() - 1);
     ++openOf_[id];
     open_.push_back({std::move(id), outline_.size()});
     outline_.push_back({Kind::Open, {}, blocks_.size() - 1});
     return textStart_;
+  }
+
+  static void ReadWhen(const std::string& text, TemplateBlock& block) {
+    try {
+      block.when = Condition(text);
+    } catch (const RuntimeError& fault) {
+      block.whenFault = fault;
+    }
   }
 
   void NoteOutermost(std::size_t block) {
@@ -157,9 +166,19 @@ class Parser {
     if (done < text.size()) result_.parts.push_back({Kind::Text, text.substr(done)});
   }
 
+  static TemplateProgram ReadField(std::string_view tag) {
+    try {
+      const std::optional<std::string> id = TemplateAttribute(tag, "id");
+      return ReadTemplateField(id ? *id : tag.substr(kField.size()));
+    } catch (const RuntimeError& fault) {
+      TemplateProgram faulty;
+      faulty.fault = fault;
+      return faulty;
+    }
+  }
+
   void AddField(std::string_view tag) {
-    const std::optional<std::string> id = TemplateAttribute(tag, "id");
-    TemplateProgram field = ReadTemplateField(id ? *id : tag.substr(kField.size()));
+    TemplateProgram field = ReadField(tag);
     result_.hasEffects = result_.hasEffects || field.hasEffects;
     result_.fields.push_back(std::move(field));
     result_.parts.push_back({Kind::Field, {}, result_.fields.size() - 1});

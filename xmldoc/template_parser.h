@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "support/runtime_error.h"
 #include "xmldoc/condition.h"
 #include "xmldoc/template_program.h"
 
@@ -16,6 +18,7 @@ struct TemplateBlock {
   double start;  ///< Bounds of the count among the children of that name, from 1.
   double stop;
   Condition when;
+  std::optional<RuntimeError> whenFault;  ///< Raised when the condition is asked.
   bool isShared;  ///< Another block goes over the same children, and neither lies in a block.
 };
 
@@ -42,8 +45,9 @@ struct ParsedTemplate {
 };
 
 /// Takes a template apart, first its blocks, then the field directives between them; `text` must
-/// outlive the result. Raises the faults of a template's text. Takes time in proportion to the text
-/// and no stack in proportion to its nesting.
+/// outlive the result. Raises the faults of tags and blocks without an end and of a block's
+/// attributes; those of conditions and field directives are kept with them. Takes time in
+/// proportion to the text and no stack in proportion to its nesting.
 ///
 /// Blocks of one id nest: a close tag belongs to the last open block of its id. A close tag without
 /// an open block is plain text.

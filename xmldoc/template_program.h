@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "support/runtime_error.h"
 #include "xmldoc/condition_comparison.h"
 #include "xmldoc/template_calculation.h"
 #include "xmldoc/template_functions.h"
@@ -43,6 +45,9 @@ struct TemplateProgram {
   bool hasEffects = false;
   /// Whether it is nothing but the value of paths[0].
   bool isPlainValue = false;
+  /// What is wrong with the directive's text, raised when it is filled: a body that is produced for
+  /// no child raises nothing.
+  std::optional<RuntimeError> fault;
 };
 
 }  // namespace tarvo

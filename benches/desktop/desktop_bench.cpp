@@ -41,6 +41,7 @@ class BenchShell final : public NotificationArea, public Icons, public CodePage 
   }
   void Destroy(IconHandle icon) override { alive -= icon == 0 ? 0 : 1; }
   bool IsLeadByte(unsigned char) override { return false; }
+  std::string Lowered(std::string text) override { return text; }
 
   int size = 16;
   int alive = 0;

@@ -7,6 +7,7 @@ namespace tarvo {
 class WindowsCodePage final : public CodePage {
  public:
   bool IsLeadByte(unsigned char byte) override;
+  std::string Lowered(std::string text) override;
 };
 
 }  // namespace tarvo

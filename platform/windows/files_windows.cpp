@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <limits>
 #include <new>
+#include <utility>
 
+#include "platform/windows/code_page_windows.h"
 #include "platform/windows/handle_windows.h"
 
 namespace tarvo {
@@ -32,10 +34,7 @@ bool ReadUpTo(HANDLE file, std::size_t size, std::string& content) {
   return true;
 }
 
-std::string Lowered(std::string text) {
-  if (!text.empty()) CharLowerBuffA(text.data(), static_cast<DWORD>(text.size()));
-  return text;
-}
+std::string Lowered(std::string text) { return WindowsCodePage().Lowered(std::move(text)); }
 
 bool EndsWith(const std::string& name, const std::string& loweredEnding) {
   return name.size() >= loweredEnding.size() &&

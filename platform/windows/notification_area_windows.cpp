@@ -6,18 +6,12 @@
 
 #include <utility>
 
+#include "platform/windows/notification_record.h"
+
 namespace tarvo {
 namespace {
 
 constexpr char kClass[] = "TarvoSysTray";
-constexpr UINT kIconId = 1;
-constexpr UINT kCallbackMessage = WM_MOUSEMOVE;
-constexpr UINT kFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
-static_assert(kCallbackMessage == 512 && kFlags == 7);
-
-constexpr DWORD kRecordSize = NOTIFYICONDATAA_V1_SIZE;
-static_assert(kRecordSize == (sizeof(void*) == 4 ? 88 : 104));
-
 HWND ToNative(std::intptr_t window) { return reinterpret_cast<HWND>(window); }
 
 LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -101,15 +95,7 @@ void WindowsNotificationArea::Delete() {
 }
 
 void WindowsNotificationArea::Notify(std::uint32_t order, const NotificationIcon& icon) const {
-  NOTIFYICONDATAA record{};
-  static_assert(kLongestTip == 64 - 1);  // The first version's tip and its end mark.
-  record.cbSize = kRecordSize;
-  record.hWnd = ToNative(window_);
-  record.uID = kIconId;
-  record.uFlags = kFlags;
-  record.uCallbackMessage = kCallbackMessage;
-  record.hIcon = reinterpret_cast<HICON>(icon.icon);
-  icon.tip.copy(record.szTip, kLongestTip);
+  NOTIFYICONDATAA record = NotificationRecord(ToNative(window_), icon);
   Shell_NotifyIconA(order, &record);
 }
 
@@ -126,7 +112,7 @@ std::optional<std::size_t> WindowsNotificationArea::ShowMenu(
 }
 
 bool WindowsNotificationArea::TakeMessage(std::uint32_t message, std::intptr_t detail) {
-  if (message == kCallbackMessage) {
+  if (message == kIconMessage) {
     if (onMouseMessage) onMouseMessage(LOWORD(detail));
     return true;
   }

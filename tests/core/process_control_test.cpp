@@ -19,7 +19,8 @@ class Control : public ::testing::Test {
 
   SimMachine machine;
   PerComponent<DropDownList> Exes;
-  ProcessControl control{machine.processes, machine.processes, machine.clock, Exes, "C:\\srv"};
+  ProcessControl control{
+      machine.processes, machine.processes, machine.clock, machine.codePage, Exes, "C:\\srv"};
 };
 
 TEST(PriorityClass, FollowsTheListAndNotItsNames) {
@@ -43,6 +44,17 @@ TEST_F(Control, FindsAProcessByItsWholeFileNameInAnyLetterCase) {
   for (const auto& c : cases) {
     EXPECT_EQ(control.FindProcessByName(c.name), c.found ? id : 0) << c.name;
   }
+}
+
+TEST_F(Control, LettersOutsideOfAsciiMeetInAnyLetterCaseToo) {
+  const ProcessId id = machine.processes.StartForeign("SERVIDOR-\xD1.EXE");
+  EXPECT_EQ(control.FindProcessByName("servidor-\xF1.exe"), id);
+  EXPECT_EQ(control.FindProcessByName("Servidor-\xD1.exe"), id);
+  EXPECT_EQ(control.FindProcessByName("servidor-n.exe"), 0u);
+  machine.processes.StartForeign("servidor-\xD7.exe");
+  EXPECT_EQ(control.FindProcessByName("servidor-\xF7.exe"), 0u);
+  control.KillProcessesByName("servidor-\xF1.exe");
+  EXPECT_EQ(control.FindProcessByName("SERVIDOR-\xD1.EXE"), 0u);
 }
 
 TEST_F(Control, AnEmptyNameFindsAndEndsNothingWithoutASnapshot) {

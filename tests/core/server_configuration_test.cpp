@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/whole_file.h"
 #include "support/runtime_error.h"
 #include "tests/simulation/sim_machine.h"
 
@@ -228,6 +229,18 @@ TEST_F(Configuration, EveryExecutableOfTheRootGoesIntoTheThreeChoosersInListingO
     EXPECT_EQ(chooser.Items(), expected);
     EXPECT_EQ(chooser.ListIndex(), -1);
   }
+}
+
+TEST_F(Configuration, AFileIsReadWholeOrLeavesTheText) {
+  machine.files.Put("C:\\srv\\a.conf", "one\r\n\xF1\n");
+  machine.files.Put("C:\\srv\\b.conf", "two");
+  machine.files.LockForReading("C:\\srv\\b.conf");
+  std::string text = "before";
+  EXPECT_FALSE(ReadWholeFile(machine.files, "C:\\srv\\none.conf", text));
+  EXPECT_FALSE(ReadWholeFile(machine.files, "C:\\srv\\b.conf", text));
+  EXPECT_EQ(text, "before");
+  EXPECT_TRUE(ReadWholeFile(machine.files, "C:\\srv\\a.conf", text));
+  EXPECT_EQ(text, "one\r\n\xF1\n");
 }
 
 TEST_F(Configuration, ARootWithoutExecutablesLeavesTheChoosersEmpty) {

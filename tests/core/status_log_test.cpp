@@ -31,7 +31,7 @@ class Log : public ::testing::Test {
 /// Keeps what a view was told to append.
 struct Pieces : RichTextMirror {
   void Appended(const ColouredText& piece) override { pieces.push_back(piece); }
-  void Replaced(const std::string&) override { ++replacements; }
+  void Replaced() override { ++replacements; }
   std::vector<ColouredText> pieces;
   int replacements = 0;
 };

@@ -9,6 +9,7 @@
 
 #include "actions.h"
 #include "boxes.h"
+#include "captions.h"
 #include "clipboard.h"
 #include "file_dialog.h"
 #include "layout.h"
@@ -163,6 +164,8 @@ bool RunOnWindow(const Order& order) {
     PrintState(NeedLauncher(order.choice));
   } else if (verb == "clipboard") {
     std::printf("%s\n", ReadClipboard().c_str());
+  } else if (verb == "captions") {
+    PrintCaptions(NeedLauncher(order.choice));
   } else if (verb == "layout") {
     if (ReportLayout(NeedLauncher(order.choice)) != 0) throw OperatorError("the layout has faults");
   } else if (verb == "page") {

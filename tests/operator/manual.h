@@ -25,6 +25,7 @@ inline constexpr char kManual[] =
   operator tooltip NAME [INDEX]          prints the tool tip that the control would show
   operator state                         prints one line for the window and one for each control
   operator clipboard                     prints the text on the clipboard
+  operator captions                      prints the names of the pages, and what the page shown says
   operator layout                        prints what overlaps, is cut or has no name; 1 if any
   operator follow NAME [INDEX] SECONDS   prints the lines of a control as they come
 
@@ -42,10 +43,10 @@ behind a message box. The exit code is 0, or 1 with the reason on the error outp
 
 A line of state:
   window title="..." visible=1 minimized=0 enabled=1 page=1 pid=32
-  bStart 0 enabled=1 visible=1 text="Start"
+  bStart 0 enabled=1 visible=1 text="Start" place=12,300,76,25
 with checked=0|1 for check boxes and options, selection=N for lists (-1: none), value=N for scroll
-bars, light=0xBBGGRR for status lights. In texts a line end is \r\n, a quote is \" and a backslash
-is \\.
+bars, light=0xBBGGRR for status lights. The place is left, top, width and height in the window, in
+its pixels. In texts a line end is \r\n, a quote is \" and a backslash is \\.
 )";
 
 }  // namespace tarvo

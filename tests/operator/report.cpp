@@ -52,13 +52,24 @@ std::string Details(const FoundControl& control) {
   }
 }
 
-void PrintControl(const FoundControl& control) {
+/// From the left upper corner of the launcher's client.
+std::string PlaceOf(HWND launcher, HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  MapWindowPoints(nullptr, launcher, reinterpret_cast<POINT*>(&place), 2);
+  char text[64];
+  std::snprintf(text, sizeof text, "%ld,%ld,%ld,%ld", place.left, place.top,
+                place.right - place.left, place.bottom - place.top);
+  return text;
+}
+
+void PrintControl(HWND launcher, const FoundControl& control) {
   std::printf("%s enabled=%d visible=%d", NameOf(control).c_str(),
               IsWindowEnabled(control.window) != 0, IsWindowVisible(control.window) != 0);
   if (control.entry->type != ControlType::Tab && control.entry->type != ControlType::RichText) {
     std::printf(" text=%s", Quoted(ReadText(control)).c_str());
   }
-  std::printf("%s\n", Details(control).c_str());
+  std::printf("%s place=%s\n", Details(control).c_str(), PlaceOf(launcher, control.window).c_str());
 }
 
 }  // namespace
@@ -81,7 +92,7 @@ void PrintState(HWND launcher) {
               ProcessOf(launcher));
   for (const ControlId& entry : kControlIds) {
     for (int i = 0; i < entry.count; ++i) {
-      if (const auto control = FindControl(launcher, entry, i)) PrintControl(*control);
+      if (const auto control = FindControl(launcher, entry, i)) PrintControl(launcher, *control);
     }
   }
 }

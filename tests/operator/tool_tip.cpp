@@ -2,6 +2,10 @@
 
 #include <commctrl.h>
 
+#include <iterator>
+#include <string>
+
+#include "foreign_memory.h"
 #include "report.h"
 
 namespace tarvo {
@@ -9,58 +13,38 @@ namespace {
 
 /// What is asked and answered, laid into the launcher's memory: its tool tips read and write there.
 struct Question {
-  TOOLINFOA tool;
-  char text[1024];
+  TOOLINFOW tool;
+  wchar_t text[1024];
 };
 
-/// A piece of another process's memory.
-class ForeignMemory {
- public:
-  ForeignMemory(DWORD pid, std::size_t size)
-      : process_(
-            OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, pid)),
-        place_(VirtualAllocEx(process_, nullptr, size, MEM_COMMIT, PAGE_READWRITE)) {
-    if (!place_) throw OperatorError("the launcher's tool tips cannot be read");
-  }
-  ~ForeignMemory() {
-    VirtualFreeEx(process_, place_, 0, MEM_RELEASE);
-    CloseHandle(process_);
-  }
-  ForeignMemory(const ForeignMemory&) = delete;
-  ForeignMemory& operator=(const ForeignMemory&) = delete;
+std::string InAnsi(const wchar_t* text) {
+  std::string ansi(sizeof Question::text, '\0');
+  const int size = WideCharToMultiByte(CP_ACP, 0, text, -1, ansi.data(),
+                                       static_cast<int>(ansi.size()), nullptr, nullptr);
+  ansi.resize(size > 0 ? static_cast<std::size_t>(size) - 1 : 0);
+  return ansi;
+}
 
-  void* Place() const { return place_; }
-  void Write(const Question& question) const {
-    WriteProcessMemory(process_, place_, &question, sizeof question, nullptr);
-  }
-  void Read(Question& question) const {
-    ReadProcessMemory(process_, place_, &question, sizeof question, nullptr);
-  }
-
- private:
-  HANDLE process_;
-  void* place_;
-};
-
-std::string Ask(HWND tips, const ForeignMemory& memory, HWND panel, HWND control) {
+std::string Ask(HWND tips, const ForeignMemory<Question>& memory, HWND panel, HWND control) {
   Question question{};
   question.tool.cbSize = sizeof question.tool;
   question.tool.uFlags = TTF_IDISHWND;
   question.tool.hwnd = panel;
   question.tool.uId = reinterpret_cast<UINT_PTR>(control);
-  auto* const there = static_cast<char*>(memory.Place());
-  question.tool.lpszText = there + offsetof(Question, text);
+  char* const there = memory.Place();
+  question.tool.lpszText = reinterpret_cast<wchar_t*>(there + offsetof(Question, text));
   memory.Write(question);
-  Send(tips, TTM_GETTEXTA, sizeof question.text, reinterpret_cast<LPARAM>(there));
+  // The ANSI message gives 80 bytes at most.
+  Send(tips, TTM_GETTEXTW, std::size(question.text), reinterpret_cast<LPARAM>(there));
   memory.Read(question);
-  question.text[sizeof question.text - 1] = '\0';
-  return question.text;
+  question.text[std::size(question.text) - 1] = L'\0';
+  return InAnsi(question.text);
 }
 
 }  // namespace
 
 std::string ReadToolTip(HWND launcher, const FoundControl& control) {
-  const ForeignMemory memory(ProcessOf(launcher), sizeof(Question));
+  const ForeignMemory<Question> memory(ProcessOf(launcher));
   const HWND panel = GetParent(control.window);
   HWND tips = nullptr;
   while ((tips = FindWindowExA(nullptr, tips, TOOLTIPS_CLASSA, nullptr)) != nullptr) {

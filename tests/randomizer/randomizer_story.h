@@ -62,7 +62,7 @@ class RandomizerLife : private RichTextMirror {
       lines_ += (piece.colour == kAlertColour ? "2 " : "3 ") + piece.text;
     }
   }
-  void Replaced(const std::string&) override {}
+  void Replaced() override {}
 
   std::string lines_;
 };

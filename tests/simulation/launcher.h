@@ -67,7 +67,7 @@ class Launcher final : private RichTextMirror {
   };
 
   void Appended(const ColouredText& piece) override;
-  void Replaced(const std::string&) override {}
+  void Replaced() override {}
   void Event(const std::function<void()>& event);
 
   SimMachine& machine_;

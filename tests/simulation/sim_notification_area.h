@@ -96,14 +96,29 @@ class SimIcons final : public Icons {
   Picture last;
 };
 
-/// A code page of single bytes, unless a test names bytes that begin a pair.
+/// The western code page, 1252, unless a test names bytes that begin a pair.
 class SimCodePage final : public CodePage {
  public:
   bool IsLeadByte(unsigned char byte) override {
     return firstLeadByte != 0 && byte >= firstLeadByte && byte <= lastLeadByte;
   }
+  std::string Lowered(std::string text) override {
+    for (char& c : text) c = LoweredByte(c);
+    return text;
+  }
   unsigned char firstLeadByte = 0;
   unsigned char lastLeadByte = 0;
+
+ private:
+  static char LoweredByte(char c) {
+    constexpr unsigned char kMultiplied = 0xD7;
+    const auto byte = static_cast<unsigned char>(c);
+    const bool isCapital = byte >= 'A' && byte <= 'Z';
+    const bool isAccented = byte >= 0xC0 && byte <= 0xDE && byte != kMultiplied;
+    if (isCapital || isAccented) return static_cast<char>(byte + 0x20);
+    if (byte == 0x8A || byte == 0x8C || byte == 0x8E) return static_cast<char>(byte + 0x10);
+    return byte == 0x9F ? '\xFF' : c;
+  }
 };
 
 }  // namespace tarvo

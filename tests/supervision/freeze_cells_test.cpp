@@ -59,7 +59,8 @@ struct Desk {
   Form form{queue};
   PerComponent<DropDownList>& Exes;
   ComponentTable components;
-  ProcessControl processes{machine.processes, machine.processes, machine.clock, Exes, "C:\\srv"};
+  ProcessControl processes{
+      machine.processes, machine.processes, machine.clock, machine.codePage, Exes, "C:\\srv"};
   StatusLog log{form.status.RTLog, form.servers.WLog, form.servers.LogH,
                 machine.files,     machine.clock,     "C:\\srv"};
   PortProbe probe{machine.network};
@@ -247,6 +248,24 @@ TEST(AutokillTime, TheBoxShowsTheCleanedTextWithTheCaretAtItsEnd) {
   box.Type("-5");
   EXPECT_EQ(box.Text(), "-5");
   EXPECT_EQ(changes, 3);
+}
+
+TEST(AutokillTime, ANumberThatCleansToItselfTakesTheCaretToItsEndToo) {
+  const struct {
+    const char* typed;
+    std::size_t caret;
+    const char* text;
+    std::size_t caretAfter;
+  } cases[] = {{"-5", 1, "-5", 2},   {"1.5", 2, "1.5", 3}, {"x12", 1, "0", 1},
+               {"12x3", 3, "12", 2}, {"123", 1, "123", 1}, {"", 0, "", 0}};
+  for (const auto& c : cases) {
+    TextBox box;
+    box.SetText("9");
+    box.onChange = [&] { TTO_Change(box); };
+    box.Type(c.typed, c.caret);
+    EXPECT_EQ(box.Text(), c.text) << c.typed;
+    EXPECT_EQ(box.Caret(), c.caretAfter) << c.typed;
+  }
 }
 
 }  // namespace

@@ -34,6 +34,37 @@ TYPED_TEST(AppendStringOf, NewBuilderReturnsTheEmptyText) {
   EXPECT_EQ(this->builder.CapacityBytes(), 0);
 }
 
+TYPED_TEST(AppendStringOf, ExpectedTextTakesItsStepsAtOnceAndIsTheSame) {
+  for (const std::size_t length : {std::size_t{0}, std::size_t{5}, 2 * this->kStep - 1,
+                                   2 * this->kStep, 2 * this->kStep + 1, 5 * this->kStep}) {
+    typename TestFixture::Builder expecting;
+    expecting.Expect(this->kStep + 1);
+    EXPECT_EQ(expecting.CapacityBytes(), this->Bytes(2 * this->kStep));
+    const auto text = this->Filled(length);
+    expecting.AddToString(text);
+    EXPECT_EQ(expecting.UsedBytes(), this->Bytes(length));
+    EXPECT_EQ(expecting.ReturnString(), text);
+    expecting.AddToString(this->Filled(3));
+    EXPECT_EQ(expecting.TakeString(), text + this->Filled(3));
+    EXPECT_EQ(expecting.CapacityBytes(), 0);
+  }
+}
+
+TYPED_TEST(AppendStringOf, TakingWhatWasExpectedGivesTheTextAndLeavesNothing) {
+  this->builder.Expect(10);
+  this->builder.AddToString(this->Filled(7));
+  EXPECT_EQ(this->builder.TakeString(), this->Filled(7));
+  EXPECT_EQ(this->builder.UsedBytes(), 0);
+  EXPECT_TRUE(this->builder.TakeString().empty());
+}
+
+TYPED_TEST(AppendStringOf, NothingIsExpectedBehindATextAlreadyThere) {
+  this->builder.AddToString(this->Filled(7));
+  this->builder.Expect(10 * this->kStep);
+  EXPECT_EQ(this->builder.CapacityBytes(), this->Bytes(this->kStep));
+  EXPECT_EQ(this->builder.TakeString(), this->Filled(7));
+}
+
 TYPED_TEST(AppendStringOf, AppendingNothingChangesNothing) {
   this->builder.AddToString({});
   EXPECT_EQ(this->builder.CapacityBytes(), 0);

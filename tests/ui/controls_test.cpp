@@ -236,8 +236,17 @@ TEST(ServersPage, HasTheListsAndTextsThatOperatorsKnow) {
     EXPECT_FALSE(page.TTO[kind].Enabled());
   }
   EXPECT_EQ(page.LogH.Items(), modes);
-  EXPECT_EQ(page.TTO[ComponentKind::Char].ToolTip(),
-            "When freeze detected, how many time will wait before kill and restart char server");
+  const char* const tips[] = {
+      "When freeze detected, how many time will wait before kill and restart login server",
+      "When freeze detected, how many time will wait before kill and restart char server",
+      "When freeze detected, how many time will wait before kill and restart map server"};
+  for (ComponentKind kind : kComponents) {
+    EXPECT_EQ(page.chkAK[IndexOf(kind)].ToolTip(), tips[IndexOf(kind)]);
+    EXPECT_EQ(page.TTO[kind].ToolTip(), tips[IndexOf(kind)]);
+  }
+  EXPECT_EQ(page.LogH.ToolTip(), "What status messages will be saved in the log file?");
+  EXPECT_EQ(page.WLog.ToolTip(), "Save status in log file?");
+  EXPECT_EQ(page.SMinimized.ToolTip(), "Hide the main window at start?");
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "ui/rich_text_view.h"
 #include "ui/status_colours.h"
 
 namespace tarvo {
@@ -44,26 +43,6 @@ TEST(Readable, OnADarkGroundEveryColourOfTheLogIsReadAndKeepsItsHue) {
     }
   }
   EXPECT_EQ(Readable(kNoticeColour, kBlack), kNoticeColour);
-}
-
-TEST(Readable, OnlyTheTableOfASourceChanges) {
-  RichTextView view({kStampColour, kNoticeColour});
-  view.Append({kStampColour, "stamp "});
-  view.Append({kNoticeColour, "\\red0 {a}"});
-  view.Append({0, "\r\n"});
-  RichTextView lighter({Readable(kStampColour, kBlack), kNoticeColour});
-  lighter.SetSource(WithReadableColours(view.Source(), kBlack));
-  EXPECT_EQ(lighter.Text(), view.Text());
-  EXPECT_NE(lighter.Source(), view.Source());
-  EXPECT_EQ(WithReadableColours(view.Source(), kWhite), view.Source());
-  const RichTextView empty({Readable(kStampColour, kBlack), kNoticeColour});
-  EXPECT_EQ(lighter.Source().substr(0, empty.SourceLength() - 3),
-            empty.Source().substr(0, empty.SourceLength() - 3));
-}
-
-TEST(Readable, ASourceWithoutATableStaysWhole) {
-  EXPECT_EQ(WithReadableColours("", kBlack), "");
-  EXPECT_EQ(WithReadableColours("{\\rtf1}", kBlack), "{\\rtf1}");
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ std::string LineOf(const std::string& source, int number) {
 class RecordingMirror : public RichTextMirror {
  public:
   void Appended(const ColouredText& piece) override { told.push_back("+" + piece.text); }
-  void Replaced(const std::string& source) override { told.push_back("=" + source); }
+  void Replaced() override { told.push_back("="); }
   std::vector<std::string> told;
 };
 
@@ -54,6 +54,20 @@ TEST(RichTextView, ALineOfTextIsOneSourceLineWithItsOwnColours) {
   EXPECT_EQ(LineOf(view.Source(), RichTextView::kHeaderLines), "\\cf1 10:31: \\cf2 Ready!\\par");
   EXPECT_EQ(view.Text(), "10:31: Ready!\r\n");
   EXPECT_EQ(view.SourceLength(), view.Source().size());
+}
+
+TEST(RichTextView, PiecesComeBackWithTheirColours) {
+  RichTextView view({kBlue, kRed});
+  view.Append({kBlue, "10:31: "});
+  view.Append({kRed, "{Ready!\\}"});
+  view.Append({kRed, "\r\n"});
+  view.Append({0x123456, "42"});
+  std::string told;
+  for (const ColouredText& piece : view.Pieces()) {
+    if (!piece.text.empty()) told += std::to_string(piece.colour) + "[" + piece.text + "]";
+  }
+  EXPECT_EQ(told,
+            std::to_string(kBlue) + "[10:31: ]" + std::to_string(kRed) + "[{Ready!\\}\r\n]0[42]");
 }
 
 TEST(RichTextView, AnUnknownColourIsShownAsBlack) {
@@ -114,11 +128,10 @@ TEST(RichTextView, TheMirrorIsToldWhatHappened) {
   RecordingMirror mirror;
   view.SetRichTextMirror(&mirror);
   view.Append({kBlue, "one"});
-  const std::string source = view.Source();
-  view.SetSource(source);
+  view.SetSource(view.Source());
   view.SetRichTextMirror(nullptr);
   view.Append({kBlue, "two"});
-  EXPECT_EQ(mirror.told, (std::vector<std::string>{"+one", "=" + source}));
+  EXPECT_EQ(mirror.told, (std::vector<std::string>{"+one", "="}));
 }
 
 TEST(RichTextView, ABrokenSourceIsReadWithoutHarm) {

@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <set>
 #include <vector>
 
 #include "desktop/status_icons.h"
 #include "platform/windows/code_page_windows.h"
 #include "platform/windows/icons_windows.h"
+#include "platform/windows/notification_record.h"
 
 namespace tarvo {
 namespace {
@@ -203,6 +206,25 @@ TEST(WindowsIconsTest, TenThousandPictureChangesLeaveObjectsWhereTheyBegan) {
   EXPECT_FALSE(seen.contains(0));
 }
 
+TEST(NotificationRecordTest, HoldsWhatTheShellOfTheFirstVersionTakes) {
+  const auto window = reinterpret_cast<HWND>(std::uintptr_t{0x1234});
+  const NOTIFYICONDATAA record = NotificationRecord(window, {0x77, "[Aurora] - caf\xE9"});
+  EXPECT_EQ(record.cbSize, sizeof(void*) == 4 ? 88U : 104U);
+  EXPECT_EQ(record.hWnd, window);
+  EXPECT_EQ(record.uFlags, 7U);
+  EXPECT_EQ(record.uCallbackMessage, 512U);
+  EXPECT_EQ(record.hIcon, reinterpret_cast<HICON>(std::uintptr_t{0x77}));
+  EXPECT_STREQ(record.szTip, "[Aurora] - caf\xE9");
+}
+
+TEST(NotificationRecordTest, EndsTheTipAfter63BytesAtMost) {
+  for (const std::size_t length :
+       {std::size_t{0}, std::size_t{62}, std::size_t{63}, std::size_t{64}, std::size_t{500}}) {
+    const NOTIFYICONDATAA record = NotificationRecord(nullptr, {0, std::string(length, 'x')});
+    EXPECT_EQ(std::string(record.szTip), std::string(std::min(length, kLongestTip), 'x')) << length;
+  }
+}
+
 TEST(WindowsCodePageTest, AgreesWithTheSystem) {
   WindowsCodePage codePage;
   for (int byte = 0; byte < 256; ++byte) {
@@ -210,6 +232,15 @@ TEST(WindowsCodePageTest, AgreesWithTheSystem) {
     EXPECT_EQ(codePage.IsLeadByte(value), IsDBCSLeadByte(value) != FALSE) << byte;
   }
   EXPECT_FALSE(codePage.IsLeadByte('A'));
+}
+
+TEST(WindowsCodePageTest, LowersEveryLetterOfTheCodePage) {
+  WindowsCodePage codePage;
+  EXPECT_EQ(codePage.Lowered(""), "");
+  EXPECT_EQ(codePage.Lowered("LOGIN-Server.EXE 1_"), "login-server.exe 1_");
+  if (GetACP() != 1252) GTEST_SKIP() << "code page " << GetACP();
+  EXPECT_EQ(codePage.Lowered("\xC0\xD1\xDE\x8A\x9F"), "\xE0\xF1\xFE\x9A\xFF");
+  EXPECT_EQ(codePage.Lowered("\xD7\xDF\xF1"), "\xD7\xDF\xF1");
 }
 
 }  // namespace

@@ -391,6 +391,32 @@ TEST(Paths, WalkDownOneStepAtATime) {
   EXPECT_EQ(root->SelectSingleNode("a.b.c"), root->SelectSingleNode("a.b.c"));
 }
 
+TEST(Paths, AChildIsFoundByAPathWhereNoNameMatches) {
+  const Ref<Document> root = Imported(
+      "<r><a id=\"1\"><b k=\"x.y\"><f>1</f></b></a><a id=\"2\"><b><f>2</f></b></a>"
+      "<a.b><f>3</f></a.b></r>");
+  const std::vector<std::pair<const char*, const char*>> rows{
+      {"A.b", "a.b{f=3}"},  // A name goes before a path.
+      {"a@id=1.b", "b(k=x.y){f=1}"},
+      {"a.@id=2.b", "b{f=2}"},
+      {"a.@id=1.b@k=\"x.y\"", "b(k=x.y){f=1}"},
+      {"a.@id=1", "a(id=1){|b(k=x.y){f=1}}"},
+      {"a@id='x.y'", "{}"},
+      {"a.c", "{}"},
+      {"a.b.c", "{}"},
+      {"a.", "{}"},
+      {".", "{}"},
+      {"", "{}"},
+  };
+  for (const auto& [key, tree] : rows) {
+    EXPECT_EQ(TreeText(*root->Childs().Child(key)), tree) << key;
+  }
+  root->Childs().Child("a.c")->SetName("stray");
+  EXPECT_EQ(root->Childs().Child("a")->Childs().Count(), 1);
+  EXPECT_EQ(root->Childs().RemoveChild("a@id=1.b")->Name(), "");
+  EXPECT_EQ(root->Childs().Count(), 3);
+}
+
 TEST(Paths, WhatIsNotFoundBelongsToNoTree) {
   const Ref<Document> root = WithChilds({"a"});
   root->SelectSingleNode("b")->SetName("stray");

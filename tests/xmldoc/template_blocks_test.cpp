@@ -82,6 +82,8 @@ TEST(TemplateBlocks, ThatDoNotCloseRightAreErrors) {
        "10102 Vemto.Parser: Falta el final de bloque:\r\n<@close ID=\"c\">"},
       {"<@open ID=\"b\"><@open ID=\"b\"><@close ID=\"b\">",
        "10102 Vemto.Parser: Falta el final de bloque:\r\n<@close ID=\"b\">"},
+      {"<@open ID=\"b\" when=\"x\">x",
+       "10102 Vemto.Parser: Falta el final de bloque:\r\n<@close ID=\"b\">"},
       {"<@open when=\"a=1\">x",
        "10102 Vemto.Parser: Falta el final de bloque:\r\n<@close ID=\"\">"},
       {"<@open ID=\"none\"><@open ID=\"c\"><@close ID=\"none\">",
@@ -97,6 +99,44 @@ TEST(TemplateBlocks, ThatDoNotCloseRightAreErrors) {
   };
   for (const TemplateCase& one : cases)
     EXPECT_EQ(Filled(kDocument, one.source), one.outcome) << one.source;
+}
+
+TEST(TemplateBlocks, RaiseTheFaultsOfABodyOnlyWhenItIsProduced) {
+  const std::string noCondition =
+      "10103 parse.condition: No se ha encontrado una condici\xF3n v\xE1lida";
+  const std::string unknown = "10105 parse.field: Unknown function: shout";
+  const struct {
+    const char* attributes;
+    const char* body;
+    std::string outcome;
+  } cases[] = {
+      {" ID=\"none\"", "<@field shout(x)>", "[]"},
+      {" ID=\"none\"", "<@field id=x>", "[]"},
+      {" ID=\"none\"", "<@field con(x)>", "[]"},
+      {" ID=\"none\" when=\"x\"", "", "[]"},
+      {" ID=\"b\" start=\"9\" when=\"x\"", "", "[]"},
+      {" ID=\"b\" when=\"1=2\"", "<@field shout(x)>", "[]"},
+      {" ID=\"b\" when=\"1=2\"", "<@open ID=\"c\" when=\"x\"><@close ID=\"c\">", "[]"},
+      {" ID=\"b\"", "<@open ID=\"none\" when=\"x\"><@field shout(x)><@close ID=\"none\">.",
+       "[...]"},
+      {" ID=\"b\"", "<@field shout(x)>", unknown},
+      {" ID=\"b\"", "<@field id=x>", kMalformed},
+      {" ID=\"b\" when=\"x\"", "", noCondition},
+      {" ID=\"b\" start=\"3\" when=\"x\"", "<@field shout(x)>", noCondition},
+      {" ID=\"none\"", "<@field x", kMalformed},
+      {" ID=\"none\"", "<@open ID=\"c\">",
+       "10102 Vemto.Parser: Falta el final de bloque:\r\n<@close ID=\"c\">"},
+  };
+  for (const auto& c : cases) {
+    const std::string id =
+        std::string(c.attributes).find("none") == std::string::npos ? "b" : "none";
+    const std::string source =
+        "[<@open" + std::string(c.attributes) + ">" + c.body + "<@close ID=\"" + id + "\">]";
+    EXPECT_EQ(Filled(kDocument, source), c.outcome) << source;
+    // A second block of that path shares the children with the first one.
+    EXPECT_EQ(Filled(kDocument, source + "<@open ID=\"b\" stop=\"0\"><@close ID=\"b\">"), c.outcome)
+        << source;
+  }
 }
 
 TEST(TemplateBlocks, TakeQuotesOutOfAnId) {

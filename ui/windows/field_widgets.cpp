@@ -69,11 +69,15 @@ void TextWidget::FocusMoved(bool gained) {
 }
 
 void TextWidget::TakeCaret() {
+  NoteShownCaret();
+  control_.MoveCaret(shownCaret_, shownSelection_);
+}
+
+void TextWidget::NoteShownCaret() {
   DWORD start = 0;
   DWORD end = 0;
   SendMessageA(Window(), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
                reinterpret_cast<LPARAM>(&end));
-  control_.MoveCaret(start, end - start);
   shownCaret_ = start;
   shownSelection_ = end - start;
 }
@@ -84,12 +88,11 @@ void TextWidget::Access() {
 }
 
 void TextWidget::Typed() {
+  NoteShownCaret();
   typing_ = true;
-  stage_.Happens([this] { control_.Type(TextOf(Window())); });
+  stage_.Happens([this] { control_.Type(TextOf(Window()), shownCaret_); });
   typing_ = false;
-  shownCaret_ = control_.Caret();
-  shownSelection_ = control_.SelectionLength();
-  if (TextOf(Window()) != control_.Text()) Show();
+  Show();
 }
 
 void TextWidget::Show() {

@@ -26,6 +26,7 @@ class TextWidget : public Mirror<TextBox> {
   void FocusMoved(bool gained);
   bool LetsThrough(char key);
   void TakeCaret();
+  void NoteShownCaret();
   void ShowCaret();
 
   std::string widest_;

@@ -45,7 +45,7 @@ void ListBoxWidget::MeasureItems() {
   }
   const bool fits = widest <= stage_.look.TextExtent(widest_, false, true).width;
   SendMessageA(Window(), LB_SETHORIZONTALEXTENT,
-               fits ? 0 : static_cast<WPARAM>(widest + stage_.look.Px(8)), 0);
+               fits ? 0 : static_cast<WPARAM>(widest + stage_.look.Px(4)), 0);
 }
 
 void ListBoxWidget::ShowItems() {

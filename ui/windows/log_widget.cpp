@@ -4,8 +4,6 @@
 #include <windowsx.h>
 
 #include <algorithm>
-#include <cstring>
-#include <string_view>
 #include <utility>
 
 #include "ui/readable.h"
@@ -16,24 +14,33 @@ namespace {
 
 constexpr int kTwipsPerInch = 1440;
 constexpr char kLineEnd[] = "\r\n";
+constexpr std::size_t kLongestPiece = 1000;
 
 /// Entries of the menu; 0 is none.
 enum Command { kCopy = 1, kSelectAll, kFind, kOpenFile };
 
-DWORD CALLBACK ReadSource(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
-  auto& rest = *reinterpret_cast<std::string_view*>(cookie);
-  const std::size_t count = std::min(rest.size(), static_cast<std::size_t>(wanted));
-  std::memcpy(buffer, rest.data(), count);
-  rest.remove_prefix(count);
-  *given = static_cast<LONG>(count);
-  return 0;
+/// What the window shows of a piece: control characters as blanks, so that a line stays one, and of
+/// an endless one its beginning, since the time that a rich edit takes to break a line grows with
+/// the square of its length: 8000 letters can be 20 seconds.
+std::string Displayed(const std::string& text) {
+  std::string displayed = text.substr(0, kLongestPiece);
+  for (std::size_t i = 0; i < displayed.size(); ++i) {
+    if (displayed.compare(i, 2, kLineEnd) == 0) {
+      ++i;
+    } else if (static_cast<unsigned char>(displayed[i]) < ' ' && displayed[i] != '\t') {
+      displayed[i] = ' ';
+    }
+  }
+  if (displayed.size() == text.size()) return displayed;
+  return displayed + (text.ends_with(kLineEnd) ? "...\r\n" : "...");
 }
 
-/// Letters as a rich edit counts them: a line end is one.
+/// Letters of a text as a rich edit counts them where it is displayed whole: a line end is one.
 LONG LettersIn(const std::string& text) {
-  const int letters =
+  LONG letters =
       MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), nullptr, 0);
-  return letters - static_cast<LONG>(std::count(text.begin(), text.end(), '\n'));
+  for (std::size_t at = 0; (at = text.find(kLineEnd, at)) != std::string::npos; at += 2) --letters;
+  return letters;
 }
 
 /// Holds the drawing of a window back, then has it drawn once, without erasing it first.
@@ -65,7 +72,7 @@ LogWidget::LogWidget(Stage& stage, HWND parent, int id, RichTextView& view) : Mi
   SendMessageA(Window(), EM_SETBKGNDCOLOR, TRUE, 0);
   Attach();
   control_.SetRichTextMirror(this);
-  StreamIn(control_.Source());
+  ShowAll();
 }
 
 void LogWidget::Detach() {
@@ -87,9 +94,10 @@ void LogWidget::TakeLook() {
   if (plain_ != HighContrast() || ground_ != GetSysColor(COLOR_WINDOW)) {
     plain_ = HighContrast();
     ground_ = GetSysColor(COLOR_WINDOW);
-    StreamIn(control_.Source());
+    ShowAll();
+  } else {
+    ApplyFont();
   }
-  ApplyFont();
   Restore(reading);
 }
 
@@ -172,8 +180,10 @@ void LogWidget::Insert(const ColouredText& piece) {
   format.crTextColor = Readable(piece.colour, ground_);
   format.dwEffects = plain_ ? CFE_AUTOCOLOR : 0;
   SendMessageA(Window(), EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
-  SendMessageA(Window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(piece.text.c_str()));
+  const std::string text = Displayed(piece.text);
+  SendMessageA(Window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()));
   shown_ += piece.text;
+  shortened_ |= piece.text.size() > kLongestPiece;
 }
 
 void LogWidget::Appended(const ColouredText& piece) {
@@ -187,12 +197,12 @@ void LogWidget::Appended(const ColouredText& piece) {
 }
 
 /// Pieces that are more than all that is left would be put in for nothing.
-void LogWidget::Replaced(const std::string& source) {
+void LogWidget::Replaced() {
   FallBehind();
   outdated_ = true;
   std::size_t length = 0;
   for (const ColouredText& piece : missing_) length += piece.text.size();
-  if (length > source.size()) missing_.clear();
+  if (length > control_.SourceLength()) missing_.clear();
 }
 
 /// Any message makes it catch up, so one is sent on its way.
@@ -212,48 +222,30 @@ void LogWidget::CatchUp() {
   for (const ColouredText& piece : pieces) Insert(piece);
   if (outdated) {
     const LONG whole = Length();
-    if (!DropOldest(control_.Text())) StreamIn(control_.Source());
+    if (!DropOldest(control_.Text())) ShowAll();
     reading.gone = std::max(0L, whole - Length());
   }
   Restore(reading);
 }
 
-void LogWidget::StreamIn(const std::string& source) {
-  const std::string readable = WithReadableColours(source, ground_);
-  std::string_view rest = readable;
-  EDITSTREAM stream{};
-  stream.dwCookie = reinterpret_cast<DWORD_PTR>(&rest);
-  stream.pfnCallback = ReadSource;
-  SendMessageA(Window(), EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
+/// Begins anew with all that the view has.
+void LogWidget::ShowAll() {
+  SetWindowTextA(Window(), "");
+  shown_.clear();
+  shortened_ = false;
   ApplyFont();
-  ApplyContrast();
-  // A rich edit drops the line end that its source ends with.
-  const bool ended = SendMessageA(Window(), EM_LINELENGTH, static_cast<WPARAM>(Length()), 0) == 0;
-  GoToEnd();
-  if (!ended && source.ends_with("\\par\r\n}\r\n")) Insert({0, kLineEnd});
-  shown_ = control_.Text();
+  for (const ColouredText& piece : control_.Pieces()) Insert(piece);
 }
 
 /// Takes off the beginning what `kept` no longer has. False, and nothing done, when `kept` is not
-/// the end of what is shown. Reading a source anew costs some rich edits memory that they never
-/// give back.
+/// the end of what is shown, or what is shown is not whole.
 bool LogWidget::DropOldest(const std::string& kept) {
-  if (!shown_.ends_with(kept)) return false;
+  if (shortened_ || !shown_.ends_with(kept)) return false;
   shown_ = kept;
   const CHARRANGE gone{0, Length() - LettersIn(kept)};
   SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&gone));
   SendMessageA(Window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(""));
   return true;
-}
-
-/// In high contrast the operator's colours count, and no other.
-void LogWidget::ApplyContrast() {
-  if (!plain_) return;
-  CHARFORMATA format{};
-  format.cbSize = sizeof format;
-  format.dwMask = CFM_COLOR;
-  format.dwEffects = CFE_AUTOCOLOR;
-  SendMessageA(Window(), EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
 }
 
 bool LogWidget::Key(WPARAM key) {

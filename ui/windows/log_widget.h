@@ -30,7 +30,7 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   bool Framed() const override { return true; }
 
   void Appended(const ColouredText& piece) override;
-  void Replaced(const std::string& source) override;
+  void Replaced() override;
 
  private:
   /// Where the operator reads and what he has selected.
@@ -55,9 +55,8 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   void GoToEnd();
   void Insert(const ColouredText& piece);
   bool DropOldest(const std::string& kept);
-  void StreamIn(const std::string& source);
+  void ShowAll();
   void ApplyFont();
-  void ApplyContrast();
   bool Key(WPARAM key);
   void ShowMenu(LPARAM place);
   void Do(int command);
@@ -67,7 +66,8 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   bool behind_ = false;    ///< The window does not show yet what follows.
   bool outdated_ = false;  ///< Lines are gone from the view's beginning, or all is another.
   std::vector<ColouredText> missing_;
-  std::string shown_;  ///< The window's text.
+  std::string shown_;       ///< The window's text, as the view has it.
+  bool shortened_ = false;  ///< Of a piece of it only the beginning is in the window.
   COLORREF ground_ = GetSysColor(COLOR_WINDOW);
 };
 

@@ -17,8 +17,8 @@ struct UpgradeDesk {
               const std::string& launcherPath, const std::string& newFolder)
       : ports(system),
         root(launcherPath),
-        processes(processPort, ports.foreignWindows, ports.tickClock, form.servers.Exes,
-                  root.AppFolder()),
+        processes(processPort, ports.foreignWindows, ports.tickClock, ports.codePage,
+                  form.servers.Exes, root.AppFolder()),
         upgrade({form, components, startStop, log, settings, ports.fileReader,
                  PatientCopies(copies, ports.tickClock), ports.localClock, ports.messageBoxes,
                  root.AppFolder(), UpgradeInProgress}) {

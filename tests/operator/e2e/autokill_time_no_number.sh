@@ -9,6 +9,13 @@ operate set TTO 1 12a
 expect_equal "$(operate text TTO 1 | tr -d '\r')" "12" "cleaned box"
 operate set TTO 1 abc
 expect_equal "$(operate text TTO 1 | tr -d '\r')" "0" "cleaned box"
+# A "-" before the number leaves it a number, but is no digit: the caret goes behind the text.
+operate set TTO 1 5
+operate type TTO 1 -7
+expect_equal "$(operate text TTO 1 | tr -d '\r')" "-57" "box with a minus"
+operate set TTO 1 67
+operate type TTO 1 45
+expect_equal "$(operate text TTO 1 | tr -d '\r')" "4567" "box of digits"
 operate set TTO 1 ""
 operate click bStart 0
 shown=$(operate answer ok --wait 20) || fail "no box"

@@ -1,12 +1,23 @@
 #!/usr/bin/env bash
-# On every page and at every scale nothing overlaps, nothing is cut, every control has a name and no two
-# share an access key.
+# On every page, at every scale and with a large font, nothing overlaps, nothing is cut, every control has
+# a name and no two share an access key.
 source "$(dirname "$0")/story.sh"
+source "$(dirname "$0")/look.bash"
+export WINE_SCREEN=2560x1600
 story_begin "$0" "$@"
-for dpi in 96 120 144 192; do
-  wine_run reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f >/dev/null
-  wine_end_programs # The new scale counts from the next start of Windows.
+
+expect_layout() {
+  local faults
   start_launcher
-  faults=$(operate layout) || fail "at $dpi dots per inch: $faults"
-  close_launcher
+  faults=$(operate layout) || fail "$1: $faults"
+}
+
+for scale in 100 125 150 200 300; do
+  look_at_scale $scale
+  expect_layout "at $scale %"
+done
+look_with large-font.reg
+for scale in 100 200; do
+  look_at_scale $scale
+  expect_layout "with a large font at $scale %"
 done
