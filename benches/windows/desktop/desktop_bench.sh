@@ -14,7 +14,8 @@ value() { awk -v name="$1" '$1 == name { print $2 }'; }
 minus() { awk -v a="$1" -v b="$2" 'BEGIN { print a - b }'; }
 
 # The log: 50,000 lines, ten in each event, three times. A window that stalls does so in every run, the
-# machine's other work in one or another: the ratio is the middle one of the three, the longest answer the least.
+# machine's other work in one or another: the ratio, of processor time, is the middle one of the three, the
+# longest answer the least.
 for run in 1 2 3; do
   bench log-flood 50000 10 >"$WINE_DIR/flood$run"
   ratio "$(value last <"$WINE_DIR/flood$run")" "$(value first <"$WINE_DIR/flood$run")" >>"$WINE_DIR/ratios"
@@ -25,7 +26,7 @@ ratios=$(sort -n "$WINE_DIR/ratios" | xargs)
 answers=$(sort -n "$WINE_DIR/answers" | xargs)
 # of NAME: its largest value of the three.
 of() { cat "$WINE_DIR"/flood? | value "$1" | sort -n | tail -1; }
-figure "log lines, last 1000 to first: ${ratios// /, }" "$(cut -d' ' -f2 <<<"$ratios")" ratio 1.1
+figure "log line, last 1000 to first: ${ratios// /, }" "$(cut -d' ' -f2 <<<"$ratios")" ratio 1.1
 # A line, at most 82 letters of source, is added while the source is at most 25000 long.
 figure "longest source of the log's view" "$(of source)" letters 25082
 figure "letters shown that are not the view's" "$(of differs)" letters 0
