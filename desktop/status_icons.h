@@ -14,8 +14,8 @@ class StatusIcons {
   StatusIcons(const StatusIcons&) = delete;
   StatusIcons& operator=(const StatusIcons&) = delete;
 
-  /// The icon of the three states. It lives until the picture has changed twice more, so that it can
-  /// be shown until the next one is. When the system has no room for it, 0; the next call tries
+  /// The icon of the three states. It lives until the picture has changed twice more, so that it
+  /// can be shown until the next one is. When the system has no room for it, 0; the next call tries
   /// again.
   IconHandle For(const AlarmStates& states);
 
