@@ -1,47 +1,18 @@
 #include "ui/windows/log_widget.h"
 
 #include <commctrl.h>
-#include <windowsx.h>
 
 #include <algorithm>
 #include <utility>
 
 #include "ui/readable.h"
 #include "ui/windows/dpi.h"
+#include "ui/windows/log_text.h"
 
 namespace tarvo {
 namespace {
 
 constexpr int kTwipsPerInch = 1440;
-constexpr char kLineEnd[] = "\r\n";
-constexpr std::size_t kLongestPiece = 1000;
-
-/// Entries of the menu; 0 is none.
-enum Command { kCopy = 1, kSelectAll, kFind, kOpenFile };
-
-/// What the window shows of a piece: control characters as blanks, so that a line stays one, and of
-/// an endless one its beginning, since the time that a rich edit takes to break a line grows with
-/// the square of its length: 8000 letters can be 20 seconds.
-std::string Displayed(const std::string& text) {
-  std::string displayed = text.substr(0, kLongestPiece);
-  for (std::size_t i = 0; i < displayed.size(); ++i) {
-    if (displayed.compare(i, 2, kLineEnd) == 0) {
-      ++i;
-    } else if (static_cast<unsigned char>(displayed[i]) < ' ' && displayed[i] != '\t') {
-      displayed[i] = ' ';
-    }
-  }
-  if (displayed.size() == text.size()) return displayed;
-  return displayed + (text.ends_with(kLineEnd) ? "...\r\n" : "...");
-}
-
-/// Letters of a text as a rich edit counts them where it is displayed whole: a line end is one.
-LONG LettersIn(const std::string& text) {
-  LONG letters =
-      MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), nullptr, 0);
-  for (std::size_t at = 0; (at = text.find(kLineEnd, at)) != std::string::npos; at += 2) --letters;
-  return letters;
-}
 
 /// Holds the drawing of a window back, then has it drawn once, without erasing it first.
 class Still {
@@ -180,10 +151,10 @@ void LogWidget::Insert(const ColouredText& piece) {
   format.crTextColor = Readable(piece.colour, ground_);
   format.dwEffects = plain_ ? CFE_AUTOCOLOR : 0;
   SendMessageA(Window(), EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
-  const std::string text = Displayed(piece.text);
+  const std::string text = ShownOf(piece.text);
   SendMessageA(Window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()));
   shown_ += piece.text;
-  shortened_ |= piece.text.size() > kLongestPiece;
+  shortened_ |= piece.text.size() > kLongestShown;
 }
 
 void LogWidget::Appended(const ColouredText& piece) {
@@ -260,43 +231,22 @@ bool LogWidget::Key(WPARAM key) {
   return true;
 }
 
-void LogWidget::ShowMenu(LPARAM place) {
-  POINT at{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
-  if (place == -1) {  // By the keyboard.
-    at = {0, 0};
-    ClientToScreen(Window(), &at);
-  }
-  CHARRANGE selection{};
-  SendMessageA(Window(), EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&selection));
-  const UINT copy = selection.cpMin != selection.cpMax ? MF_STRING : MF_STRING | MF_GRAYED;
-  const HMENU menu = CreatePopupMenu();
-  AppendMenuA(menu, copy, kCopy, "&Copy\tCtrl+C");
-  AppendMenuA(menu, MF_STRING, kSelectAll, "Select &all\tCtrl+A");
-  AppendMenuA(menu, MF_STRING, kFind, "&Find...\tCtrl+F");
-  AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
-  AppendMenuA(menu, MF_STRING, kOpenFile, "&Open today's log file");
-  const int chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, at.x,
-                                    at.y, 0, Window(), nullptr);
-  DestroyMenu(menu);
-  Do(chosen);
-}
-
-void LogWidget::Do(int command) {
+void LogWidget::Do(LogCommand command) {
   CHARRANGE whole{0, -1};
   switch (command) {
-    case kCopy:
+    case LogCommand::Copy:
       SendMessageA(Window(), WM_COPY, 0, 0);
       break;
-    case kSelectAll:
+    case LogCommand::SelectAll:
       SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&whole));
       break;
-    case kFind:
+    case LogCommand::Find:
       search_.Ask();
       break;
-    case kOpenFile:
+    case LogCommand::OpenFile:
       stage_.Happens([this] { control_.OpenFile(); });
       break;
-    default:
+    case LogCommand::None:
       break;
   }
 }
@@ -308,7 +258,7 @@ LRESULT CALLBACK LogWidget::Keys(HWND window, UINT message, WPARAM w, LPARAM l, 
   // Tab and Escape belong to the window around it: the log is for reading.
   if (message == WM_GETDLGCODE) return DLGC_WANTARROWS;
   if (message == WM_KEYDOWN && log.Key(w)) return 0;
-  if (message == WM_CONTEXTMENU) return log.ShowMenu(l), 0;
+  if (message == WM_CONTEXTMENU) return log.Do(AskLogMenu(window, l)), 0;
   if (log.search_.Take(message, l)) return 0;
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Keys, id);
   return DefSubclassProc(window, message, w, l);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ui/rich_text_view.h"
+#include "ui/windows/log_menu.h"
 #include "ui/windows/log_search.h"
 #include "ui/windows/widget.h"
 
@@ -58,8 +59,7 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   void ShowAll();
   void ApplyFont();
   bool Key(WPARAM key);
-  void ShowMenu(LPARAM place);
-  void Do(int command);
+  void Do(LogCommand command);
 
   LogSearch search_;
   bool plain_ = false;     ///< In the system's colours.
