@@ -8,8 +8,6 @@ namespace tarvo {
 struct Extent {
   int width = 0;
   int height = 0;
-
-  bool operator==(const Extent&) const = default;
 };
 
 struct Place {

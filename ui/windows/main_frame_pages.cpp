@@ -63,11 +63,11 @@ Panel& MainFrame::Page(int index) {
 
 /// A page that needs more room than the window was given gets it, as far as the screen goes.
 void MainFrame::CompletePages() {
-  const Extent before = SmallestClient();
   header_.OfferTips();
   for (std::size_t i = 0; i < pages_.size(); ++i) Page(static_cast<int>(i)).OfferTips();
   KeepPopupsOpen();
-  if (SmallestClient() == before) return;
+  const Extent needed = SmallestClient();
+  if (arranged_.right >= needed.width && arranged_.bottom >= needed.height) return;
   const Place place = PlaceOf(window_);
   if (!IsIconic(window_) && Enlarged(place) != place) {
     TakePlace(FittedInto(Enlarged(place), ScreenOf(window_)));

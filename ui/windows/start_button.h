@@ -1,7 +1,8 @@
 #pragma once
 
-#include "ui/controls.h"
-#include "ui/windows/widget.h"
+#include <string>
+
+#include "ui/windows/drawn_button.h"
 
 namespace tarvo {
 
@@ -9,26 +10,18 @@ namespace tarvo {
 /// access key is underlined in it where the caption has that letter.
 ///
 /// The second press of a double click is left out: it would take back what the first one did.
-class StartButton : public Mirror<CommandButton> {
+class StartButton : public DrawnButton {
  public:
   StartButton(Stage& stage, HWND parent, int id, CommandButton& button, std::string widest);
-  ~StartButton() override;
   Extent Natural() const override;
-  void Command(int code) override;
   void Draw(const DRAWITEMSTRUCT& item) override;
-  void Access() override;
 
  protected:
   void Show() override;
 
  private:
-  static LRESULT CALLBACK Track(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                DWORD_PTR self);
-  void SetHot(bool hot);
-
   std::string widest_;
   Colour shown_ = 0;
-  bool hot_ = false;  ///< The mouse is over it.
 };
 
 }  // namespace tarvo

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "ui/controls.h"
+#include "ui/windows/button_face.h"
+#include "ui/windows/widget.h"
+
+namespace tarvo {
+
+/// A button whose face the program draws.
+class DrawnButton : public Mirror<CommandButton> {
+ public:
+  void Command(int code) override;
+  void Access() override;
+
+ protected:
+  /// The window's text is its name for screen readers, whatever is drawn.
+  DrawnButton(Stage& stage, HWND parent, int id, CommandButton& button, const std::string& name);
+  /// The face at this moment, in the colours of a plain button without a caption.
+  ButtonFace FaceNow(const DRAWITEMSTRUCT& item) const;
+
+ private:
+  static LRESULT CALLBACK Track(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                                DWORD_PTR self);
+  void SetHot(bool hot);
+
+  bool hot_ = false;  ///< The mouse is over it.
+};
+
+}  // namespace tarvo
