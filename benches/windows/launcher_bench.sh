@@ -13,8 +13,6 @@ story_begin "$0" "$@"
 
 measure() { wine_run "$BENCH/measure.exe" "$@" | tr -d '\r'; }
 
-# The kernel's id of the Windows program of that file name in this prefix.
-unix_process() { pgrep -f "^[^ ]*[\\\\/]$1" | head -1; }
 private_kib() { awk '/^Private/ { sum += $2 } END { print sum }' "/proc/$1/smaps_rollup"; }
 cpu_ticks() { awk '{ print $14 + $15 }' "/proc/$1/stat"; }
 
@@ -75,13 +73,9 @@ cycle() {
   done
   sleep 5.2
 }
-# What is bounded by design is filled first: the log's view to its last line, the icons of the states.
-for _ in $(seq 180); do
-  operate select Prior 0 Norm
-  operate select Prior 0 Low
-done
-cycle
-cycle
+# What is bounded by design is filled first: the log's view, with lines of the kind that come later,
+# and the icons of the states.
+for _ in $(seq 60); do cycle; done
 sleep 6
 handles=$(measure handles tarvo-launcher.exe)
 read -r gdi windows < <(measure objects tarvo-launcher.exe)

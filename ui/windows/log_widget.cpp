@@ -199,9 +199,19 @@ void LogWidget::CatchUp() {
   Restore(reading);
 }
 
+/// Takes the letters off, with an undo step that is thrown away at once: where none is kept, Wine's
+/// rich edit loses 0.3 KiB of memory for each line end that goes.
+void LogWidget::Remove(CHARRANGE letters) {
+  SendMessageA(Window(), EM_SETUNDOLIMIT, 1, 0);
+  SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&letters));
+  SendMessageA(Window(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(""));
+  SendMessageA(Window(), EM_EMPTYUNDOBUFFER, 0, 0);
+  SendMessageA(Window(), EM_SETUNDOLIMIT, 0, 0);
+}
+
 /// Begins anew with all that the view has.
 void LogWidget::ShowAll() {
-  SetWindowTextA(Window(), "");
+  Remove({0, -1});
   shown_.clear();
   shortened_ = false;
   ApplyFont();
@@ -213,9 +223,7 @@ void LogWidget::ShowAll() {
 bool LogWidget::DropOldest(const std::string& kept) {
   if (shortened_ || !shown_.ends_with(kept)) return false;
   shown_ = kept;
-  const CHARRANGE gone{0, Length() - LettersIn(kept)};
-  SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&gone));
-  SendMessageA(Window(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(""));
+  Remove({0, Length() - LettersIn(kept)});
   return true;
 }
 

@@ -56,6 +56,7 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   void GoToEnd();
   void Insert(const ColouredText& piece);
   bool DropOldest(const std::string& kept);
+  void Remove(CHARRANGE letters);
   void ShowAll();
   void ApplyFont();
   bool Key(WPARAM key);
