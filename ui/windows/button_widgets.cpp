@@ -62,7 +62,7 @@ Extent CheckWidget::Natural() const {
 }
 
 void CheckWidget::Command(int code) {
-  if (code == BN_CLICKED) stage_.Happens([this] { control_.Click(); });
+  if (IsPress(code)) stage_.Happens([this] { control_.Click(); });
 }
 
 void CheckWidget::Access() { Press(Window()); }
@@ -80,7 +80,7 @@ OptionWidget::OptionWidget(Stage& stage, HWND parent, int id, OptionButton& opti
 Extent OptionWidget::Natural() const { return MarkedExtent(stage_.look, TextOf(Window())); }
 
 void OptionWidget::Command(int code) {
-  if (code == BN_CLICKED && !focusing_) stage_.Happens([this] { control_.Click(); });
+  if (IsPress(code) && !focusing_) stage_.Happens([this] { control_.Click(); });
 }
 
 void OptionWidget::Access() { Press(Window()); }

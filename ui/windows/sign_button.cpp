@@ -23,6 +23,8 @@ Extent SignButton::Natural() const {
   return {side + stage_.look.Px(4), side};
 }
 
+void SignButton::Command(int code) { DrawnButton::Command(IsPress(code) ? BN_CLICKED : code); }
+
 void SignButton::Detach() {
   DrawnButton::Detach();
   RemovePropA(Window(), kPictureProperty);

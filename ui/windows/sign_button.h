@@ -14,6 +14,7 @@ class SignButton : public DrawnButton {
   SignButton(Stage& stage, HWND parent, int id, CommandButton& button, Sign sign,
              const std::string& name);
   Extent Natural() const override;
+  void Command(int code) override;
   void Draw(const DRAWITEMSTRUCT& item) override;
   void Detach() override;
 

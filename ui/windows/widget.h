@@ -95,6 +95,10 @@ class Mirror : public Widget {
   ControlType& control_;
 };
 
+/// Whether a button's notification tells a press. Of options, owner-drawn buttons and notifying
+/// check boxes Windows tells the second press of a double click as something else.
+constexpr bool IsPress(int code) { return code == BN_CLICKED || code == BN_DBLCLK; }
+
 /// The window's text, in whole.
 std::string TextOf(HWND window);
 

@@ -2,6 +2,7 @@
 #
 #   tray_icon                      # waits until the launcher's icon is to be seen
 #   tray_click BUTTON [TIMES]      # 1 left, 3 right
+#   press CONTROL INDEX [TIMES]    # with the mouse, on the page shown; two presses are a double click
 #   expect_shown | expect_hidden   # the launcher's window
 #   window_seen TITLE              # true when a window of that title is to be seen
 
@@ -21,6 +22,17 @@ tray_click() {
   xdotool mousemove --window "$(tray_window)" 10 10
   sleep 0.3
   xdotool click --repeat "${2:-1}" --delay 60 "$1"
+}
+
+press() {
+  local window place
+  window=$(xdotool search --onlyvisible --name ' - Tarvo Launcher$' | head -1)
+  place=$(state "$1" "$2")
+  IFS=, read -r left top width height <<<"${place##*place=}"
+  xdotool mousemove --window "$window" $((left + width / 2)) $((top + height / 2))
+  sleep 0.2
+  xdotool click --repeat "${3:-1}" --delay 60 1
+  sleep 0.5
 }
 
 launcher_shown() { [[ $(state window) == *"visible=1 minimized=0"* ]]; }

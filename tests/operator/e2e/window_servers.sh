@@ -21,5 +21,24 @@ done
 operate click opt_ShowWin 1
 await 5 window_seen "char server" || fail "char server is not shown"
 window_unseen "login server" && window_unseen "map server" || fail "another window was shown"
+
+# Each press of a double click counts, but on a button that starts and stops: there the second one
+# would take back what the first did.
+operate page 2
+press opt_ShowWin 1
+await 5 window_unseen "char server" || fail "char server was not hidden by the mouse"
+press opt_ShowWin 1 2
+press opt_ShowWin 1
+await 5 window_seen "char server" || fail "a double click is not two presses on an option"
+checked=$(state chkAutoStart 0)
+press chkAutoStart 0 2
+expect_equal "$(state chkAutoStart 0)" "$checked" "the box after a double click"
+press chkAutoStart 0
+[[ $(state chkAutoStart 0) != "$checked" ]] || fail "the box does not take a press of the mouse"
+operate page 1
+press bStart 0 2
+expect_log 10 "Login Server Stopped!"
+sleep 1
+expect_count login 0
 operate click bStart 4
 close_launcher
