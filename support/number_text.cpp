@@ -1,5 +1,6 @@
 #include "support/number_text.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cmath>
@@ -58,6 +59,20 @@ std::size_t DecimalLength(std::string_view text) {
   return end;
 }
 
+/// Whether a decimal number that is not 0 lies below 1, going by its digits and its exponent.
+bool LiesBelowOne(std::string_view number) {
+  const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view digits = number.substr(0, mark);
+  const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
+  const auto first = static_cast<std::int64_t>(digits.find_first_of("123456789"));
+  std::string_view text = number.substr(std::min(mark + 1, number.size()));
+  if (text.starts_with('+')) text.remove_prefix(1);
+  std::int64_t exponent = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), exponent);
+  if (result.ec == std::errc::result_out_of_range) return text.front() == '-';
+  return (first < point ? point - first : point - first + 1) + exponent <= 0;
+}
+
 /// The value of a decimal number that `DecimalLength` has measured.
 double DecimalValue(std::string_view number) {
   std::string text(number.front() == '+' ? number.substr(1) : number);
@@ -67,8 +82,7 @@ double DecimalValue(std::string_view number) {
   double value = 0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
   if (result.ec != std::errc::result_out_of_range) return value;
-  const bool tiny = text.find("e-") != std::string::npos || text.find("E-") != std::string::npos;
-  const double limit = tiny ? 0 : std::numeric_limits<double>::max();
+  const double limit = LiesBelowOne(text) ? 0 : std::numeric_limits<double>::max();
   return text.front() == '-' ? -limit : limit;
 }
 

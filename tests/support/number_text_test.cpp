@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cfloat>
+#include <string>
+
 #include "support/runtime_error.h"
 
 namespace tarvo {
@@ -25,11 +28,23 @@ TEST(NumericValue, ReadsTheNumberThatATextStartsWith) {
       {" 1 2\t3", 123}, {"1.5.2", 1.5}, {".5", 0.5},        {"5.", 5},        {"-", 0},
       {"1e3x", 1000},   {"1e", 1},      {"1d2", 100},       {"&H202", 0x202}, {"&hff", 255},
       {"&H", 0},        {"&Hxyz", 0},   {"&HFFFFFFFF", -1}, {"1,5", 1},       {"--1", 0},
-      {"1e-400", 0},
+      {"1e-400", 0},    {"0e999", 0},
   };
   for (const auto& c : cases) EXPECT_EQ(NumericValue(c.text), c.value) << '"' << c.text << '"';
   EXPECT_GT(NumericValue("1e999"), 1e300);
   EXPECT_LT(NumericValue("-1e999"), -1e300);
+}
+
+TEST(NumericValue, BeyondADoublesRangeIsToldByItsDigitsNotByTheSignOfItsExponent) {
+  const std::string zeros(400, '0');
+  EXPECT_EQ(NumericValue("0." + zeros + "1"), 0);
+  EXPECT_EQ(NumericValue("0." + zeros + "1e+5"), 0);
+  EXPECT_EQ(NumericValue("." + zeros + "1e99999999999999999999"), DBL_MAX);
+  EXPECT_EQ(NumericValue("1" + zeros + "e-5"), DBL_MAX);
+  EXPECT_EQ(NumericValue("-00" + zeros + "1" + zeros + ".5d-5"), -DBL_MAX);
+  EXPECT_EQ(NumericValue("9" + zeros + "e-99999999999999999999"), 0);
+  EXPECT_EQ(ToInteger("0." + zeros + "1"), 0);
+  EXPECT_EQ(FaultOf("1" + zeros + "e-5"), 6);
 }
 
 TEST(ToInteger, TakesTheWholeTextAndRoundsHalvesToEven) {
