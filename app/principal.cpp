@@ -9,6 +9,7 @@
 #include "supervision/winsock_error_text.h"
 #include "support/md5.h"
 #include "support/number_text.h"
+#include "support/runtime_error.h"
 #include "support/text.h"
 #include "ui/window_place.h"
 
@@ -155,10 +156,10 @@ void Principal::Start(std::intptr_t nativeWindow) {
       }
       return form_.frame.window.End(kExitNormal);
     }
-    machine_.instanceLock.Publish(InstanceName(), nativeWindow);
     Form_Load();
     MainWindow& window = form_.frame.window;
     if (window.Ended()) return;
+    machine_.instanceLock.Publish(InstanceName(), nativeWindow);
     ShowFreeMemory(machine_.memoryStatus, form_.frame.lblMemory);
     window.SetVisible(window.State() != WindowState::Minimized);
   });
@@ -182,7 +183,8 @@ void Principal::Form_Load() {
 bool Principal::StartNetworking() {
   const std::string text =
       ReadRegistryString(registry_, Hive::LocalMachine, kSettingsKeyPrefix, "Winsock", "&H202");
-  const int code = machine_.sockets.Start(static_cast<std::uint16_t>(ToInteger(text)));
+  const std::int32_t version = NamingSource("Winsock", [&text] { return ToInteger(text); });
+  const int code = machine_.sockets.Start(static_cast<std::uint16_t>(version));
   if (code != 0) RefuseToStart(WinsockErrorText(code));
   return code == 0;
 }

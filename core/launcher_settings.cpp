@@ -13,16 +13,6 @@ namespace {
 constexpr double kShortestInterval = 1000;
 constexpr double kLongestInterval = 60000;
 
-/// Runs a conversion so that a fault of it names the value that holds the text.
-template <class Conversion>
-auto Converting(const std::string& valueName, Conversion convert) {
-  try {
-    return convert();
-  } catch (const RuntimeError& fault) {
-    throw RuntimeError(fault.Number(), valueName, fault.Description());
-  }
-}
-
 std::string FlagText(bool flag) { return flag ? "1" : "0"; }
 
 /// "0" or "1" when that option is selected, else "2".
@@ -105,8 +95,8 @@ void LauncherSettings::LoadAutoStart() {
 void LauncherSettings::LoadLogFile() {
   ReadFlag("WriteLog", form_.servers.WLog);
   const std::string text = Read("WriteMode", "0");
-  Converting("WriteMode",
-             [&] { form_.servers.LogH.SetListIndex(RoundToInteger(NumericValue(text))); });
+  NamingSource("WriteMode",
+               [&] { form_.servers.LogH.SetListIndex(RoundToInteger(NumericValue(text))); });
 }
 
 void LauncherSettings::LoadAutokill() {
@@ -125,7 +115,7 @@ void LauncherSettings::LoadRandomizer() {
   limits[0].SetText(ShortestDecimal(NumericValue(Read("MaxRndDay", "1"))));
   limits[1].SetText(ShortestDecimal(NumericValue(Read("MaxRndHour", "1"))));
   const std::string last = Read("LastRandomize", GeneralDate(clock_.Now()));
-  lastRandomize_ = Converting("LastRandomize", [&] { return ParseDateTime(last); });
+  lastRandomize_ = NamingSource("LastRandomize", [&] { return ParseDateTime(last); });
   dayRndCnt_ = ReadInteger("DayRndCnt", "0");
   hourRndCnt_ = ReadInteger("HourRndCnt", "0");
 }
@@ -168,7 +158,7 @@ std::string LauncherSettings::Read(const std::string& name, const std::string& d
 std::int32_t LauncherSettings::ReadInteger(const std::string& name,
                                            const std::string& defaultText) {
   const std::string text = Read(name, defaultText);
-  return Converting(name, [&] { return ToInteger(text); });
+  return NamingSource(name, [&] { return ToInteger(text); });
 }
 
 void LauncherSettings::ReadFlag(const std::string& name, CheckBox& box) {
@@ -178,7 +168,7 @@ void LauncherSettings::ReadFlag(const std::string& name, CheckBox& box) {
 void LauncherSettings::ReadIndex(const std::string& name, const std::string& defaultText,
                                  DropDownList& list) {
   const std::int32_t index = ReadInteger(name, defaultText);
-  Converting(name, [&] { list.SetListIndex(index); });
+  NamingSource(name, [&] { list.SetListIndex(index); });
 }
 
 void LauncherSettings::Write(const std::string& name, const std::string& text) {

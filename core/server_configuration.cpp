@@ -29,12 +29,8 @@ std::optional<std::string_view> RestAfter(std::string_view line, std::string_vie
 void TakePort(std::string_view line, std::string_view key, ComponentEndpoint& endpoint) {
   const auto rest = RestAfter(line, key);
   if (!rest) return;
-  try {
-    endpoint.port = ToInteger(*rest);
-  } catch (const RuntimeError& fault) {
-    // The same fault, with the line that the operator has to mend.
-    throw RuntimeError(fault.Number(), std::string(line.substr(0, 200)), fault.Description());
-  }
+  endpoint.port =
+      NamingSource(std::string(line.substr(0, 200)), [&rest] { return ToInteger(*rest); });
 }
 
 void TakeHost(std::string_view line, std::string_view key, ComponentEndpoint& endpoint) {

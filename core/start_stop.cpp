@@ -1,6 +1,7 @@
 #include "core/start_stop.h"
 
 #include "support/number_text.h"
+#include "support/runtime_error.h"
 #include "ui/status_colours.h"
 
 namespace tarvo {
@@ -15,6 +16,11 @@ const char* StartedMark(ComponentKind kind) { return kind == ComponentKind::Logi
 const char* PriorityMark(ComponentKind kind) { return kind == ComponentKind::Login ? "." : ""; }
 
 }  // namespace
+
+std::int32_t AutokillTime(const TextBox& box, ComponentKind kind) {
+  return NamingSource(std::string(NameOf(kind)) + "Timeout",
+                      [&box] { return ToInteger(box.Text()); });
+}
 
 void StartStop::bStart_Click(std::size_t index) {
   if (const std::string reason = ReasonToRefuse(); !reason.empty()) {
@@ -37,9 +43,9 @@ std::string StartStop::ReasonToRefuse() const {
     if (chooser.Text().empty()) return "Please, select the right servers from the list";
   }
   bool tooShort = false;
-  for (const TextBox& box : form_.servers.TTO) {
-    const std::int32_t seconds = ToInteger(box.Text());
-    tooShort |= box.Enabled() && seconds < kShortestAutokillTime;
+  for (ComponentKind kind : kComponents) {
+    const TextBox& box = form_.servers.TTO[kind];
+    tooShort |= AutokillTime(box, kind) < kShortestAutokillTime && box.Enabled();
   }
   if (tooShort) return "The min autokill time is 5 second, please check.";
   const std::string login = Exes[ComponentKind::Login].Text();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -10,6 +11,10 @@
 #include "ui/form.h"
 
 namespace tarvo {
+
+/// The seconds in an autokill box. Raises type mismatch (13) or overflow (6), which names the
+/// setting that keeps them, for a text that is no 32-bit number.
+std::int32_t AutokillTime(const TextBox& box, ComponentKind kind);
 
 /// Starts and stops the components. The caption of a component's button is its state: "Start" when
 /// it is stopped, "Stop" when it is started.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/start_stop.h"
 #include "supervision/last_failure.h"
 #include "support/number_text.h"
 
@@ -77,7 +78,7 @@ bool FreezeWatch::MustBeKilled(ComponentKind kind) {
   if (!form_.servers.chkAK[IndexOf(kind)].Checked()) return false;
   const std::int64_t start = components_[kind].FreezeStart;
   const std::int64_t elapsed = Seconds() - start;
-  return elapsed > ToInteger(form_.servers.TTO[kind].Text()) && start > 0;
+  return elapsed > AutokillTime(form_.servers.TTO[kind], kind) && start > 0;
 }
 
 void FreezeWatch::Kill(ComponentKind kind) {

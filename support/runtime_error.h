@@ -42,6 +42,16 @@ class RuntimeError : public std::runtime_error {
   std::string source_;
 };
 
+/// Runs it, so that a fault of it names what the operator has to mend: a setting, a line of a file.
+template <class Work>
+auto NamingSource(const std::string& source, Work work) {
+  try {
+    return work();
+  } catch (const RuntimeError& fault) {
+    throw RuntimeError(fault.Number(), source, fault.Description());
+  }
+}
+
 /// The run time's own description of a fault, for example "Type mismatch".
 const char* DescriptionOf(Fault fault);
 

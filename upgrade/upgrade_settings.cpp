@@ -25,12 +25,8 @@ void UpgradeSettings::LoadUpgradeSettings() {
 }
 
 void UpgradeSettings::LoadMode() {
-  std::int32_t mode = 0;
-  try {
-    mode = ToInteger(Read("UpdateMode", "0"));
-  } catch (const RuntimeError& fault) {
-    throw RuntimeError(fault.Number(), "UpdateMode", fault.Description());
-  }
+  const std::int32_t mode =
+      NamingSource("UpdateMode", [this] { return ToInteger(Read("UpdateMode", "0")); });
   if (mode < 0 || mode >= static_cast<std::int32_t>(OptionGroup::Size())) return;
   page_.optMode[static_cast<std::size_t>(mode)].Select();
 }

@@ -60,7 +60,6 @@ TEST_F(StartUp, TheFirstStepsHaveTheirOrder) {
   }
   EXPECT_EQ(steps,
             "lock.acquire()\n"
-            "lock.publish()\n"
             "registry.query(Winsock)\n"
             "registry.query(Winsock)\n"
             "sockets.start(514)\n"
@@ -114,7 +113,7 @@ TEST_F(StartUp, AWinsockVersionThatIsNoNumberIsFatal) {
   machine.registry.Put(Hive::LocalMachine, "Software\\TarvoLab\\Servers", "Winsock",
                        {kRegistryText, "two"});
   StartLauncher();
-  EXPECT_EQ(machine.boxes.NewTexts(), "Run-time error '13':\r\n\r\nType mismatch\n");
+  EXPECT_EQ(machine.boxes.NewTexts(), "Run-time error '13':\r\n\r\nType mismatch\r\n\r\nWinsock\n");
   ExpectEndedUnseen(1);
 }
 
@@ -330,6 +329,16 @@ TEST_F(StartUp, ASecondLauncherWhoseFirstCannotBeShownSaysSo) {
   second.Start();
   EXPECT_EQ(machine.boxes.NewTexts(), "Tarvo Launcher is already running in this server root.\n");
   EXPECT_EQ(second.ExitCode(), 2);
+}
+
+TEST_F(StartUp, ASecondLauncherDoesNotShowTheWindowOfAStartThatIsBeingRefused) {
+  machine.files.Remove("C:\\srv\\conf\\login_athena.conf");
+  Launcher second(machine);
+  machine.boxes.whileNextIsOpen = [&second] { second.Start(78); };
+  StartLauncher();
+  EXPECT_TRUE(machine.locks.broughtToFront.empty());
+  EXPECT_EQ(second.ExitCode(), 2);
+  ExpectEndedUnseen(2);
 }
 
 TEST_F(StartUp, LettersOfAnotherCaseAreTheSameRootAndAnotherFolderIsAnother) {

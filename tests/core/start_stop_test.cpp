@@ -304,8 +304,8 @@ TEST_F(Refusal, AnAutokillTimeThatIsNoNumberIsFatalEvenInADisabledBox) {
   const struct {
     const char* text;
     const char* box;
-  } cases[] = {{"", "Run-time error '13':\r\n\r\nType mismatch\n"},
-               {"99999999999", "Run-time error '6':\r\n\r\nOverflow\n"}};
+  } cases[] = {{"", "Run-time error '13':\r\n\r\nType mismatch\r\n\r\nMapTimeout\n"},
+               {"99999999999", "Run-time error '6':\r\n\r\nOverflow\r\n\r\nMapTimeout\n"}};
   for (const auto& c : cases) {
     machine.SetSetting("MapTimeout", c.text);
     StartFresh();

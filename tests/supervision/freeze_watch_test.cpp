@@ -225,7 +225,8 @@ TEST_F(Freezes, AnAutokillTimeEmptiedInAFreezeIsFatalAtTheNextProbe) {
   launcher->Pass(3s);
   launcher->Type("TTO", 0, "");
   launcher->Pass(1min);
-  EXPECT_EQ(machine.boxes.NewTexts(), "Run-time error '13':\r\n\r\nType mismatch\n");
+  EXPECT_EQ(machine.boxes.NewTexts(),
+            "Run-time error '13':\r\n\r\nType mismatch\r\n\r\nLoginTimeout\n");
   EXPECT_EQ(launcher->ExitCode(), 1);
   EXPECT_EQ(machine.processes.Named(kLogin).size(), 1u);
 }
