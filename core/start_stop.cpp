@@ -80,7 +80,11 @@ void StartStop::StartComponent(ComponentKind kind) {
   if (prepareFreezeWatch) prepareFreezeWatch(kind);
   processes_.SetPriority(components_[kind].ProcessId,
                          PriorityClassFor(form_.servers.Prior[kind].ListIndex()));
-  form_.timers.CrashWatch(kind).SetEnabled(true);
+  // After a crash the timer still runs, and is due already when the restart took long: the new
+  // process would have had no time to open its window.
+  Timer& watch = form_.timers.CrashWatch(kind);
+  watch.SetEnabled(false);
+  watch.SetEnabled(true);
 }
 
 void StartStop::LaunchOrAdopt(ComponentKind kind) {

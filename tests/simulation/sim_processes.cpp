@@ -183,7 +183,7 @@ SimProcess& SimProcesses::Add(const std::string& executable) {
   process.program = Program(executable);
   process.startedAt = clock_.Age();
   processes_.push_back(process);
-  if (process.program.opensWindow) OpenWindow(lastId_);
+  Settle();
   return processes_.back();
 }
 
@@ -191,6 +191,13 @@ void SimProcesses::Settle() {
   std::erase_if(processes_, [this](const SimProcess& process) {
     return process.endsAt && *process.endsAt <= clock_.Age();
   });
+  for (SimProcess& process : processes_) {
+    const SimProgram& program = process.program;
+    const bool due = clock_.Age() >= process.startedAt + program.windowOpensAfter;
+    if (!program.opensWindow || process.openedWindow || process.endsAt || !due) continue;
+    process.openedWindow = true;
+    OpenWindow(process.id);
+  }
 }
 
 void SimProcesses::Bury(ProcessId id) {

@@ -22,6 +22,7 @@ struct SimProgram {
   std::uint32_t portOpensAfter = 0;  ///< Milliseconds from the start.
   bool diesAtOnce = false;
   bool opensWindow = true;
+  std::uint32_t windowOpensAfter = 0;  ///< Milliseconds from the start.
   bool refusesToDie = false;
   std::uint32_t dyingTime = 0;  ///< Milliseconds that an ended process is still listed.
 };
@@ -32,7 +33,8 @@ struct SimProcess {
   SimProgram program;
   PortAnswer answer = PortAnswer::Listens;
   std::uint32_t priorityClass = 0x20;
-  std::uint64_t startedAt = 0;          ///< On `SimClock::Age`.
+  std::uint64_t startedAt = 0;  ///< On `SimClock::Age`.
+  bool openedWindow = false;
   std::optional<std::uint64_t> endsAt;  ///< Dying: its window and its port are gone already.
 };
 

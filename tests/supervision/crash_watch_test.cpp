@@ -50,6 +50,16 @@ TEST_F(Crashes, AServerWithoutAWindowIsEndedAndReplaced) {
   EXPECT_NE(Process(kMap).id, old);
 }
 
+TEST_F(Crashes, AServerStartedAtTheEndOfALongTickHasAWholeIntervalToOpenItsWindow) {
+  launcher->Check("chkAK", 3);
+  machine.processes.Program(kMap).windowOpensAfter = 300;
+  Process(kChar).program.refusesToDie = true;
+  Crash(kMap);
+  launcher->Pass(30s);
+  EXPECT_EQ(launcher->CountInLog("Map Server crashed, restarting..."), 1u);
+  EXPECT_EQ(launcher->CountInLog("Map Server Started [High Priority]"), 1u);
+}
+
 TEST_F(Crashes, ASearchThatComesToNoResultChangesNothing) {
   const ProcessId map = Process(kMap).id;
   const auto handle = launcher->Of(ComponentKind::Map).RunningHandle;
