@@ -57,7 +57,11 @@ void RandomizerCalendar::cmdCalendar_Click(std::size_t index) {
 
 bool RandomizerCalendar::SetIsLoaded() {
   if (set_.Loaded()) return true;
+  const std::string selected = page_.lstDTRands.Text();
   Load();
+  const auto& lines = page_.lstDTRands.Items();
+  const auto found = std::find(lines.begin(), lines.end(), selected);
+  if (found != lines.end()) page_.lstDTRands.SetListIndex(static_cast<int>(found - lines.begin()));
   if (!set_.Loaded()) log_.LogStatus(set_.Path() + " file can't be loaded", kAlert);
   return set_.Loaded();
 }
@@ -80,11 +84,7 @@ void RandomizerCalendar::Remove() {
   if (selected < 0) return;
   const auto& lines = page_.lstDTRands.Items();
   const std::string name = NameInCalendarLine(lines[static_cast<std::size_t>(selected)]);
-  const auto above =
-      std::count_if(lines.begin(), lines.begin() + selected,
-                    [&](const std::string& line) { return NameInCalendarLine(line) == name; });
-  Fields& entries = set_.Child()->Fields();
-  entries.RemoveField(IndexOfField(entries, name, static_cast<int>(above)));
+  RemoveFieldOfLine(set_.Child()->Fields(), name, selected);
   page_.lstDTRands.RemoveItem(selected);
 }
 

@@ -24,6 +24,15 @@ void SetBound(Parameters& bounds, const char* name, const std::string& text) {
   }
 }
 
+/// Whether "Min" stands before "Max", both spelled so. A hand-edited range may have it otherwise.
+bool BoundsAreInOrder(const Parameters& bounds) {
+  std::string order;
+  bounds.ForEach([&order](std::string_view name, std::string_view) {
+    if (name == "Min" || name == "Max") order += name;
+  });
+  return order == "MinMax";
+}
+
 std::string BoundOrValue(Field& setting, const char* name) {
   const std::string bound = setting.Parameters().Parameter(name)->Value();
   return bound.empty() ? setting.Value() : bound;
@@ -135,9 +144,13 @@ void ParameterPanel::StoreRange(const std::string& name) {
   SetBound(setting->Parameters(), "Min", ShortestDecimal(NumericValue(min)));
   Fields& ranges = set_.Child()->Fields();
   if (IndexOfField(ranges, name) < 0) ranges.AddField(name);
-  const Ref<Field> range = ranges.SearchField(name);
-  SetBound(range->Parameters(), "Min", min);
-  SetBound(range->Parameters(), "Max", max);
+  Parameters& bounds = ranges.SearchField(name)->Parameters();
+  if (!BoundsAreInOrder(bounds)) {
+    bounds.RemoveParameter("Min");
+    bounds.RemoveParameter("Max");
+  }
+  SetBound(bounds, "Min", min);
+  SetBound(bounds, "Max", max);
 }
 
 void ParameterPanel::Remove() {
@@ -145,11 +158,7 @@ void ParameterPanel::Remove() {
   if (selected < 0 || !SetIsLoaded()) return;
   const auto& lines = page_.lstRnd.Items();
   const std::string name = NameInLine(lines[static_cast<std::size_t>(selected)]);
-  const auto above =
-      std::count_if(lines.begin(), lines.begin() + selected,
-                    [&](const std::string& line) { return NameInLine(line) == name; });
-  Fields& ranges = set_.Child()->Fields();
-  ranges.RemoveField(IndexOfField(ranges, name, static_cast<int>(above)));
+  RemoveFieldOfLine(set_.Child()->Fields(), name, selected);
   ShowAndSave();
 }
 

@@ -47,7 +47,6 @@ class ParameterPanel {
 
  private:
   Ref<Field> Setting(const std::string& name) const;
-  std::string SelectedRange() const;
   bool SetIsLoaded();
   void CopyBounds();
   void Update();

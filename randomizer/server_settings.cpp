@@ -15,11 +15,16 @@ void ReadServerSettings(std::string_view text, Fields& settings) {
   });
 }
 
-int IndexOfField(const Fields& fields, std::string_view name, int before) {
+int IndexOfField(const Fields& fields, std::string_view name) {
   for (int index = 0; index < fields.Count(); ++index) {
-    if (fields.Field(index)->NameView() == name && before-- == 0) return index;
+    if (fields.Field(index)->NameView() == name) return index;
   }
   return -1;
+}
+
+void RemoveFieldOfLine(Fields& fields, std::string_view name, int line) {
+  const bool stands = line < fields.Count() && fields.Field(line)->NameView() == name;
+  fields.RemoveField(stands ? line : IndexOfField(fields, name));
 }
 
 std::unordered_map<std::string_view, int> FirstFields(const Fields& fields) {

@@ -22,7 +22,8 @@ class StoredSet {
   void Load();
 
   /// Whether the child holds all that was on the disk. A missing file counts; one that is there and
-  /// cannot be read or has a fault does not, and neither does one that nobody has tried to load.
+  /// cannot be read, has a fault or is cut off does not, and neither does one that nobody has tried
+  /// to load.
   bool Loaded() const { return loaded_; }
 
   /// The fields of the child; an empty list that belongs to nothing while there is no child.
@@ -35,6 +36,8 @@ class StoredSet {
   const std::string& Path() const { return path_; }
 
  private:
+  bool IsWhole(const std::string& text) const;
+
   Document& root_;
   const std::string name_;
   const std::string path_;

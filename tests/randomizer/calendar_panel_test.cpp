@@ -220,6 +220,37 @@ TEST_F(CalendarPanel, AFileWithAFaultIsShownUpToItAndLeftAlone) {
   EXPECT_EQ(CalendarFile(), faulty);
 }
 
+TEST_F(CalendarPanel, AFileThatWasMendedByHandLetsTheRemovalThrough) {
+  machine.files.Put(kCalendarFile, Xml("Calendar", Entry("Mon_08:30", "Yes") +
+                                                       "\t<Tue_08:30 to Restart=\"Yes\"/>\r\n"));
+  Load();
+  PutCalendar(Entry("Sun_01:00", "No") + Entry("Mon_08:30", "Yes"));
+  Select("Mon 08:30 restart=Y");
+  Remove();
+  EXPECT_EQ(Lines(Page().lstDTRands), "Sun 01:00 restart=N\n");
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Sun_01:00", "No")));
+}
+
+TEST_F(CalendarPanel, AnEntryIsRemovedBehindOneThatIsCutToItsName) {
+  PutCalendar(Entry("Mon_08:30_x", "Yes") + Entry("Mon_08:30", "No"));
+  Load();
+  Page().lstDTRands.Choose(1);
+  Remove();
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Mon_08:30_x", "Yes")));
+}
+
+TEST_F(CalendarPanel, ACutOffFileIsNeverWrittenOver) {
+  const std::string whole = Xml("Calendar", Entry("Mon_08:30", "Yes") + Entry("Tue_09:00", "No"));
+  for (std::size_t length = whole.find("<Mon") + 1; length < whole.size() - 2; ++length) {
+    const std::string cut = whole.substr(0, length);
+    machine.files.Put(kCalendarFile, cut);
+    Load();
+    Choose(4, 22, 0, 1);
+    Add();
+    EXPECT_EQ(CalendarFile(), cut);
+  }
+}
+
 TEST_F(CalendarPanel, AFileThatCannotBeWrittenIsToldInTheEventLog) {
   PutCalendar(Entry("Mon_08:30", "Yes"));
   machine.files.ProtectFromWriting(kCalendarFile);

@@ -180,7 +180,8 @@ TEST_F(Panel, ARangeWhoseNameTheFileCannotHoldIsGoneAtTheNextStart) {
     const char* nextTime;
   } cases[] = {{"?rate", "first:1 to 2\nlast:5 to 6\n"},
                {"!rate", "first:1 to 2\nlast:5 to 6\n"},
-               {"a>b", "first:1 to 2\n"}};
+               {"a>b", "first:1 to 2\n"},
+               {"a\nb", "first:1 to 2\nab:3 to 4\nlast:5 to 6\n"}};
   for (const auto& c : cases) {
     machine.files.Remove(kRangesFile);
     PutServerFile("first: 1\r\n" + std::string(c.name) + ": 3\r\nlast: 5\r\n");
@@ -203,6 +204,30 @@ TEST_F(Panel, ARangeWhoseNameHoldsAColonIsCutAtIt) {
   ChooseRange("a:b:1 to 2");
   Remove();
   EXPECT_EQ(Lines(Page().lstRnd), "a:b:1 to 2\n");
+}
+
+TEST_F(Panel, ARangeIsRemovedBehindOneThatIsCutToItsName) {
+  PutRanges(Range("a:b", "1", "2") + Range("a", "3", "4") + Range("a", "5", "6"));
+  Load();
+  ChooseRange("a:3 to 4");
+  Remove();
+  EXPECT_EQ(Lines(Page().lstRnd), "a:b:1 to 2\na:5 to 6\n");
+  ChooseRange("a:b:1 to 2");
+  Remove();
+  EXPECT_EQ(RangesFile(), Xml("Randomize", Range("a:b", "1", "2")));
+}
+
+TEST_F(Panel, AnUpdatedRangeHasItsBoundsInTheirOrderHoweverItWasWritten) {
+  for (const char* written :
+       {"\t<drop_rate Max=\"2\"/>\r\n", "\t<drop_rate Max=\"2\" Min=\"1\"/>\r\n",
+        "\t<drop_rate min=\"1\" max=\"2\"/>\r\n", "\t<drop_rate/>\r\n"}) {
+    PutRanges(written);
+    Load();
+    ChooseSetting("drop_rate");
+    TypeRange("5", "6");
+    Update();
+    EXPECT_EQ(RangesFile(), Xml("Randomize", Range("drop_rate", "5", "6"))) << written;
+  }
 }
 
 TEST_F(Panel, ChoosingARangeChoosesItsSetting) {
@@ -317,6 +342,35 @@ TEST_F(Panel, ASetThatCouldNotBeReadAtStartUpIsReadBeforeItIsChanged) {
             Xml("Randomize", Range("drop_rate", "3", "4") + Range("base_exp_rate", "1", "2")));
   ChooseSetting("drop_rate");
   EXPECT_EQ(Page().rEnd.Text(), "4");
+}
+
+TEST_F(Panel, AFileWithoutRangesIsReplacedHoweverItIsWritten) {
+  for (const char* text :
+       {"", "\r\n", "<Randomize/>", "<Randomize />\n", "<Randomize></Randomize>",
+        "<?xml version=\"1.0\"?>\r\n<!-- a --><Randomize/>\r\n<!-- b -->\r\n"}) {
+    machine.files.Put(kRangesFile, text);
+    Load();
+    ChooseSetting("drop_rate");
+    TypeRange("5", "6");
+    Update();
+    EXPECT_EQ(RangesFile(), Xml("Randomize", Range("drop_rate", "5", "6"))) << text;
+  }
+}
+
+TEST_F(Panel, ACutOffFileIsNeverWrittenOver) {
+  const std::string whole =
+      Xml("Randomize", Range("base_exp_rate", "1", "2") + Range("drop_rate", "3", "4"));
+  for (std::size_t length = whole.find("<Randomize>"); length < whole.size() - 2; ++length) {
+    const std::string cut = whole.substr(0, length);
+    machine.files.Put(kRangesFile, cut);
+    Load();
+    ChooseSetting("drop_rate");
+    TypeRange("7", "8");
+    Update();
+    const bool anyEntry = cut.find("Max") != std::string::npos;
+    EXPECT_TRUE(RangesFile() == cut || !anyEntry) << length;
+    EXPECT_EQ(RangesFile() == cut, NewLog() != "") << length;
+  }
 }
 
 // A file with a fault was taken for read: the next press wrote it without the ranges behind it.

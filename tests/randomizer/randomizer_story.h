@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -59,7 +61,9 @@ class RandomizerLife : private RichTextMirror {
     if (piece.text == "\r\n") {
       lines_ += '\n';
     } else {
-      lines_ += (piece.colour == kAlertColour ? "2 " : "3 ") + piece.text;
+      const Colour colours[] = {kInfoColour, kNoticeColour, kAlertColour, kExtraColour};
+      const auto level = std::find(std::begin(colours), std::end(colours), piece.colour);
+      lines_ += std::to_string(level - std::begin(colours)) + " " + piece.text;
     }
   }
   void Replaced() override {}
