@@ -41,6 +41,18 @@ TEST_F(MapStarts, RunInTheModeMapStartOnly) {
   EXPECT_TRUE(StartMap());
 }
 
+TEST_F(MapStarts, TheLastRunIsTheMomentBehindTheEngine) {
+  Begin("9", "9");
+  machine.recorder.beforeEach = [&] {
+    if (machine.recorder.Calls().back().starts_with("files.swap(")) {
+      machine.clock.Advance(90 * 1000);
+    }
+  };
+  const auto before = machine.clock.Now();
+  EXPECT_TRUE(StartMap());
+  EXPECT_EQ(machine.Setting("LastRandomize"), GeneralDate(before + 90s));
+}
+
 TEST_F(MapStarts, WithBothLimitsOneTheSecondStartOfAnHourIsStopped) {
   Begin("1", "1");
   SetClock(1, 10, 15);

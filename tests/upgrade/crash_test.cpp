@@ -96,6 +96,16 @@ TEST_F(UpgradeOnCrash, ARefusedUpgradeLeavesTheRestartToTheCrashWatch) {
   EXPECT_TRUE(machine.boxes.Shown().empty());
 }
 
+TEST_F(UpgradeOnCrash, WithoutBackupNothingIsSaved) {
+  Start(2);
+  ClickOption(0, false);
+  Crash(kMap);
+  launcher->Pass(5s);
+  EXPECT_EQ(Upgrades(), 1u);
+  EXPECT_EQ(Lying(),
+            "login-server.exe = new Login\nchar-server.exe = new Char\nmap-server.exe = new Map\n");
+}
+
 TEST_F(UpgradeOnCrash, WithNothingNewTheCrashedOneIsJustRestarted) {
   Start(2);
   Crash(kChar);

@@ -313,7 +313,8 @@ TEST_F(UpgradeFaults, AnExecutableThatIsGoneAtTheRestartIsTheUsualFault) {
   PressUpgrade();
   EXPECT_EQ(machine.boxes.Shown().back().text,
             "Run-time error '53':\r\n\r\nFile not found\r\n\r\nC:\\srv\\login-server.exe");
-  EXPECT_EQ(machine.Setting("LDATE"), "2026-01-01 00:00:00");
+  EXPECT_EQ(Dates(),
+            "2026-01-01 00:00:00|2026-01-02 00:00:00|2026-01-03 00:00:00|2026-11-21 10:00:11");
 }
 
 }  // namespace

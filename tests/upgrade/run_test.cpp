@@ -94,6 +94,68 @@ TEST_F(UpgradeByHand, StartsOnlyWhatRan) {
                 "0 Char Server Started [Norm Priority]\n");
   EXPECT_TRUE(machine.processes.Named(kLogin).empty());
   EXPECT_TRUE(machine.processes.Named(kMap).empty());
+  EXPECT_EQ(machine.boxes.NewTexts(),
+            "\xBFStop all to Upgrade?\r\nThe server components are running.\n"
+            "Upgrade was succesfull!\n");
+}
+
+TEST_F(UpgradeByHand, EachCopyIsToldBeforeItBegins) {
+  StartReady();
+  std::string told;
+  machine.recorder.beforeEach = [&] {
+    if (machine.recorder.Calls().back().starts_with("copies.copy(")) {
+      const std::string log = launcher->Log();
+      told += log.substr(log.rfind('\n', log.size() - 2) + 1 + sizeof "10:00:00 3");
+    }
+  };
+  PressUpgrade();
+  EXPECT_EQ(told + "Upgrade complete!\n",
+            "Saving login-server.exe as \\LBackup\\202611211000_login-server.exe\n"
+            "Saving char-server.exe as \\LBackup\\202611211000_char-server.exe\n"
+            "Saving map-server.exe as \\LBackup\\202611211000_map-server.exe\n"
+            "Upgrading Login Server...\n"
+            "Upgrading Char Server...\n"
+            "Upgrading Map Server...\n"
+            "Upgrade complete!\n");
+}
+
+TEST_F(UpgradeByHand, WhatFollowsTheCopiesHasItsOrder) {
+  StartRunning();
+  ClickOption(2, true);
+  machine.boxes.AnswerNext(Answer::Yes);
+  machine.recorder.Forget();
+  std::string steps;
+  machine.recorder.beforeEach = [&] {
+    const std::string& call = machine.recorder.Calls().back();
+    if (call.starts_with("registry.write(") || call.starts_with("processes.launch(")) {
+      steps += std::to_string(launcher->CountInLog("Upgrade complete!")) + " " + call + "\n";
+    }
+  };
+  PressUpgrade();
+  EXPECT_EQ(steps,
+            "0 registry.write(LDATE)\n"
+            "0 registry.write(CDATE)\n"
+            "0 registry.write(MDATE)\n"
+            "1 registry.write(LASTUPDATE)\n"
+            "1 processes.launch(C:\\srv\\login-server.exe)\n"
+            "1 processes.launch(C:\\srv\\char-server.exe)\n"
+            "1 processes.launch(C:\\srv\\map-server.exe)\n"
+            "1 registry.write(UpdateMode)\n");
+}
+
+TEST_F(UpgradeByHand, TheDatesAreThoseOfTheCheckEvenWhenABuildEndsMeanwhile) {
+  StartReady();
+  bool built = false;
+  machine.recorder.beforeEach = [&] {
+    if (built || !machine.recorder.Calls().back().starts_with("copies.copy(C:\\new\\map")) return;
+    built = true;
+    BuildAgain(ComponentKind::Map);
+  };
+  PressUpgrade();
+  EXPECT_EQ(machine.Setting("MDATE"), "2026-01-03 00:00:00");
+  NewLines();
+  PressUpgrade();
+  EXPECT_EQ(machine.Setting("MDATE"), "2026-01-13 00:00:00");
 }
 
 TEST_F(UpgradeByHand, OnlyTheMapServerIsNewButAllAreReplaced) {
