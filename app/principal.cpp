@@ -114,8 +114,9 @@ void Principal::MenuClick(const std::string& key) {
 }
 
 void Principal::tmrAlarma_Timer() {
-  lights_.Refresh();
+  lights_.Combine();
   tray_.SetIconHandle(imgIcon(lights_.StatusCode()));
+  lights_.Show();
   lastHour_.Note();
 }
 

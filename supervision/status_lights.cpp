@@ -55,11 +55,14 @@ Colour LightColourFor(AlarmState state) {
   return kUnwatchedLight;
 }
 
-void StatusLights::Refresh() {
+void StatusLights::Combine() {
   const auto code = StatusCodeFor(components_[ComponentKind::Login].AlarmState,
                                   components_[ComponentKind::Char].AlarmState,
                                   components_[ComponentKind::Map].AlarmState);
   if (code) statusCode_ = *code;
+}
+
+void StatusLights::Show() {
   for (ComponentKind kind : kComponents) {
     Sem_[kind].SetFill(LightColourFor(components_[kind].AlarmState));
   }

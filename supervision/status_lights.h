@@ -23,10 +23,12 @@ class StatusLights {
   StatusLights(PerComponent<Light>& Sem, const ComponentTable& components)
       : Sem_(Sem), components_(components) {}
 
-  /// The tick of `tmrAlarma`, every 2 seconds.
-  void Refresh();
+  /// Takes the states' code over; without one the last stays.
+  void Combine();
+  /// Colours the lights.
+  void Show();
 
-  /// The code of the last tick that had one; 8, nothing watched, before the first.
+  /// The code that was taken over last; 8, nothing watched, before the first.
   int StatusCode() const { return statusCode_; }
 
  private:

@@ -28,9 +28,9 @@ void MainWindow::SetStanding(const Place& place) {
 }
 
 void MainWindow::BringToFront() {
+  ++frontRequests_;
   SetState(WindowState::Normal);
   SetVisible(true);
-  ++frontRequests_;
   Changed();
 }
 

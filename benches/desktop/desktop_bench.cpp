@@ -113,8 +113,9 @@ void MeasureTick() {
     for (Component& component : components) {
       component.AlarmState = static_cast<AlarmState>(++state % 3);
     }
-    statusLights.Refresh();
+    statusLights.Combine();
     tray.SetIconHandle(icons.For(StatesOfCode(statusLights.StatusCode())));
+    statusLights.Show();
     lastHour.Note();
   });
   Figure("status tick and strips, of one core", cost / 2000 * 100, "%", 0.05);

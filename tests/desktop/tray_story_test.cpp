@@ -128,6 +128,24 @@ TEST_F(Tray, ThePictureFollowsTheStatesAtTheTick) {
   EXPECT_TRUE(Shows(kHealthy, kHealthy, kTrouble));
 }
 
+TEST_F(Tray, ThePictureChangesBeforeTheLights) {
+  StartLauncher();
+  launcher->Click("bStart", 3);
+  launcher->Pass(11s);
+  const Light& map = launcher->TheForm().frame.Sem[ComponentKind::Map];
+  int pictureAlone = 0;
+  machine.recorder.beforeEach = [&] {
+    const bool trouble = launcher->Of(ComponentKind::Map).AlarmState == AlarmState::Trouble;
+    const bool modifies = machine.recorder.Calls().back().starts_with("tray.modify(");
+    const bool green = map.Fill() == LightColourFor(AlarmState::Healthy);
+    if (trouble && modifies && green) ++pictureAlone;
+  };
+  Crash(kMap);
+  launcher->Pass(6s);
+  EXPECT_EQ(pictureAlone, 1);
+  EXPECT_EQ(map.Fill(), LightColourFor(AlarmState::Trouble));
+}
+
 TEST_F(Tray, EveryTickHandsThePictureOverAnew) {
   StartLauncher();
   machine.recorder.Forget();

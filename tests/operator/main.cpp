@@ -174,6 +174,8 @@ bool RunOnWindow(const Order& order) {
     WindowCommand(NeedLauncher(order.choice), SC_CLOSE);
   } else if (verb == "minimize") {
     WindowCommand(NeedLauncher(order.choice), SC_MINIMIZE);
+  } else if (verb == "maximize") {
+    WindowCommand(NeedLauncher(order.choice), SC_MAXIMIZE);
   } else if (verb == "restore") {
     WindowCommand(NeedLauncher(order.choice), SC_RESTORE);
   } else if (verb == "answer") {

@@ -12,7 +12,7 @@ inline constexpr char kManual[] =
   operator scroll NAME [INDEX] VALUE     moves the thumb of a scroll bar
   operator select NAME [INDEX] ENTRY     chooses an entry by its text, or by its number as #2
   operator page N                        goes to page N, counted from 1
-  operator close | minimize | restore    what the buttons of the title bar do
+  operator close | minimize | maximize | restore   what the buttons of the title bar do
 
   operator answer yes|no|ok              waits for a message box, prints it, presses the button
   operator choose-file PATH              waits for the file dialog, types the path, presses Open

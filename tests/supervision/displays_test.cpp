@@ -44,11 +44,12 @@ TEST(StatusLightsShown, TheOneCombinationWithoutACodeKeepsTheLastOne) {
   EXPECT_EQ(lights.StatusCode(), 8);
   components[ComponentKind::Login].AlarmState = AlarmState::Healthy;
   components[ComponentKind::Map].AlarmState = AlarmState::Trouble;
-  lights.Refresh();
+  lights.Combine();
   EXPECT_EQ(lights.StatusCode(), 23);
   components[ComponentKind::Login].AlarmState = AlarmState::Trouble;
-  lights.Refresh();
+  lights.Combine();
   EXPECT_EQ(lights.StatusCode(), 23);
+  lights.Show();
   EXPECT_EQ(Sem[ComponentKind::Login].Fill(), 0x0000FFu);
   EXPECT_EQ(Sem[ComponentKind::Char].Fill(), 0xC0C0C0u);
   EXPECT_EQ(Sem[ComponentKind::Map].Fill(), 0x0000FFu);

@@ -23,7 +23,7 @@ Colour FaceColour(const ButtonFace& face) {
   if (HighContrast()) return GetSysColor(COLOR_BTNFACE);
   if (face.disabled) return Shade(face.colour, 128);
   if (face.pressed) return Shade(face.colour, -40);
-  return face.hot ? Shade(face.colour, 80) : Shade(face.colour, 24);
+  return face.hot ? Shade(face.colour, 80) : face.colour;
 }
 
 Colour BorderColour(const ButtonFace& face) {

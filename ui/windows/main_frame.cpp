@@ -88,6 +88,7 @@ void MainFrame::ShowAsWanted() {
   TakeStanding();
   const bool visible = IsWindowVisible(window_) != FALSE;
   const bool iconic = IsIconic(window_) != FALSE;
+  const bool toFront = wanted.Visible() && frontRequests_ != wanted.FrontRequests();
   if (!wanted.Visible()) {
     if (visible) ShowWindow(window_, SW_HIDE);
   } else if (wanted.State() == WindowState::Minimized) {
@@ -97,7 +98,9 @@ void MainFrame::ShowAsWanted() {
   } else if (!visible) {
     ShowFirst();
   }
-  if (frontRequests_ == wanted.FrontRequests()) return;
+  if (!toFront) return;
+  // One that was minimized from its full size has that back now, and is restored once more.
+  if (IsZoomed(window_)) ShowWindow(window_, SW_RESTORE);
   frontRequests_ = wanted.FrontRequests();
   SetForegroundWindow(window_);
 }

@@ -48,8 +48,9 @@ class StatusDesk {
       component.AlarmState = static_cast<AlarmState>(number % 3);
       number /= 3;
     }
-    lights_.Refresh();
+    lights_.Combine();
     tray_.SetIconHandle(icons_.For(StatesOfCode(lights_.StatusCode())));
+    lights_.Show();
     lastHour_.Note();
     HandleMessages();
   }

@@ -15,6 +15,17 @@ launcher_hidden || fail "a single click showed the window"
 tray_click 1 2
 expect_shown
 
+# A window that was maximized comes back in its normal state.
+area() { xdotool getwindowgeometry "$(xdotool search --onlyvisible --name ' - Tarvo Launcher$')" | tail -1; }
+normal=$(area)
+operate maximize
+await 5 eval '[[ $(area) != "$normal" ]]' || fail "not maximized: $(area)"
+operate minimize
+expect_hidden
+tray_click 1 2
+expect_shown
+await 5 eval '[[ $(area) == "$normal" ]]' || fail "back as $(area), not as $normal"
+
 operate minimize
 expect_hidden
 tray_click 3
