@@ -16,8 +16,8 @@ void ReadServerSettings(std::string_view text, Fields& settings);
 /// Index of the first field of exactly this name; -1 when there is none.
 int IndexOfField(const Fields& fields, std::string_view name);
 
-/// Removes the field of this name that line `line` of a list of all fields stands for: of several of
-/// one name (hand-edited) the one at that place, else the first.
+/// Removes the field of this name that line `line` of a list of all fields stands for: of several
+/// of one name (hand-edited) the one at that place, else the first.
 void RemoveFieldOfLine(Fields& fields, std::string_view name, int line);
 
 /// The first field of each name; valid until the fields are changed.

@@ -38,6 +38,9 @@ inline constexpr char kLightColourProperty[] = "TarvoLightColour";
 /// The window property of a button that shows a picture instead of its text.
 inline constexpr char kPictureProperty[] = "TarvoPicture";
 
+/// The window property of a button that is drawn which holds its access key, in lower case.
+inline constexpr char kAccessKeyProperty[] = "TarvoAccessKey";
+
 /// Every control of the form with its own number, shared by the native window and by whatever
 /// drives it from outside. Numbers are never given to another control.
 inline constexpr std::array kControlIds = {

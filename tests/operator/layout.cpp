@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "actions.h"
@@ -178,22 +179,32 @@ class Inspection {
     if (!named) Fault(NameOfLeaf(leaf) + " has no name");
   }
 
-  void CheckKey(const Leaf& leaf) {
+  /// The letter behind "&"; a button that is drawn has it as a property.
+  static char KeyOf(const Leaf& leaf) {
+    if (const HANDLE key = GetPropA(leaf.window, kAccessKeyProperty)) {
+      return static_cast<char>(reinterpret_cast<INT_PTR>(key));
+    }
     const std::size_t mark = leaf.text.find('&');
     const bool plain = IsStatic(leaf) && (leaf.style & SS_NOPREFIX) != 0;
-    if (plain || mark == std::string::npos || mark + 1 >= leaf.text.size()) return;
-    const auto key =
-        static_cast<char>(std::tolower(static_cast<unsigned char>(leaf.text[mark + 1])));
-    const auto [other, isNew] = keys_.emplace(key, NameOfLeaf(leaf));
-    if (!isNew) {
-      Fault(NameOfLeaf(leaf) + " shares the access key " + key + " with " + other->second);
+    if (plain || mark == std::string::npos || mark + 1 >= leaf.text.size()) return 0;
+    return static_cast<char>(std::tolower(static_cast<unsigned char>(leaf.text[mark + 1])));
+  }
+
+  /// A label's key is that of the control behind it.
+  void CheckKey(const Leaf& leaf) {
+    const char key = KeyOf(leaf);
+    if (key == 0) return;
+    const HWND owner = IsStatic(leaf) ? GetWindow(leaf.window, GW_HWNDNEXT) : leaf.window;
+    const auto [other, isNew] = keys_.emplace(key, std::pair(owner, NameOfLeaf(leaf)));
+    if (!isNew && other->second.first != owner) {
+      Fault(NameOfLeaf(leaf) + " shares the access key " + key + " with " + other->second.second);
     }
   }
 
   int page_;
   Ruler ruler_;
   std::vector<Leaf> leaves_;
-  std::map<char, std::string> keys_;
+  std::map<char, std::pair<HWND, std::string>> keys_;
   int faults_ = 0;
 };
 

@@ -81,7 +81,9 @@ std::string ReadText(const FoundControl& control) {
   }
   std::string text = TextOf(control.window);
   const ControlType type = control.entry->type;
-  if (type == ControlType::CheckBox || type == ControlType::Option) std::erase(text, '&');
+  if (type == ControlType::Button || type == ControlType::CheckBox || type == ControlType::Option) {
+    std::erase(text, '&');
+  }
   return text;
 }
 

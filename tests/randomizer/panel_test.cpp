@@ -345,9 +345,8 @@ TEST_F(Panel, ASetThatCouldNotBeReadAtStartUpIsReadBeforeItIsChanged) {
 }
 
 TEST_F(Panel, AFileWithoutRangesIsReplacedHoweverItIsWritten) {
-  for (const char* text :
-       {"", "\r\n", "<Randomize/>", "<Randomize />\n", "<Randomize></Randomize>",
-        "<?xml version=\"1.0\"?>\r\n<!-- a --><Randomize/>\r\n<!-- b -->\r\n"}) {
+  for (const char* text : {"", "\r\n", "<Randomize/>", "<Randomize />\n", "<Randomize></Randomize>",
+                           "<?xml version=\"1.0\"?>\r\n<!-- a --><Randomize/>\r\n<!-- b -->\r\n"}) {
     machine.files.Put(kRangesFile, text);
     Load();
     ChooseSetting("drop_rate");

@@ -1,5 +1,6 @@
 #include "ui/windows/button_face.h"
 
+#include <algorithm>
 #include <cctype>
 
 #include "ui/readable.h"
@@ -48,23 +49,12 @@ void FillRounded(HDC target, const RECT& area, const ButtonFace& face) {
   DeleteObject(pen);
 }
 
-/// The caption with `&` before the access key's first place in it.
-std::string Marked(const ButtonFace& face) {
-  std::string text = face.caption;
-  for (std::size_t i = 0; i < text.size() && face.accessKey; ++i) {
-    if (std::tolower(static_cast<unsigned char>(text[i])) != face.accessKey) continue;
-    text.insert(i, 1, '&');
-    break;
-  }
-  return text;
-}
-
 void DrawCaption(HDC target, RECT area, const ButtonFace& face, HFONT font) {
   const HGDIOBJ before = SelectObject(target, font);
   SetBkMode(target, TRANSPARENT);
   SetTextColor(target, InkColour(face));
   if (face.pressed) OffsetRect(&area, 1, 1);
-  DrawTextA(target, Marked(face).c_str(), -1, &area,
+  DrawTextA(target, Marked(face.caption, face.accessKey).c_str(), -1, &area,
             DT_CENTER | DT_VCENTER | DT_SINGLELINE | (face.showKey ? 0U : DT_HIDEPREFIX));
   SelectObject(target, before);
 }
@@ -84,6 +74,14 @@ void DrawAll(HDC target, const RECT& area, const ButtonFace& face, HFONT font) {
 }
 
 }  // namespace
+
+std::string Marked(std::string caption, char accessKey) {
+  const auto letter = std::find_if(caption.begin(), caption.end(), [accessKey](char c) {
+    return std::tolower(static_cast<unsigned char>(c)) == accessKey;
+  });
+  if (letter != caption.end()) caption.insert(letter, '&');
+  return caption;
+}
 
 void DrawButtonFace(HDC target, const RECT& area, const ButtonFace& face, HFONT font) {
   const HDC memory = CreateCompatibleDC(target);

@@ -22,6 +22,9 @@ struct ButtonFace {
   int corner = 4;  ///< Pixels.
 };
 
+/// The caption with `&` before the first place of the access key in it, if it has that letter.
+std::string Marked(std::string caption, char accessKey);
+
 /// Draws the face in one step, so that nothing flickers. Under high contrast the system's own
 /// colours replace the face's.
 void DrawButtonFace(HDC target, const RECT& area, const ButtonFace& face, HFONT font);

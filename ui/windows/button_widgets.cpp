@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "ui/windows/button_face.h"
+
 namespace tarvo {
 namespace {
 
@@ -47,6 +49,13 @@ void ButtonWidget::Command(int code) {
 }
 
 void ButtonWidget::Access() { Press(Window()); }
+
+void ButtonWidget::SetAccessKey(char key) {
+  Mirror::SetAccessKey(key);
+  Show();
+}
+
+void ButtonWidget::Show() { SetText(Marked(control_.Caption(), AccessKey())); }
 
 CheckWidget::CheckWidget(Stage& stage, HWND parent, int id, CheckBox& box, const std::string& text,
                          Kind kind)

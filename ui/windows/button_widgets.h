@@ -5,16 +5,17 @@
 
 namespace tarvo {
 
-/// A plain push button.
+/// A plain push button; its access key is underlined in its caption.
 class ButtonWidget : public Mirror<CommandButton> {
  public:
   ButtonWidget(Stage& stage, HWND parent, int id, CommandButton& button);
   Extent Natural() const override;
   void Command(int code) override;
   void Access() override;
+  void SetAccessKey(char key) override;
 
  protected:
-  void Show() override { SetText(control_.Caption()); }
+  void Show() override;
 };
 
 /// A check box with its text beside it; or, in a table whose column head tells the text, the box

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "ui/control_ids.h"
+
 namespace tarvo {
 
 DrawnButton::DrawnButton(Stage& stage, HWND parent, int id, CommandButton& button,
@@ -19,6 +21,16 @@ void DrawnButton::Access() {
   if (!IsWindowEnabled(Window())) return;
   SetFocus(Window());
   PostMessageA(Window(), BM_CLICK, 0, 0);
+}
+
+void DrawnButton::SetAccessKey(char key) {
+  Mirror::SetAccessKey(key);
+  SetPropA(Window(), kAccessKeyProperty, reinterpret_cast<HANDLE>(static_cast<INT_PTR>(key)));
+}
+
+void DrawnButton::Detach() {
+  Mirror::Detach();
+  RemovePropA(Window(), kAccessKeyProperty);
 }
 
 ButtonFace DrawnButton::FaceNow(const DRAWITEMSTRUCT& item) const {

@@ -13,6 +13,9 @@ class DrawnButton : public Mirror<CommandButton> {
  public:
   void Command(int code) override;
   void Access() override;
+  /// The window has it as a property, too, for its text does not tell it.
+  void SetAccessKey(char key) override;
+  void Detach() override;
 
  protected:
   /// The window's text is its name for screen readers, whatever is drawn.

@@ -46,7 +46,7 @@ class Widget : public ControlMirror {
 
   /// The access key that presses or focuses the widget, in lower case; 0 for none.
   char AccessKey() const { return accessKey_; }
-  void SetAccessKey(char key) { accessKey_ = key; }
+  virtual void SetAccessKey(char key) { accessKey_ = key; }
   /// Does what the access key asks for.
   virtual void Access() { SetFocus(window_); }
 
