@@ -12,7 +12,7 @@ TemplateEngine::TemplateEngine(std::string_view text, const TemplatePorts& ports
     : ports_(ports),
       template_(ParseTemplate(text)),
       evaluator_(ports),
-      output_(ports.mostOutput, template_.hasMail) {}
+      output_(ports.mostOutput, template_.mayHaveMail) {}
 
 std::string TemplateEngine::Fill(Document& root) {
   frames_.push_back({});
@@ -38,7 +38,7 @@ std::string TemplateEngine::Fill(Document& root) {
   }
   FillWaiting();
   TemplateText filled = output_.Take();
-  return template_.hasMail ? SendTemplateMails(filled, ports_) : std::move(filled.text);
+  return template_.mayHaveMail ? SendTemplateMails(filled, ports_) : std::move(filled.text);
 }
 
 void TemplateEngine::AddField(const TemplateProgram& field) {

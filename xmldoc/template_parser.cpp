@@ -26,6 +26,17 @@ bool StartsIgnoringCase(std::string_view text, std::string_view start) {
   return EqualIgnoringCase(text.substr(0, start.size()), start);
 }
 
+/// Whether a mail directive stands in the text, or may begin at its end: what follows comes closer
+/// when a directive between them produces nothing.
+bool MayBeginMail(std::string_view text) {
+  if (FindIgnoringCase(text, kMail) != std::string_view::npos) return true;
+  for (std::size_t length = 1; length < kMail.size() && length <= text.size(); ++length) {
+    const std::string_view end = text.substr(text.size() - length);
+    if (EqualIgnoringCase(end, kMail.substr(0, length))) return true;
+  }
+  return false;
+}
+
 std::string CloseTag(const std::string& id) { return "<@close ID=\"" + id + "\">"; }
 
 double Bound(std::string_view tag, std::string_view name, double otherwise) {
@@ -41,7 +52,9 @@ class Parser {
     SplitIntoBlocks();
     if (!open_.empty()) RaiseMissingBlockEnd(CloseTag(open_.front().id));
     FillWithFields();
-    result_.hasMail = FindIgnoringCase(text_, kMail) != std::string_view::npos;
+    for (const TemplatePart& part : result_.parts) {
+      result_.mayHaveMail |= part.kind == Kind::Text && MayBeginMail(part.text);
+    }
     return std::move(result_);
   }
 

@@ -41,7 +41,7 @@ struct ParsedTemplate {
   std::vector<TemplateBlock> blocks;
   std::vector<TemplateProgram> fields;
   bool hasEffects = false;  ///< One of the fields has.
-  bool hasMail = false;     ///< "<sendmail " occurs.
+  bool mayHaveMail = false;  ///< The filled text may hold "<sendmail " outside its values.
 };
 
 /// Takes a template apart, first its blocks, then the field directives between them; `text` must

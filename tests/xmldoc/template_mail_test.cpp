@@ -108,6 +108,20 @@ TEST(TemplateMail, KeepsValuesFromBecomingPartsOfADirective) {
   EXPECT_EQ(fakes.mailer.mails[0].body, "x\" SERVER=\"evil></sendmail><sendmail TO=\"y\">");
 }
 
+TEST(TemplateMail, IsFoundInTheTextAsItIsAfterTheOtherPasses) {
+  for (const char* source :
+       {"<send<@field none>mail Server=\"s\">b</send<@field none>mail>",
+        "<<@open ID=\"none\">x<@close ID=\"none\">sendmail Server=\"s\">b</sendmail>",
+        "<SENDMAIL<@field LET q=1> Server=\"s\">b</sendmail>"}) {
+    for (const char* another : {"", "<sendmail Server=\"t\">c</sendmail>"}) {
+      FakePorts fakes;
+      EXPECT_EQ(FilledBy(fakes, std::string(source) + another), "") << source;
+      ASSERT_EQ(fakes.mailer.mails.size(), *another ? 2U : 1U) << source;
+      EXPECT_EQ(fakes.mailer.mails[0].server, "s");
+    }
+  }
+}
+
 TEST(TemplateMail, KeepsStoredValuesFromBecomingPartsToo) {
   FakePorts fakes;
   EXPECT_EQ(FilledBy(fakes,
