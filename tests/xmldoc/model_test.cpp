@@ -262,6 +262,14 @@ TEST(FieldList, SortsByNameInLowerCaseAndStably) {
   EXPECT_EQ(TreeText(*document), "{C=4,b=1,B=5,A=2,a=3,_=6}");
 }
 
+TEST(FieldList, SortsBytesAbove127BehindTheLetters) {
+  const Ref<Document> document = WithFields({"\xE9", "z", "\x7F"});
+  document->Fields().Sort(true);
+  EXPECT_EQ(document->Fields().Field(0)->Name(), "z");
+  EXPECT_EQ(document->Fields().Field(1)->Name(), "\x7F");
+  EXPECT_EQ(document->Fields().Field(2)->Name(), "\xE9");
+}
+
 TEST(ChildList, AddChildAtTheEndOrBeforeAnIndex) {
   const Ref<Document> document = Document::Create();
   Documents& childs = document->Childs();

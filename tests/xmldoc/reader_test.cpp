@@ -121,9 +121,11 @@ TEST(Reader, LineBreaksInsideTags) {
       {"a line break before the slash", "<r><a/\n></r>", "r{a=}", true, true},
       {"a line break in a closing tag", "<r><a>1</\na></r>", "r{a=1}", true, true},
       {"a line break before the slash of a closing tag", "<r><a>1<\n/a></r>", "r{a=1}", true, true},
+      {"a lone carriage return there", "<r><a>1<\r/a></r>", "r{a=1}", true, true},
       {"a pair there makes it a tag without a name", "<r><a>1<\r\n/a></r>", "r{|a{|(/a=){}}}", true,
        true},
       {"a tab is part of a name", "<r><a\tx=\"1\"/></r>", "r{a\\tx=\"1\"=}", true, true},
+      {"up to the first blank", "<r><a\tb x='1'/></r>", "r{a\\tb(x=1)=}", true, true},
       {"line breaks in an attribute value", "<r><a x=\"1\r\n2\n3\"/></r>", "r{a(x=1 23)=}", true,
        true},
   });

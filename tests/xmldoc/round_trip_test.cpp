@@ -69,6 +69,13 @@ unsigned Seed() {
                           : std::random_device()();
 }
 
+TEST(RoundTrip, ARawGreaterSignInAValueIsWrittenAsAnEntity) {
+  const Ref<Document> document = Document::Create();
+  ASSERT_TRUE(document->XMLImport("<r><a>x>y</a></r>"));
+  EXPECT_EQ(document->Fields().Field(0)->Value(), "x>y");
+  EXPECT_NE(document->XMLExport().find("<a>x&gt;y</a>"), std::string::npos);
+}
+
 TEST(RoundTrip, RandomTreesComeBackTheSame) {
   const unsigned seed = Seed();
   std::cout << "seed: TARVO_SEED=" << seed << "\n";

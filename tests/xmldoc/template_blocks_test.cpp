@@ -42,6 +42,8 @@ TEST(TemplateBlocks, AreBoundByStartAndStop) {
       {"", "123"},
       {" start=\"2\"", "23"},
       {" stop=\"2\"", "12"},
+      {" stop=\"1.5\"", "1"},
+      {" start=\"1.5\"", "23"},
       {" start=\"2\" stop=\"2\"", "2"},
       {" start=\"3\" stop=\"1\"", ""},
       {" START=\"2\" Stop=\"9\"", "23"},
@@ -142,6 +144,8 @@ TEST(TemplateBlocks, RaiseTheFaultsOfABodyOnlyWhenItIsProduced) {
 TEST(TemplateBlocks, TakeQuotesOutOfAnId) {
   EXPECT_EQ(Filled(kDocument, "<@open ID=\"'b'\" stop=\"1\">.<@close ID=\"b\">"), ".");
   EXPECT_EQ(Filled(kDocument, "<@open ID=\"b\"\"c\">.<@close ID=\"b\">"), "...");
+  EXPECT_EQ(Filled("<r><abc>1</abc><abc><x/></abc></r>", "<@open ID=ab\"c\">.<@close ID=\"abc\">"),
+            ".");
 }
 
 TEST(TemplateBlocks, MayHoldAGreaterSignInQuotes) {
