@@ -326,7 +326,6 @@ void Principal::Command1_Click() {
 }
 
 void Principal::ShowFault(const RuntimeError& fault) {
-  timers_.StopForever();
   tray_.Unload();
   std::string text =
       "Run-time error '" + std::to_string(fault.Number()) + "':\r\n\r\n" + fault.Description();

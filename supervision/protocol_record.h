@@ -11,7 +11,7 @@ namespace tarvo {
 /// One entry of the sockets layer's protocol catalogue, a mirror of Winsock's WSAPROTOCOL_INFOA in
 /// the order of that record. The probe reads `AddressFamily` alone.
 struct CProtocol {
-  std::string ProtocolName;  ///< At most 255 characters.
+  std::string ProtocolName;  ///< At most 256 characters.
   std::int32_t MessageSize = 0;
   std::int32_t SecurityScheme = 0;
   std::int32_t NetworkByteOrder = 0;

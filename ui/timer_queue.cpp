@@ -50,14 +50,14 @@ Timer* TimerQueue::Earliest() const {
 }
 
 std::optional<std::uint32_t> TimerQueue::UntilNext() {
-  const Timer* next = stopped_ ? nullptr : Earliest();
+  const Timer* next = Earliest();
   if (!next) return std::nullopt;
   const std::uint64_t now = Now();
   return next->due_ <= now ? 0 : static_cast<std::uint32_t>(next->due_ - now);
 }
 
 bool TimerQueue::RunNext(const std::function<void(const std::function<void()>&)>& dispatch) {
-  Timer* timer = stopped_ ? nullptr : Earliest();
+  Timer* timer = Earliest();
   if (!timer || timer->due_ > Now()) return false;
   timer->Arm();
   if (timer->onTick) dispatch(timer->onTick);

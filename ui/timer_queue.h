@@ -56,9 +56,6 @@ class TimerQueue {
   /// Runs the one timer that has been due longest, through `dispatch`. False when none was due.
   bool RunNext(const std::function<void(const std::function<void()>&)>& dispatch);
 
-  /// From now on nothing ticks; for a program that is ending.
-  void StopForever() { stopped_ = true; }
-
   /// Called whenever the next due time may have changed.
   std::function<void()> onChange;
 
@@ -71,7 +68,6 @@ class TimerQueue {
   std::vector<Timer*> timers_;
   std::uint64_t sequence_ = 0;
   std::uint64_t now_ = 0;  ///< The tick count continued past its wraps.
-  bool stopped_ = false;
 };
 
 }  // namespace tarvo

@@ -40,7 +40,7 @@ struct ParsedTemplate {
   std::vector<TemplatePart> parts;
   std::vector<TemplateBlock> blocks;
   std::vector<TemplateProgram> fields;
-  bool hasEffects = false;  ///< One of the fields has.
+  bool hasEffects = false;   ///< One of the fields has.
   bool mayHaveMail = false;  ///< The filled text may hold "<sendmail " outside its values.
 };
 

@@ -83,6 +83,19 @@ TEST_F(Shutdown, UnloadingSavesEndsAndTouchesNoServer) {
   EXPECT_EQ(machine.recorder.CountOf("processes."), 0u);
   EXPECT_EQ(Process(kMap).id, map);
   EXPECT_EQ(machine.processes.Named(kLogin).size(), 1u);
+  EXPECT_EQ(machine.network.Stops(), 0);
+  for (ComponentKind kind : kComponents) EXPECT_EQ(launcher->Of(kind).ProcessId, 0u);
+}
+
+TEST_F(Shutdown, TheSystemsEndSavesAndEndsNetworkingThoughServersRun) {
+  StartWithAllServers();
+  launcher->Check("WLog", 0);
+  launcher->Window().EndSession();
+  EXPECT_TRUE(launcher->Ended());
+  EXPECT_EQ(launcher->ExitCode(), 0);
+  EXPECT_EQ(machine.Setting("WriteLog"), "1");
+  EXPECT_EQ(machine.network.Stops(), 1);
+  EXPECT_EQ(machine.processes.Named(kLogin).size(), 1u);
 }
 
 TEST_F(Shutdown, ANewLauncherTakesUnloadedServersUnderControlAndSeesTheirCrash) {

@@ -234,6 +234,21 @@ TEST_F(StartUp, RefusedAutoStartsAskOnceForEachAndLeaveTheLauncherReady) {
   EXPECT_TRUE(launcher->Window().Visible());
 }
 
+TEST_F(StartUp, ACloseUnderARefusedAutoStartsBoxIsTheEndOfTheStart) {
+  machine.SetSetting("LoginAutoStart", "1");
+  machine.SetSetting("MapAutoStart", "1");
+  machine.SetSetting("CharExe", "nothing such");
+  machine.boxes.whileNextIsOpen = [this] { launcher->Close(); };
+  StartLauncher();
+  EXPECT_EQ(machine.boxes.NewTexts(), "Please, select the right servers from the list\n");
+  EXPECT_TRUE(launcher->Ended());
+  EXPECT_EQ(launcher->ExitCode(), 0);
+  EXPECT_FALSE(launcher->Window().Visible());
+  EXPECT_EQ(machine.network.Stops(), 1);
+  EXPECT_EQ(machine.recorder.CountOf("files.read(C:\\srv\\conf\\battle_athena.conf)"), 0u);
+  EXPECT_EQ(machine.recorder.CountOf("lock.publish()"), 0u);
+}
+
 TEST_F(StartUp, AnAutoStartWhoseExecutableIsGoneIsFatalAfterReady) {
   machine.SetSetting("MapAutoStart", "1");
   machine.processes.RefuseLaunches(true);

@@ -203,6 +203,18 @@ TEST_F(Control, StoppingEndsEveryProcessOfTheName) {
   EXPECT_TRUE(machine.processes.Named(kMap).empty());
 }
 
+TEST_F(Control, StoppingEndsWhatHasSurvivedTheFirstTime) {
+  machine.processes.StartForeign(kMap);
+  machine.processes.TheOne(kMap).program.refusesToDie = true;
+  int rounds = 0;
+  machine.recorder.beforeEach = [&] {
+    if (!machine.recorder.Calls().back().starts_with("processes.end(")) return;
+    if (++rounds == 2) machine.processes.TheOne(kMap).program.refusesToDie = false;
+  };
+  EXPECT_TRUE(control.StopProcesses(ComponentKind::Map));
+  EXPECT_EQ(rounds, 2);
+}
+
 TEST_F(Control, StoppingWaitsForAProcessThatTakesItsTimeToDie) {
   machine.processes.Program(kMap).dyingTime = 300;
   machine.processes.StartForeign(kMap);

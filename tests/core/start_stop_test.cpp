@@ -1,5 +1,7 @@
 #include "core/start_stop.h"
 
+#include <algorithm>
+
 #include "tests/simulation/launcher_story.h"
 #include "ui/status_colours.h"
 
@@ -106,6 +108,30 @@ TEST_F(Starting, StartAllStartsOnlyWhatIsNotKnownToRunAndTurnsToTheFirstPage) {
   EXPECT_EQ(launcher->TheForm().frame.SSTab1.Page(), 0);
   EXPECT_EQ(Button(3).Caption(), "Start All");
   EXPECT_EQ(Button(3).ToolTip(), "Start all servers");
+}
+
+TEST_F(Starting, StartAllTurnsToTheFirstPageWhenAllRunAlready) {
+  launcher->Click("bStart", 3);
+  launcher->TheForm().frame.SSTab1.SetPage(2);
+  launcher->ForgetLog();
+  launcher->Click("bStart", 3);
+  EXPECT_EQ(launcher->Log(), "");
+  EXPECT_EQ(launcher->TheForm().frame.SSTab1.Page(), 0);
+}
+
+TEST_F(Starting, AnAdoptedServerIsProbedBeforeItGetsItsPriority) {
+  launcher->Check("chkAK", 0);
+  machine.processes.StartForeign(kLogin);
+  machine.recorder.Forget();
+  launcher->Click("bStart", 0);
+  const auto& calls = machine.recorder.Calls();
+  const auto at = [&calls](const std::string& beginning) {
+    return std::find_if(calls.begin(), calls.end(),
+                        [&](const std::string& call) { return call.starts_with(beginning); }) -
+           calls.begin();
+  };
+  EXPECT_LT(at("sockets.connect("), at("processes.priority("));
+  EXPECT_EQ(machine.recorder.CountOf("processes.priority("), 1u);
 }
 
 TEST_F(Starting, StopAllStopsOnlyWhatIsKnownToRun) {
@@ -314,6 +340,17 @@ TEST_F(Refusal, AnAutokillTimeThatIsNoNumberIsFatalEvenInADisabledBox) {
     EXPECT_TRUE(launcher->Ended());
     EXPECT_EQ(launcher->ExitCode(), 1);
   }
+}
+
+TEST_F(Refusal, ATimeThatIsNoNumberIsFatalBehindOneThatIsTooShort) {
+  machine.SetSetting("MapTimeout", "");
+  StartFresh();
+  launcher->Check("chkAK", 0);
+  launcher->Type("TTO", 0, "3");
+  launcher->Click("bStart", 0);
+  EXPECT_EQ(machine.boxes.NewTexts(),
+            "Run-time error '13':\r\n\r\nType mismatch\r\n\r\nMapTimeout\n");
+  EXPECT_TRUE(launcher->Ended());
 }
 
 TEST_F(Refusal, TheReasonsHaveTheirOrder) {

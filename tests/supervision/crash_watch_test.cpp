@@ -182,6 +182,29 @@ TEST_F(Crashes, AMapCrashLeavesAStoppedCharAlone) {
             "10:00:15 0 Map Server Started [High Priority]\n");
 }
 
+TEST_F(Crashes, AServerThatHasNotBeenCheckedSinceItsStartIsLeftAlone) {
+  launcher->Check("chkAK", 3);
+  launcher->Click("bStart", 1);
+  launcher->Pass(2s);
+  launcher->Click("bStart", 1);
+  launcher->ForgetLog();
+  const ProcessId started = Process(kChar).id;
+  launcher->TheProgram().Dispatch().Run([this] {
+    launcher->TheProgram().TheCrashWatch().MapAutokillRestart();
+    launcher->TheProgram().TheCrashWatch().RestartRunning();
+  });
+  EXPECT_EQ(Process(kChar).id, started);
+  EXPECT_EQ(launcher->CountInLog("Char Server Stopped!"), 0u);
+  EXPECT_EQ(launcher->CountInLog("Login Server Stopped!"), 1u);
+  EXPECT_EQ(launcher->CountInLog("Map Server Stopped!"), 1u);
+}
+
+TEST_F(Crashes, ACrashIsTroubleUntilTheNextProbe) {
+  Crash(kLogin);
+  launcher->Pass(4s);
+  EXPECT_EQ(launcher->Of(ComponentKind::Login).AlarmState, AlarmState::Trouble);
+}
+
 TEST_F(Crashes, ALoginOrCharCrashRestartsNoOther) {
   launcher->Check("chkAK", 3);
   const ProcessId map = Process(kMap).id;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "supervision/protocol_record.h"
@@ -167,6 +168,15 @@ TEST_F(Probe, TheCatalogueRecordIsMirroredFieldByField) {
   EXPECT_EQ(protocol.ProtocolName, "TCP/IP");
   EXPECT_EQ(protocol.ProviderId.front(), 0xA0);
   EXPECT_EQ(protocol.ProviderId.back(), 0xAF);
+}
+
+TEST_F(Probe, AProtocolNameWithoutItsEndIsCutAtItsField) {
+  ProtocolRecord record = TellingRecord(0, 0);
+  std::fill(record.begin() + 116, record.end(), static_cast<std::uint8_t>('n'));
+  machine.network.SetProtocolRecord(record);
+  CProtocol protocol;
+  ASSERT_TRUE(protocol.GetBySocketHandle(machine.network, probe.CreateTcpSocket()));
+  EXPECT_EQ(protocol.ProtocolName, std::string(256, 'n'));
 }
 
 TEST_F(Probe, EachFlagIsItsOwnBit) {

@@ -143,14 +143,6 @@ TEST_F(TimerQueueTest, TellsOfEachChangeOfTheNextDueTime) {
   EXPECT_GT(told, 2);
 }
 
-TEST_F(TimerQueueTest, StoppedForeverNothingTicks) {
-  Timer timer(queue, "a", 100, true);
-  Note(timer);
-  queue.StopForever();
-  EXPECT_EQ(queue.UntilNext(), std::nullopt);
-  EXPECT_EQ(After(1000), "");
-}
-
 TEST_F(TimerQueueTest, ATimerThatIsGoneTicksNoMore) {
   Timer staying(queue, "staying", 100, true);
   Note(staying);
