@@ -1,5 +1,5 @@
-// Any server file: it loads, a run keeps its number of lines, and a second run changes nothing
-// more. corpus: server_file
+// Any server file: it loads, a run keeps its number of lines, and a second run changes no more.
+// corpus: server_file
 #include <cstdlib>
 
 #include "fuzz/randomizer_rig.h"

@@ -1,5 +1,5 @@
-// Any text taken for a template: no fault but its own errors, no hang, and output within its
-// bounds. corpus: template
+// Any text taken for a template: no fault but its own errors, no hang, output within its bounds.
+// corpus: template
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -1,5 +1,6 @@
 // Any text read, written and read again: from the second writing on, nothing changes any more where
-// the dialect can hold what was read; and it is always readable. corpus: xml
+// the dialect can hold what was read; and it is always readable.
+// corpus: xml
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

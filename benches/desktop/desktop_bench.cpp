@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <functional>
 #include <vector>
 
+#include "benches/figures.h"
 #include "desktop/frm_sys_tray.h"
 #include "desktop/last_hour.h"
 #include "desktop/status_icons.h"
@@ -50,14 +50,7 @@ class BenchShell final : public NotificationArea, public Icons, public CodePage 
   std::uint32_t drawn = 0;  ///< Of every picture a little, so that none is left out.
 };
 
-bool allHeld = true;
-
-void Figure(const char* name, double value, const char* unit, double limit) {
-  const bool held = value <= limit;
-  allHeld = allHeld && held;
-  std::printf("%-48s %10.5f %-8s limit %-8g %s\n", name, value, unit, limit,
-              held ? "held" : "short");
-}
+Figures figures;
 
 /// Milliseconds that one of `runs` runs took, the best of five rounds.
 double MillisecondsOf(int runs, const std::function<void()>& work) {
@@ -78,7 +71,7 @@ void MeasurePictures() {
     const double cost =
         MillisecondsOf(50, [&] { sum += DrawStatusPicture(StatesOfCode(0), size).pixels[0]; });
     const std::string name = "status picture of " + std::to_string(size) + " pixels, drawn";
-    Figure(name.c_str(), cost + (sum == 1 ? 1 : 0), "ms", 20);
+    figures.AtMost(name.c_str(), cost + (sum == 1 ? 1 : 0), "ms", 20);
   }
 }
 
@@ -89,8 +82,8 @@ void MeasureChanges() {
   for (int i = 0; i < 2; ++i) icons.For(StatesOfCode(i));
   const int before = shell.alive;
   const double cost = MillisecondsOf(10000, [&] { icons.For(StatesOfCode(code++ % 26)); });
-  Figure("picture change of 16 pixels", cost, "ms", 20);
-  Figure("icons more after 50000 picture changes", shell.alive - before, "icons", 0);
+  figures.AtMost("picture change of 16 pixels", cost, "ms", 20);
+  figures.AtMost("icons more after 50000 picture changes", shell.alive - before, "icons", 0);
 }
 
 /// Lights, tray picture and strips of one tick, as a share of the 2 seconds between two of them.
@@ -118,7 +111,7 @@ void MeasureTick() {
     statusLights.Show();
     lastHour.Note();
   });
-  Figure("status tick and strips, of one core", cost / 2000 * 100, "%", 0.05);
+  figures.AtMost("status tick and strips, of one core", cost / 2000 * 100, "%", 0.05);
 }
 
 }  // namespace
@@ -128,5 +121,5 @@ int main() {
   tarvo::MeasurePictures();
   tarvo::MeasureChanges();
   tarvo::MeasureTick();
-  return tarvo::allHeld ? 0 : 1;
+  return tarvo::figures.ExitCode();
 }

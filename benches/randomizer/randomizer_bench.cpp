@@ -5,10 +5,12 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <vector>
 
+#include "benches/figures.h"
 #include "benches/randomizer/bench_ports.h"
 #include "benches/randomizer/calendar_year.h"
 #include "platform/mersenne_random.h"
@@ -22,14 +24,7 @@ constexpr char kServerFile[] = "C:\\srv\\conf\\battle_athena.conf";
 constexpr char kRanges[] = "C:\\srv\\randomize.xml";
 constexpr char kCalendar[] = "C:\\srv\\rndcalendar.xml";
 
-bool allHeld = true;
-
-void Figure(const char* name, double value, const char* unit, double limit) {
-  const bool held = value <= limit;
-  allHeld = allHeld && held;
-  std::printf("%-48s %10.3f %-8s limit %-8g %s\n", name, value, unit, limit,
-              held ? "held" : "short");
-}
+Figures figures;
 
 double Milliseconds(const std::function<void()>& work) {
   const auto begin = Clock::now();
@@ -102,7 +97,7 @@ void RunBesideCopy(BenchPorts& ports) {
                     }));
   }
   std::printf("  a run %.2f ms, reading and writing the file %.2f ms\n", run, copy);
-  Figure("run_50000_lines_1000_parameters_to_copy", run / copy, "ratio", 2);
+  figures.AtMost("50,000 lines, 1,000 parameters: run to copy", run / copy, "ratio", 2);
 }
 
 double RunTime(BenchPorts& ports, int lines, int parameters) {
@@ -121,7 +116,7 @@ double RunTime(BenchPorts& ports, int lines, int parameters) {
 void Growth(BenchPorts& ports) {
   const double small = RunTime(ports, 50000, 1000);
   const double large = RunTime(ports, 500000, 10000);
-  Figure("ten_times_lines_and_parameters_to_one", large / small, "ratio", 20);
+  figures.AtMost("ten times lines and parameters to one", large / small, "ratio", 20);
 }
 
 void LoadTime(BenchPorts& ports) {
@@ -133,7 +128,7 @@ void LoadTime(BenchPorts& ports) {
     best = std::min(best, Milliseconds([&] { life->randomizer.LoadRandomizerFiles(); }));
     if (life->page.cmdParam.Items().size() != 350) std::abort();
   }
-  Figure("load_1500_lines_350_settings", best, "ms", 5);
+  figures.AtMost("load 1,500 lines, 350 settings", best, "ms", 5);
 }
 
 std::vector<YearEntry> FiftyEntries() {
@@ -193,16 +188,16 @@ void YearTime(BenchPorts& ports) {
   const LocalTime end = begin + std::chrono::days(365);
   bool agrees = false;
   const double time = Milliseconds([&] { agrees = PlayYear(ports, begin, end); });
-  Figure("year_of_calendar_and_map_starts", time / 1000, "s", 10);
-  Figure("year_disagrees_with_the_table", agrees ? 0 : 1, "years", 0);
+  figures.AtMost("a year of calendar and map starts", time / 1000, "s", 10);
+  figures.AtMost("years that disagree with the table", agrees ? 0 : 1, "years", 0);
 }
 
 }  // namespace
 }  // namespace tarvo
 
 int main(int count, char** words) {
-  char folder[] = "/tmp/randomizer_bench_XXXXXX";
-  if (!mkdtemp(folder)) return 2;
+  std::string folder = std::filesystem::temp_directory_path() / "randomizer_bench_XXXXXX";
+  if (!mkdtemp(folder.data())) return 2;
   tarvo::BenchPorts ports(folder);
   const std::string only = count > 1 ? words[1] : "";
   const auto wanted = [&](const char* part) { return only.empty() || only == part; };
@@ -213,6 +208,6 @@ int main(int count, char** words) {
   for (const char* path : {tarvo::kServerFile, tarvo::kRanges, tarvo::kCalendar}) {
     std::remove(ports.PathOf(path).c_str());
   }
-  rmdir(folder);
-  return tarvo::allHeld ? 0 : 1;
+  rmdir(folder.c_str());
+  return tarvo::figures.ExitCode();
 }

@@ -6,9 +6,9 @@
 #include <sys/resource.h>
 
 #include <chrono>
-#include <cstdio>
 #include <random>
 
+#include "benches/figures.h"
 #include "tests/simulation/launcher.h"
 
 namespace tarvo {
@@ -30,11 +30,6 @@ long PeakMemory() {
   rusage usage{};
   getrusage(RUSAGE_SELF, &usage);
   return usage.ru_maxrss;
-}
-
-bool Print(const char* name, double value, const char* unit, double limit, bool held) {
-  std::printf("%s %.0f %s %.0f %s\n", name, value, unit, limit, held ? "held" : "short");
-  return held;
 }
 
 class Year {
@@ -100,14 +95,16 @@ int Run() {
   const auto early = static_cast<double>(earlyMemory);
   const auto late = static_cast<double>(PeakMemory());
 
-  bool held = Print("year_wall", wall.count(), "s", kLongestYear, wall.count() <= kLongestYear);
-  held &= Print("year_events", ticksASecond, "ticks/s", kFewestTicks, ticksASecond >= kFewestTicks);
-  held &= Print("year_peak_memory_first_month", early, "KB", kMostMemory, early <= kMostMemory);
-  held &= Print("year_peak_memory_end", late, "KB", early + kLargestGrowth,
-                late <= early + kLargestGrowth);
-  held &= Print("year_restarts", static_cast<double>(year.Starts()) - 3, "starts", kSteps,
-                year.AllRun() && year.Starts() == kSteps + 3);
-  return held ? 0 : 1;
+  const bool allCameBack = year.AllRun() && year.Starts() == kSteps + 3;
+
+  Figures figures;
+  figures.AtMost("a year", wall.count(), "s", kLongestYear);
+  figures.AtLeast("ticks a second", ticksASecond, "ticks", kFewestTicks);
+  figures.AtMost("most memory in the first month", early, "KB", kMostMemory);
+  figures.AtMost("most memory in the year", late, "KB", early + kLargestGrowth);
+  figures.Report("restarts", static_cast<double>(year.Starts()) - 3, "starts");
+  figures.AtMost("faults without their one restart", allCameBack ? 0 : 1, "", 0);
+  return figures.ExitCode();
 }
 
 }  // namespace

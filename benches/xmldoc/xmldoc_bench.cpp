@@ -87,7 +87,7 @@ AllTimes Compared(const std::string& text, int copies, int rounds, bool write = 
 
 const char* Verdict(bool held) {
   allHeld = allHeld && held;
-  return held ? "held" : "SHORT";
+  return held ? "held" : "short";
 }
 
 void Line(const std::string& name, double value, const char* unit, const std::string& limit,

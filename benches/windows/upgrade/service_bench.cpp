@@ -6,6 +6,7 @@
 
 #include <cstdio>
 
+#include "benches/figures.h"
 #include "benches/windows/upgrade/upgrade_desk.h"
 
 namespace tarvo {
@@ -75,10 +76,6 @@ class TimedCopies final : public FileCopies {
   Moments& moments_;
 };
 
-void Figure(const char* name, double milliseconds) {
-  std::printf("%s %.0f ms - -\n", name, milliseconds);
-}
-
 int Measure(const std::string& newFolder) {
   char here[MAX_PATH] = {};
   GetCurrentDirectoryA(MAX_PATH, here);
@@ -97,11 +94,12 @@ int Measure(const std::string& newFolder) {
     std::printf("upgrade_out_of_service n/a: code %d\n", code);
     return 1;
   }
-  Figure("upgrade_out_of_service", moments.lastStarted - moments.firstStop);
-  Figure("upgrade_out_of_service_stopping", moments.firstCopy - moments.firstStop);
-  Figure("upgrade_out_of_service_saving_the_old", moments.fourthCopy - moments.firstCopy);
-  Figure("upgrade_out_of_service_copying_the_new", moments.lastCopied - moments.fourthCopy);
-  Figure("upgrade_out_of_service_starting", moments.lastStarted - moments.lastCopied);
+  Figures figures;
+  figures.Report("servers out of service", moments.lastStarted - moments.firstStop, "ms");
+  figures.Report("  stopping them", moments.firstCopy - moments.firstStop, "ms");
+  figures.Report("  saving the old", moments.fourthCopy - moments.firstCopy, "ms");
+  figures.Report("  copying the new", moments.lastCopied - moments.fourthCopy, "ms");
+  figures.Report("  starting them", moments.lastStarted - moments.lastCopied, "ms");
   return 0;
 }
 

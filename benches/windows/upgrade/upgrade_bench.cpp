@@ -1,6 +1,6 @@
 // An upgrade of three executables of 60 MB with backup, beside copying the same six files by the
-// system's own copy call, in turn. Prints one line: name, ratio of the medians, unit, limit, held
-// or short. Works in a folder of its own under the current one, and removes it.
+// system's own copy call, in turn. Works in a folder of its own under the current one, and removes
+// it.
 
 #include <windows.h>
 
@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "benches/figures.h"
 #include "benches/windows/upgrade/upgrade_desk.h"
 
 namespace tarvo {
@@ -109,14 +110,14 @@ int Measure() {
     systems.push_back(its);
   }
   const double ratio = Median(ours) / Median(systems);
-  std::printf("upgrade_of_three_60_MB_to_system_copy %.2f ratio %.1f %s\n", ratio, kLimit,
-              ratio <= kLimit ? "held" : "short");
-  std::printf("upgrade_of_three_60_MB %.3f s - -\n", Median(ours));
-  std::printf("system_copy_of_the_same_six_files %.3f s - -\n", Median(systems));
+  Figures figures;
+  figures.AtMost("upgrade of three of 60 MB to system's copies", ratio, "ratio", kLimit);
+  figures.Report("upgrade of three of 60 MB", Median(ours), "s");
+  figures.Report("system's copies of the same six files", Median(systems), "s");
   for (const Folder& folder : {Folder(root.File("LBackup")), root, news, backup, top}) {
     RemoveFiles(folder);
   }
-  return 0;
+  return figures.ExitCode();
 }
 
 }  // namespace

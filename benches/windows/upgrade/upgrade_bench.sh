@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The upgrade's figures under Wine, one a line: name value unit limit held|short; "-" for no limit.
+# The upgrade's figures under Wine.
 #
 #   benches/windows/upgrade/upgrade_bench.sh [BUILD-FOLDER]     build/windows-64 unless said otherwise
 set -euo pipefail
