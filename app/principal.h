@@ -61,7 +61,6 @@ class Principal {
   frmSysTray& TheTray() { return tray_; }
   ComponentUpgrade& TheUpgrade() { return upgrade_; }
   UpgradeSettings& TheUpgradeSettings() { return upgradeSettings_; }
-  Randomizer& TheRandomizer() { return randomizer_; }
 
  private:
   void WireControls();

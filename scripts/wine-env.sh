@@ -7,7 +7,6 @@
 #   wine_run program.exe argument    # runs it to its end; its exit code
 #   wine_spawn program.exe argument  # starts it and goes on; its Unix process id is in WINE_SPAWNED
 #   wine_path /a/b                   # prints Z:\a\b, or C:\... for a file of the prefix
-#   wine_clean_prefix                # ends every Windows program of the script, and starts afresh
 #   wine_stop                        # early; the exit trap calls it as well
 #
 # After wine_start: WINE_DIR (a folder that goes with the script), WINEPREFIX, DISPLAY.
@@ -148,11 +147,6 @@ wine_end_programs() {
   "$WINE_SERVER" -k >/dev/null 2>&1
   timeout 20 "$WINE_SERVER" -w >/dev/null 2>&1
   return 0
-}
-
-wine_clean_prefix() {
-  wine_end_programs
-  wine_copy_prefix
 }
 
 wine_stop() {

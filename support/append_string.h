@@ -183,8 +183,7 @@ class BasicAppendString {
   Character* limit_ = nullptr;  // behind the last character that the block takes
 };
 
-/// The builder for the program's own 8-bit text, and the one for UTF-16.
+/// The builder for the program's own 8-bit text.
 using AppendString = BasicAppendString<char>;
-using WideAppendString = BasicAppendString<char16_t>;
 
 }  // namespace tarvo

@@ -30,7 +30,6 @@ class Condition {
   bool Holds(const std::vector<std::string_view>& values) const;
   /// What the condition asks of a node.
   const std::vector<TemplatePath>& Paths() const { return paths_; }
-  bool HoldsForAll() const { return terms_.empty(); }
 
  private:
   static constexpr std::size_t kNoPath = static_cast<std::size_t>(-1);

@@ -7,8 +7,7 @@
 //   measure handles NAME           prints how many system handles the process of that file name has
 //   measure objects NAME           prints how many GDI objects and how many windows it has
 //   measure successor NAME         ends the process of that file name and prints the milliseconds
-//   until
-//                                  another one of that name runs
+//                                  until another one of that name runs
 //
 // Handles are counted in the system's own handle list: Wine answers the plain question with 0.
 

@@ -33,8 +33,8 @@ bool ReadLines(const LauncherChoice& choice, const std::string& name, int index,
   }
 }
 
-}  // namespace
-
+/// How many lines at the beginning of `now` were there already when the text was `before`: lines
+/// may have been taken off the front and others added behind.
 std::size_t KnownLines(const std::vector<std::string>& before,
                        const std::vector<std::string>& now) {
   for (std::size_t gone = 0; gone <= before.size(); ++gone) {
@@ -45,6 +45,8 @@ std::size_t KnownLines(const std::vector<std::string>& before,
   }
   return 0;
 }
+
+}  // namespace
 
 void Follow(const LauncherChoice& choice, const std::string& name, int index, DWORD time) {
   NeedControl(NeedLauncher(choice), name, index);

@@ -25,8 +25,4 @@ void WaitForText(const LauncherChoice& choice, const std::string& name, int inde
 /// is gone.
 void Follow(const LauncherChoice& choice, const std::string& name, int index, DWORD time);
 
-/// How many lines at the beginning of `now` were there already when the text was `before`: lines
-/// may have been taken off the front and others added behind.
-std::size_t KnownLines(const std::vector<std::string>& before, const std::vector<std::string>& now);
-
 }  // namespace tarvo

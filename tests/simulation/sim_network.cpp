@@ -111,17 +111,11 @@ PortAnswer SimNetwork::AnswerFor(const SocketAddress& address) {
   const auto port = static_cast<std::uint16_t>(address[2] << 8 | address[3]);
   std::uint32_t ip = 0;
   std::memcpy(&ip, address.data() + 4, sizeof ip);
-  const auto set = answers_.find({ip, port});
-  if (set != answers_.end()) return set->second;
   return ip == InNetworkOrder({127, 0, 0, 1}) ? processes_.AnswerAt(port) : PortAnswer::TimesOut;
 }
 
 void SimNetwork::AddHost(const std::string& name, std::vector<std::uint8_t> address) {
   hosts_[LowerCase(name)] = std::move(address);
-}
-
-void SimNetwork::SetAnswer(const std::string& dotted, std::uint16_t port, PortAnswer answer) {
-  answers_[{InNetworkOrder(FourBytes(dotted).value()), port}] = answer;
 }
 
 void SimNetwork::SetDelays(std::uint32_t timeOut, std::uint32_t refusal) {

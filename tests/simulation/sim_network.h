@@ -38,8 +38,6 @@ class SimNetwork final : public Sockets {
   void SetProtocolRecord(const ProtocolRecord& record) { record_ = record; }
   /// A name of the machine's hosts file.
   void AddHost(const std::string& name, std::vector<std::uint8_t> address);
-  /// What a connect to this address ("10.0.0.5") and port meets.
-  void SetAnswer(const std::string& dotted, std::uint16_t port, PortAnswer answer);
   /// Milliseconds that a connect takes when nobody answers, or when it is refused.
   void SetDelays(std::uint32_t timeOut, std::uint32_t refusal);
 
@@ -58,7 +56,6 @@ class SimNetwork final : public Sockets {
   SimClock& clock_;
   SimProcesses& processes_;
   std::map<std::string, std::vector<std::uint8_t>> hosts_;
-  std::map<std::pair<std::uint32_t, std::uint16_t>, PortAnswer> answers_;
   std::set<SocketHandle> open_;
   std::vector<SocketAddress> connects_;
   std::optional<ProtocolRecord> record_;

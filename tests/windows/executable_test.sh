@@ -31,6 +31,21 @@ for library in $libraries; do
   fi
 done
 
+# The kinds of resources, by Windows' numbers: 14 the icon, 16 version information, 24 the manifest.
+kinds=$(objdump -p "$launcher" | sed -nE 's/^[0-9a-f]{3} {3}Entry: ID: 0x0*([0-9a-f]+),.*/\1/p')
+for kind in e 10 18; do
+  if ! grep -qx "$kind" <<<"$kinds"; then
+    echo "FAILED: $launcher has no resource of the kind 0x$kind"
+    failures=1
+  fi
+done
+for word in asInvoker PerMonitor Microsoft.Windows.Common-Controls; do
+  if ! grep -aqF "$word" "$launcher"; then
+    echo "FAILED: the manifest of $launcher lacks $word"
+    failures=1
+  fi
+done
+
 stripped=$(mktemp)
 trap 'rm -f "$stripped"' EXIT
 x86_64-w64-mingw32-strip -o "$stripped" "$launcher" || failures=1

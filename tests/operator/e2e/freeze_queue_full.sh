@@ -9,7 +9,7 @@ expect_log 10 "Listening Login Server"
 server hang login
 # Each connect blocks as long as the system tries; in a network of its own that is a few seconds.
 expect_log 200 "Login server freeze!... waiting..."
-expect_log 400 "Shuting down Login..."
+expect_log 200 "Shuting down Login..."
 expect_log 15 "Login Server crashed, restarting..."
 expect_count login 1
 operate click bStart 4

@@ -3,6 +3,8 @@
 # be written.
 source "$(dirname "$0")/story.sh"
 story_begin "$0" "$@"
+# All lines belong into one day's file.
+[[ $(date +%H%M) < 2358 ]] || sleep 130
 settings_write "$ROOT" WriteLog=1 WriteMode=0
 start_launcher
 expect_log 10 "Launcher Ready!"

@@ -60,5 +60,6 @@ press alt+minus
 expect_items "" lstDTRands
 expect_bytes rndcalendar.xml $'<Calendar/>\r\n'
 press alt+p
-await 5 expect_state opt_Rnd 2 checked=1
+program_chosen() { [[ $(state opt_Rnd 2) == *checked=1* ]]; }
+await 5 program_chosen || fail "alt+p does not choose Program: $(state opt_Rnd 2)"
 close_launcher
