@@ -5,7 +5,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 # Options that only GCC knows are no finding.
 git ls-files 'support/*.cpp' 'xmldoc/*.cpp' 'ui/*.cpp' 'core/*.cpp' 'supervision/*.cpp' \
-  'randomizer/*.cpp' 'upgrade/*.cpp' 'desktop/*.cpp' 'app/principal*.cpp' |
-  grep -vE '^ui/windows/|^xmldoc/tool/' |
+  'randomizer/*.cpp' 'upgrade/*.cpp' 'desktop/*.cpp' 'app/principal*.cpp' \
+  'platform/*.cpp' |
+  grep -vE '^(ui|platform)/windows/|^xmldoc/tool/' |
   xargs -P "$(nproc)" -n 4 clang-tidy -p build/native --quiet \
     --extra-arg=-Wno-unknown-warning-option 2>/dev/null

@@ -13,7 +13,7 @@ wine_own_network "$0" "$@"
 
 given=
 if [[ $# -gt 0 && $1 != -* ]]; then
-  given=$1
+  given=$(cd "$1" && pwd)
   shift
 fi
 build=${TARVO_WINDOWS_BUILD:-${given:-$WINE_REPOSITORY/build/windows-64}}

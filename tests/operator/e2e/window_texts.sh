@@ -83,4 +83,13 @@ for i in 0 1 2; do
   operate check chkAK "$i"
   expect_tip "$tip" TTO "$i"
 done
+
+# What is disabled tells why.
+operate uncheck chkAK 1
+operate click bStart 0
+expect_log 10 "Login Server Started!"
+operate page 2
+expect_tip 'Check "Freeze Autokill after" to change the time.' TTO 1
+expect_tip "Stop the Login server to choose another executable." Exes 0
+operate click bStart 0
 close_launcher
