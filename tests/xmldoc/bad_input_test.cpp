@@ -1,4 +1,5 @@
-// Every truncation of a corpus, and every change of one byte in a small document.
+// Every truncation of a corpus, every change of one byte in a small document, and what memory they
+// take.
 #include <gtest/gtest.h>
 
 #include <dirent.h>
@@ -8,6 +9,9 @@
 #include "tree_text.h"
 #include "xmldoc/document.h"
 #include "xmldoc/tool/stdio_file_reader.h"
+
+// The native tests are built with the address sanitizer, whose header of this is not everywhere.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 
 namespace tarvo {
 namespace {
@@ -103,6 +107,20 @@ TEST(BadInput, EveryRemovalAndDoublingOfOneByteIsReadWithoutHarm) {
       CheckReading(changed.insert(at, 1, text[at]));
       ASSERT_FALSE(HasFailure()) << name << " at " << at;
     }
+  }
+}
+
+TEST(BadInput, TakesNoMoreMemoryThanFiftyTimesItsText) {
+  constexpr std::size_t kSize = 1 << 20;
+  for (const char* piece : {"<a>", "<a/>", "<a></a>", "<a b=\"\"/>", "<", "<>", "</>", "<a ", "=\"",
+                            "<!--", "<?", "&amp;", "\r\n", "<a\t>x"}) {
+    std::string text = "<r>";
+    while (text.size() < kSize) text += piece;
+    const std::size_t before = __sanitizer_get_current_allocated_bytes();
+    const Ref<Document> document = Document::Create();
+    document->XMLImport(text);
+    const std::size_t taken = __sanitizer_get_current_allocated_bytes() - before;
+    EXPECT_LE(taken, 50 * text.size()) << piece;
   }
 }
 
