@@ -70,7 +70,8 @@ bool LiesBelowOne(std::string_view number) {
   std::int64_t exponent = 0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), exponent);
   if (result.ec == std::errc::result_out_of_range) return text.front() == '-';
-  return (first < point ? point - first : point - first + 1) + exponent <= 0;
+  const std::int64_t place = first < point ? point - first : point - first + 1;
+  return exponent <= -place;
 }
 
 /// The value of a decimal number that `DecimalLength` has measured.

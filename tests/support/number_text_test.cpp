@@ -43,6 +43,8 @@ TEST(NumericValue, BeyondADoublesRangeIsToldByItsDigitsNotByTheSignOfItsExponent
   EXPECT_EQ(NumericValue("1" + zeros + "e-5"), DBL_MAX);
   EXPECT_EQ(NumericValue("-00" + zeros + "1" + zeros + ".5d-5"), -DBL_MAX);
   EXPECT_EQ(NumericValue("9" + zeros + "e-99999999999999999999"), 0);
+  EXPECT_EQ(NumericValue("10.5e9223372036854775807"), DBL_MAX);
+  EXPECT_EQ(NumericValue("10.5e-9223372036854775808"), 0);
   EXPECT_EQ(ToInteger("0." + zeros + "1"), 0);
   EXPECT_EQ(FaultOf("1" + zeros + "e-5"), 6);
 }
