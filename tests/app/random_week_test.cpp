@@ -1,5 +1,6 @@
 // Days of supervision under random faults, and what must hold through all of them.
 
+#include <ostream>
 #include <random>
 
 #include "tests/simulation/launcher_story.h"
@@ -16,6 +17,10 @@ struct Span {
   unsigned seed;
   unsigned days;
 };
+
+void PrintTo(const Span& span, std::ostream* out) {
+  *out << "seed " << span.seed << ", days " << span.days;
+}
 
 class RandomWeek : public LauncherStory, public ::testing::WithParamInterface<Span> {
  protected:

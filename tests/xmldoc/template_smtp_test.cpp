@@ -1,6 +1,8 @@
 // The mail client against a real mail server on this machine.
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "platform/smtp_mailer.h"
 #include "tests/xmldoc/posix_tcp_stream.h"
 #include "tests/xmldoc/smtp_server.h"
@@ -79,6 +81,8 @@ struct Fault {
   const char* step;
   const char* reason;
 };
+
+void PrintTo(const Fault& fault, std::ostream* out) { *out << fault.mode << ' ' << fault.step; }
 
 class SmtpFaults : public testing::TestWithParam<Fault> {};
 
