@@ -48,7 +48,7 @@ end_servers() {
 trap end_servers EXIT
 for one in "${cases[@]}"; do
   read -r mode step <<<"${one%%|*}"
-  "$repository/tests/xmldoc/smtp_server.py" "$mode" "$step" \
+  "$repository/tests/platform/smtp_server.py" "$mode" "$step" \
     <"$WINE_DIR/hold" >"$WINE_DIR/server-$mode-$step" &
   servers+=($!)
 done

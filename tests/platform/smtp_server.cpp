@@ -1,4 +1,4 @@
-#include "tests/xmldoc/smtp_server.h"
+#include "tests/platform/smtp_server.h"
 
 #include <poll.h>
 #include <sys/wait.h>

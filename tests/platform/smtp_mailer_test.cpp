@@ -4,8 +4,8 @@
 #include <ostream>
 
 #include "platform/smtp_mailer.h"
-#include "tests/xmldoc/posix_tcp_stream.h"
-#include "tests/xmldoc/smtp_server.h"
+#include "tests/platform/posix_tcp_stream.h"
+#include "tests/platform/smtp_server.h"
 
 namespace tarvo {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/xmldoc/posix_tcp_stream.h"
+#include "tests/platform/posix_tcp_stream.h"
 
 #include <netdb.h>
 #include <poll.h>
