@@ -1,10 +1,12 @@
 // The program entry: joins the real machine, the main window object and its native window.
 
 #include "app/principal.h"
+#include "platform/windows/system_libraries.h"
 #include "platform/windows/windows_machine.h"
 #include "ui/windows/native_window.h"
 
 int main() {
+  tarvo::LoadFromSystemFolderOnly();
   tarvo::WindowsMachine machine;
   tarvo::Principal principal(machine.Ports());
   tarvo::NativeWindow window(principal.TheForm(), principal.TheTimers(), principal.Dispatch());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "platform/windows/system_libraries.h"
 
 namespace tarvo {
 
@@ -9,7 +9,7 @@ namespace tarvo {
 /// The library stays loaded. nullptr when this system has no such call.
 template <class Function>
 Function LateCall(const char* library, const char* name) {
-  const HMODULE module = LoadLibraryA(library);
+  const HMODULE module = LoadSystemLibrary(library);
   if (!module) return nullptr;
   return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/windows/system_libraries.h"
 #include "ui/readable.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/log_text.h"
@@ -32,7 +33,7 @@ class Still {
 }  // namespace
 
 LogWidget::LogWidget(Stage& stage, HWND parent, int id, RichTextView& view) : Mirror(stage, view) {
-  LoadLibraryA("riched20.dll");
+  LoadSystemLibrary("riched20.dll");
   Create(parent, "RichEdit20A", "",
          WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | ES_NOHIDESEL, 0,
          id);

@@ -3,6 +3,7 @@
 #include <uxtheme.h>
 #include <vsstyle.h>
 
+#include "platform/windows/late_call.h"
 #include "ui/windows/dpi.h"
 
 namespace tarvo {
@@ -10,25 +11,46 @@ namespace {
 
 constexpr std::size_t kMostExtents = 500;
 
+/// The calls of the theme library, which a game server may bring in a version of its own, so that
+/// it must not stand in the import table. A system without it is a system without themes.
+struct ThemeCalls {
+  static constexpr char kLibrary[] = "uxtheme.dll";
+  decltype(&::IsAppThemed) IsAppThemed =
+      LateCall<decltype(&::IsAppThemed)>(kLibrary, "IsAppThemed");
+  decltype(&::IsThemeActive) IsThemeActive =
+      LateCall<decltype(&::IsThemeActive)>(kLibrary, "IsThemeActive");
+  decltype(&::OpenThemeData) Open = LateCall<decltype(&::OpenThemeData)>(kLibrary, "OpenThemeData");
+  decltype(&::DrawThemeBackground) DrawBackground =
+      LateCall<decltype(&::DrawThemeBackground)>(kLibrary, "DrawThemeBackground");
+  decltype(&::CloseThemeData) Close =
+      LateCall<decltype(&::CloseThemeData)>(kLibrary, "CloseThemeData");
+
+  bool Active() const {
+    return IsAppThemed && IsThemeActive && Open && DrawBackground && Close && IsAppThemed() &&
+           IsThemeActive();
+  }
+};
+
 /// The colour of the inside of a tab page. Themes paint it in a colour of their own that no system
 /// colour tells, so a piece of it is painted and looked at.
 COLORREF TabPageColour(HWND window) {
+  static const ThemeCalls themes;
   COLORREF colour = GetSysColor(COLOR_3DFACE);
-  if (!IsAppThemed() || !IsThemeActive()) return colour;
-  const HTHEME theme = OpenThemeData(window, L"TAB");
+  if (!themes.Active()) return colour;
+  const HTHEME theme = themes.Open(window, L"TAB");
   const HDC screen = GetDC(nullptr);
   const HDC memory = CreateCompatibleDC(screen);
   const HBITMAP bitmap = CreateCompatibleBitmap(screen, 16, 16);
   const HGDIOBJ before = SelectObject(memory, bitmap);
   const RECT whole = {0, 0, 16, 16};
-  if (theme && SUCCEEDED(DrawThemeBackground(theme, memory, TABP_BODY, 0, &whole, nullptr))) {
+  if (theme && SUCCEEDED(themes.DrawBackground(theme, memory, TABP_BODY, 0, &whole, nullptr))) {
     colour = GetPixel(memory, 8, 8);
   }
   SelectObject(memory, before);
   DeleteObject(bitmap);
   DeleteDC(memory);
   ReleaseDC(nullptr, screen);
-  if (theme) CloseThemeData(theme);
+  if (theme) themes.Close(theme);
   return colour;
 }
 

@@ -1,10 +1,9 @@
 #include "ui/windows/main_frame.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 
 #include "ui/control_ids.h"
+#include "ui/windows/common_controls.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/resource_ids.h"
 #include "ui/windows/screens.h"
@@ -32,8 +31,7 @@ Stage& Begun(Stage& stage, HWND window) {
 }  // namespace
 
 HWND MainFrame::CreateMainWindow(HINSTANCE instance) {
-  const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
-  InitCommonControlsEx(&controls);
+  LoadCommonControls();
   WNDCLASSEXA record{};
   record.cbSize = sizeof record;
   record.lpfnWndProc = Procedure;
