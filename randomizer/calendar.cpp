@@ -46,7 +46,7 @@ void RandomizerCalendar::ListEntries() {
 }
 
 void RandomizerCalendar::cmdCalendar_Click(std::size_t index) {
-  if (!SetIsLoaded()) return;
+  if (!set_.ReadyForChange(log_, [this] { ListEntriesAnew(); })) return;
   if (index == 0) {
     Add();
   } else {
@@ -55,15 +55,12 @@ void RandomizerCalendar::cmdCalendar_Click(std::size_t index) {
   set_.Save();
 }
 
-bool RandomizerCalendar::SetIsLoaded() {
-  if (set_.Loaded()) return true;
+void RandomizerCalendar::ListEntriesAnew() {
   const std::string selected = page_.lstDTRands.Text();
-  Load();
+  ListEntries();
   const auto& lines = page_.lstDTRands.Items();
   const auto found = std::find(lines.begin(), lines.end(), selected);
   if (found != lines.end()) page_.lstDTRands.SetListIndex(static_cast<int>(found - lines.begin()));
-  if (!set_.Loaded()) log_.LogStatus(set_.Path() + " file can't be loaded", kAlert);
-  return set_.Loaded();
 }
 
 void RandomizerCalendar::Add() {

@@ -36,9 +36,8 @@ class RandomizerCalendar {
   void Load();
 
   /// 0 adds the day and time of the page at the end, unless the entry is there already; 1 removes
-  /// the selected entry. Both write the file, even when nothing has changed. When the file could
-  /// not be read before, it is read first; one that still cannot be read is told in the log, and
-  /// the press has no other effect.
+  /// the selected entry. Both write the file, even when nothing has changed. A set that is not
+  /// ready for a change (see StoredSet) is told in the log, and the press has no other effect.
   void cmdCalendar_Click(std::size_t index);
 
   /// A scroll bar was moved: 0 the hour's, 1 the minute's. Its text box shows the value.
@@ -54,8 +53,9 @@ class RandomizerCalendar {
   std::function<void()> restartRunning;
 
  private:
-  bool SetIsLoaded();
   void ListEntries();
+  /// The same, and the line that was selected is selected again.
+  void ListEntriesAnew();
   void Add();
   void Remove();
   bool RanInThisMinute(LocalTime now) const;

@@ -117,7 +117,7 @@ void ParameterPanel::rAdd_Click(std::size_t index) {
 }
 
 void ParameterPanel::Update() {
-  if (page_.cmdParam.ListIndex() < 0 || RefuseBounds() || !SetIsLoaded()) return;
+  if (page_.cmdParam.ListIndex() < 0 || RefuseBounds() || !SetIsReady()) return;
   StoreRange(page_.cmdParam.Text());
   ShowAndSave();
 }
@@ -155,22 +155,15 @@ void ParameterPanel::StoreRange(const std::string& name) {
 
 void ParameterPanel::Remove() {
   const int selected = page_.lstRnd.ListIndex();
-  if (selected < 0 || !SetIsLoaded()) return;
+  if (selected < 0 || !SetIsReady()) return;
   const auto& lines = page_.lstRnd.Items();
   const std::string name = NameInLine(lines[static_cast<std::size_t>(selected)]);
   RemoveFieldOfLine(set_.Child()->Fields(), name, selected);
   ShowAndSave();
 }
 
-bool ParameterPanel::SetIsLoaded() {
-  if (set_.Loaded()) return true;
-  set_.Load();
-  if (set_.Loaded()) {
-    CopyBounds();
-  } else {
-    log_.LogStatus(set_.Path() + " file can't be loaded", kAlert);
-  }
-  return set_.Loaded();
+bool ParameterPanel::SetIsReady() {
+  return set_.ReadyForChange(log_, [this] { CopyBounds(); });
 }
 
 void ParameterPanel::ShowAndSave() {

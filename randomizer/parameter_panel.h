@@ -41,13 +41,13 @@ class ParameterPanel {
   void lstRnd_Click();
   /// 0 gives the selected setting the range in the boxes, 1 takes the selected range away; both
   /// write the set to its file. Without a selection they do nothing. Bounds that are no numbers, or
-  /// the same number when rounded, are refused in a message box. When the set could not be read at
-  /// start-up it is read first; one that still cannot be read is told in the log and left alone.
+  /// the same number when rounded, are refused in a message box. A set that is not ready for a
+  /// change (see StoredSet) is told in the log, and nothing changes.
   void rAdd_Click(std::size_t index);
 
  private:
   Ref<Field> Setting(const std::string& name) const;
-  bool SetIsLoaded();
+  bool SetIsReady();
   void CopyBounds();
   void Update();
   void Remove();

@@ -3,13 +3,11 @@
 #include <utility>
 
 #include "randomizer/server_settings.h"
-#include "support/text.h"
 
 namespace tarvo {
 namespace {
 
-/// Remembers the text that was read, and whether the file was missing, which the import does not
-/// tell from a fault.
+/// Remembers whether the file was missing, which the import does not tell from a fault.
 class NotingReader final : public FileReader {
  public:
   explicit NotingReader(FileReader& reader) : reader_(reader) {}
@@ -21,44 +19,15 @@ class NotingReader final : public FileReader {
   ReadResult ReadText(const std::string& path, std::string& text) override {
     const ReadResult result = reader_.ReadText(path, text);
     missing_ = result == ReadResult::Missing;
-    text_ = text;
     return result;
   }
 
   bool Missing() const { return missing_; }
-  const std::string& Text() const { return text_; }
 
  private:
   FileReader& reader_;
   bool missing_ = false;
-  std::string text_;
 };
-
-/// The text from its first tag on that is no declaration and no comment.
-std::string_view SkipRemarks(std::string_view text) {
-  constexpr std::pair<std::string_view, std::string_view> kRemarks[] = {{"<?", "?>"},
-                                                                        {"<!--", "-->"}};
-  for (bool skipped = true; skipped;) {
-    skipped = false;
-    text = Trimmed(text, " \t\r\n");
-    for (const auto& [begin, end] : kRemarks) {
-      const std::size_t found = text.starts_with(begin) ? text.find(end) : std::string_view::npos;
-      if (found == std::string_view::npos) continue;
-      text.remove_prefix(found + end.size());
-      skipped = true;
-    }
-  }
-  return text;
-}
-
-/// Whether there is nothing, or one tag of this name without attributes and content.
-bool HoldsNothing(std::string_view text, std::string_view name) {
-  text = SkipRemarks(text);
-  if (text.empty()) return true;
-  if (!text.starts_with('<') || !text.substr(1).starts_with(name)) return false;
-  text = Trimmed(text.substr(1 + name.size()), " \t\r\n");
-  return text.starts_with("/>") && SkipRemarks(text.substr(2)).empty();
-}
 
 }  // namespace
 
@@ -72,28 +41,43 @@ StoredSet::StoredSet(Document& root, std::string name, std::string path, FileRea
       log_(log) {}
 
 void StoredSet::Load() {
-  NotingReader reader(reader_);
   Ref<Document> child = Document::Create();
-  const bool imported = child->XMLImportFile(path_, reader, log_);
-  loaded_ = reader.Missing() || (imported && IsWhole(reader.Text()));
-  if (child->NameView().empty()) {
-    // An emptied set is a root without content, which reads as a field of that name.
-    const int root = IndexOfField(child->Fields(), name_);
-    if (root >= 0) child->Fields().RemoveField(root);
+  ready_ = Read(*child) != Found::Bad;
+  Place(std::move(child));
+}
+
+bool StoredSet::ReadyForChange(StatusLog& statusLog, const std::function<void()>& show) {
+  if (ready_) return true;
+  Ref<Document> child = Document::Create();
+  const Found found = Read(*child);
+  ready_ = found != Found::Bad;
+  if (!ready_) {
+    statusLog.LogStatus(path_ + " file can't be loaded", kAlert);
+  } else if (found == Found::Good || root_.Childs().SearchChild2(name_) < 0) {
+    Place(std::move(child));
+    show();
   }
-  child->SetName(name_);
+  return ready_;
+}
+
+StoredSet::Found StoredSet::Read(Document& child) {
+  NotingReader reader(reader_);
+  TextEnd end = TextEnd::CutOff;
+  child.XMLImportFile(path_, reader, log_, end);
+  if (child.NameView().empty()) {
+    // An emptied set is a root without content, which reads as a field of that name.
+    const int root = IndexOfField(child.Fields(), name_);
+    if (root >= 0) child.Fields().RemoveField(root);
+  }
+  child.SetName(name_);
+  if (reader.Missing()) return Found::Gone;
+  return end == TextEnd::Whole ? Found::Good : Found::Bad;
+}
+
+void StoredSet::Place(Ref<Document> child) {
   int index = root_.Childs().SearchChild2(name_);
   if (index < 0) index = root_.Childs().AddChild(name_);
   root_.Childs().SetChild(index, std::move(child));
-}
-
-/// The import passes over a tag that is never closed, and the entries behind it would be lost with
-/// the next press. A strict one does not, but refuses a file without content, too.
-bool StoredSet::IsWhole(const std::string& text) const {
-  if (HoldsNothing(text, name_)) return true;
-  const Ref<Document> strict = Document::Create();
-  strict->SetStopOnLoadError(true);
-  return strict->XMLImport(text);
 }
 
 void StoredSet::Save() { Child()->XMLExportFile(path_, replacer_, log_); }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
+#include "core/status_log.h"
 #include "platform/event_log.h"
 #include "platform/files.h"
 #include "xmldoc/document.h"
@@ -10,6 +12,10 @@ namespace tarvo {
 
 /// A child of the randomizer's document tree that is kept in a file of its own: the parameter set
 /// or the calendar. Its entries are its fields.
+///
+/// The file is good when its root is closed, whatever follows that, and when there is none or
+/// nothing in it. Any other one (it cannot be read, has a fault or is cut off) may hold entries
+/// that nobody has seen, and is never written over.
 class StoredSet {
  public:
   /// `root` is the tree, `name` that of the child, `path` that of the file. All references outlive
@@ -21,22 +27,24 @@ class StoredSet {
   /// or cannot be read. The event log is told of the last two.
   void Load();
 
-  /// Whether the child holds all that was on the disk. A missing file counts; one that is there and
-  /// cannot be read, has a fault or is cut off does not, and neither does one that nobody has tried
-  /// to load.
-  bool Loaded() const { return loaded_; }
+  /// To be asked before each change: whether the set may be changed and saved. Without a good file
+  /// so far, it is read once more: a good one takes the place of the child, and `show` is called. A
+  /// file that is gone by now leaves nothing to lose, so the child is kept as it is shown. Any
+  /// other one is told in the status log, and nothing changes.
+  bool ReadyForChange(StatusLog& statusLog, const std::function<void()>& show);
 
   /// The fields of the child; an empty list that belongs to nothing while there is no child.
   Ref<Document> Child() const { return root_.Childs().Child(name_); }
 
-  /// Replaces the file by the child; the event log is told of a fault. Call it with a loaded set
-  /// only, for otherwise what is on the disk is lost.
+  /// Replaces the file by the child; the event log is told of a fault. Only when ready for a
+  /// change.
   void Save();
 
-  const std::string& Path() const { return path_; }
-
  private:
-  bool IsWhole(const std::string& text) const;
+  enum class Found { Good, Gone, Bad };
+
+  Found Read(Document& child);
+  void Place(Ref<Document> child);
 
   Document& root_;
   const std::string name_;
@@ -44,7 +52,7 @@ class StoredSet {
   FileReader& reader_;
   FileReplacer& replacer_;
   EventLog& log_;
-  bool loaded_ = false;
+  bool ready_ = false;
 };
 
 }  // namespace tarvo

@@ -15,6 +15,12 @@ namespace tarvo {
 
 struct TemplatePorts;
 
+/// How a text ended that was read into an empty node.
+enum class TextEnd {
+  Whole,   ///< Its root was closed, whatever follows it; or there was nothing but remarks.
+  CutOff,  ///< Elements were open at its end, or there was something, and no root.
+};
+
 /// A node of a document tree: a name, attributes, fields (leaf elements) and child nodes. The root
 /// of a tree is a node like any other, and knows how to read and write the whole of it.
 ///
@@ -74,10 +80,15 @@ class Document {
   /// name with a blank in it, for a text of 1 GiB and more, and, while StopOnLoadError is set, for
   /// an empty text, stray text behind the last tag and an element that is never closed.
   bool XMLImport(std::string_view text);
+  /// The same, and says whether the text was cut off, which a tolerant import passes over. `end` is
+  /// CutOff as well when the reading stopped at a fault.
+  bool XMLImport(std::string_view text, TextEnd& end);
 
   /// XMLImport of the file's text. A missing file writes "File not found: " and the name to the
   /// event log, one that cannot be read "I/O error: " and the name; both give false.
   bool XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log);
+  /// The same, and says whether the text was cut off; `end` is CutOff when there was none.
+  bool XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log, TextEnd& end);
 
   /// XMLImport of what `url` names, which `url` holds afterwards. `protocol`: 0 HTTP, 1 or -1
   /// HTTPS. `requestTimeout` in seconds. A fetch that fails leaves `url`, writes "I/O error: " and

@@ -14,6 +14,13 @@ constexpr int kHttp = 4;  // and HTTPS is the next one
 }  // namespace
 
 bool Document::XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log) {
+  TextEnd end = TextEnd::CutOff;
+  return XMLImportFile(fileName, files, log, end);
+}
+
+bool Document::XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log,
+                             TextEnd& end) {
+  end = TextEnd::CutOff;
   if (!files.Exists(fileName)) {
     log.WriteError("File not found: " + fileName);
     return false;
@@ -23,7 +30,7 @@ bool Document::XMLImportFile(const std::string& fileName, FileReader& files, Eve
     log.WriteError("I/O error: " + fileName);
     return false;
   }
-  return XMLImport(text);
+  return XMLImport(text, end);
 }
 
 bool Document::XMLImportHTM(std::string& url, std::int16_t protocol, const std::string& userName,

@@ -39,11 +39,20 @@ void RefuseEndlessText(Document& root) {
 }  // namespace
 
 bool Document::XMLImport(std::string_view text) {
+  TextEnd end = TextEnd::CutOff;
+  return XMLImport(text, end);
+}
+
+bool Document::XMLImport(std::string_view text, TextEnd& end) {
+  end = TextEnd::CutOff;
   if (text.size() >= kTooLong) return false;
   // The result is the only report of bad input, so nothing may escape, not even a want of memory.
   try {
     if (text.size() > AppendString::kStepCharacters) RareValues().textLength = text.size();
-    return XmlReader(*this, text).Read();
+    XmlReader reader(*this, text);
+    const bool result = reader.Read();
+    end = reader.End();
+    return result;
   } catch (const RuntimeError&) {
     return false;
   } catch (const std::bad_alloc&) {

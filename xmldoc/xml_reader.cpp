@@ -46,6 +46,8 @@ bool IsDeclarationOrComment(std::string_view name) {
   return !name.empty() && (name.front() == '?' || name.front() == '!');
 }
 
+bool IsBlankOrLineEnd(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
 bool IsClosing(std::string_view name) { return !name.empty() && name.front() == '/'; }
 
 }  // namespace
@@ -57,7 +59,8 @@ XmlReader::XmlReader(Document& root, std::string_view text)
       encodePassword_(root.EncodePassword()),
       cryptType_(root.CryptType()),
       hasCipher_(cryptType_ != 0 || !encodePassword_.empty()),
-      tolerant_(!root.StopOnLoadError()) {
+      tolerant_(!root.StopOnLoadError()),
+      fieldsBefore_(root.Fields().Count()) {
   text = WithoutOuterBlanks(text);
   at_ = text.data();
   end_ = at_ + text.size();
@@ -67,23 +70,30 @@ bool XmlReader::Read() {
   if (at_ == end_) return tolerant_;
   Step step = Step::Next;
   while (step == Step::Next) step = ReadTag();
+  if (step == Step::Fault && rest_ == Rest::Nothing) rest_ = Rest::Element;
   return step == Step::EndOfText;
+}
+
+TextEnd XmlReader::End() const {
+  const bool hasFields = root_.Fields().Count() > fieldsBefore_;
+  const bool wordsAlone = rest_ == Rest::Words && !hasFields;
+  const bool rootless = !rootClosed_ && (rest_ == Rest::Element || wordsAlone);
+  return openElements_ > 0 || rootless ? TextEnd::CutOff : TextEnd::Whole;
 }
 
 const char* XmlReader::FindOpen(const char* from) const { return Find(from, end_, '<'); }
 
 XmlReader::Step XmlReader::ReadTag() {
-  const Step neverClosed = tolerant_ ? Step::EndOfText : Step::Fault;
   const char* open = FindOpen(at_);
-  if (open == nullptr) return OnlyLineEndsLeft() ? Step::EndOfText : neverClosed;
+  if (open == nullptr) return OnlyLineEndsLeft() ? Step::EndOfText : EndAtWords(at_);
   Tag tag;
-  if (!ScanPlainTag(open, tag) && !ScanTag(open, tag, repairedTag_)) return neverClosed;
+  if (!ScanPlainTag(open, tag) && !ScanTag(open, tag, repairedTag_)) return EndAtElement();
   if (IsClosing(tag.name)) {
     CloseNode(tag);
     return Step::Next;
   }
   const char* next = FindOpen(tag.end);
-  if (next == nullptr) return neverClosed;
+  if (next == nullptr) return EndAtLastTag(tag);
   if (IsDeclarationOrComment(tag.name)) return ReadDeclaration(tag, next);
   const char* closingEnd = tag.closesItself ? tag.end : EndOfClosing(tag.name, next);
   return closingEnd != nullptr ? ReadLeaf(tag, next, closingEnd) : ReadElement(tag, next);
@@ -91,6 +101,24 @@ XmlReader::Step XmlReader::ReadTag() {
 
 bool XmlReader::OnlyLineEndsLeft() const {
   return std::all_of(at_, end_, [](char c) { return c == '\r' || c == '\n' || c == '\t'; });
+}
+
+XmlReader::Step XmlReader::EndAtWords(const char* words) {
+  if (!std::all_of(words, end_, IsBlankOrLineEnd)) rest_ = Rest::Words;
+  return tolerant_ ? Step::EndOfText : Step::Fault;
+}
+
+XmlReader::Step XmlReader::EndAtElement() {
+  rest_ = Rest::Element;
+  return tolerant_ ? Step::EndOfText : Step::Fault;
+}
+
+XmlReader::Step XmlReader::EndAtLastTag(const Tag& tag) {
+  if (IsDeclarationOrComment(tag.name)) return EndAtWords(tag.end);
+  const bool rootWithoutContent =
+      tag.closesItself && openElements_ == 0 && root_.Fields().Count() == fieldsBefore_;
+  rootClosed_ = rootClosed_ || rootWithoutContent;
+  return EndAtElement();
 }
 
 bool XmlReader::ScanPlainTag(const char* open, Tag& tag) {
@@ -169,6 +197,7 @@ const char* XmlReader::EndOfClosing(std::string_view name, const char* next) {
 
 void XmlReader::CloseNode(const Tag& tag) {
   at_ = tag.end;
+  if (openElements_ > 0 && --openElements_ == 0) rootClosed_ = true;
   if (open_.empty()) return;
   node_ = open_.back();
   open_.pop_back();
@@ -234,6 +263,7 @@ XmlReader::Step XmlReader::ReadLeaf(const Tag& tag, const char* next, const char
 
 XmlReader::Step XmlReader::ReadElement(const Tag& tag, const char* next) {
   at_ = next;
+  ++openElements_;
   if (node_->name_.Empty()) return NameNode(tag);
   const bool accepted = ReadAttributes(tag);
   Ref<Document> child = maker_.MakeDocument(tag.name, packer_);

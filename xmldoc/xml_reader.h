@@ -19,9 +19,13 @@ class XmlReader {
 
   /// To be called once.
   bool Read();
+  /// How the text ended, when it has been read.
+  TextEnd End() const;
 
  private:
   enum class Step { Next, EndOfText, Fault };
+  /// What stands at the end of the text and did not come into the tree.
+  enum class Rest { Nothing, Words, Element };
 
   struct Tag {
     std::string_view name;        ///< From behind "<" to the first blank, or to ">".
@@ -43,6 +47,12 @@ class XmlReader {
   /// The end of the closing tag at `next` when that bears this name, else nothing.
   const char* EndOfClosing(std::string_view name, const char* next);
   bool OnlyLineEndsLeft() const;
+  /// The text ends with what begins at `words` and holds no tag.
+  Step EndAtWords(const char* words);
+  /// It ends with an element that does not come into the tree.
+  Step EndAtElement();
+  /// It ends with a tag that has no other behind it.
+  Step EndAtLastTag(const Tag& tag);
 
   void CloseNode(const Tag& tag);
   Step ReadDeclaration(const Tag& tag, const char* next);
@@ -70,6 +80,10 @@ class XmlReader {
   const std::int32_t cryptType_;
   const bool hasCipher_;
   const bool tolerant_;
+  const int fieldsBefore_;
+  std::size_t openElements_ = 0;  // start tags without their closing tag
+  bool rootClosed_ = false;
+  Rest rest_ = Rest::Nothing;
 };
 
 }  // namespace tarvo

@@ -251,6 +251,45 @@ TEST_F(CalendarPanel, ACutOffFileIsNeverWrittenOver) {
   }
 }
 
+TEST_F(CalendarPanel, ASetThatIsRefusedAgainStaysAsItIsShown) {
+  machine.files.Put(kCalendarFile, "<Calendar>" + Entry("Mon_08:30", "Yes") + "<Tu");
+  Load();
+  Choose(4, 22, 0, 1);
+  for (const char* text : {"", "<Calendar>", "words", "<Calendar><Tue_09:00 Restart=\"No\"/>"}) {
+    machine.files.LockForReading(kCalendarFile);
+    if (*text) machine.files.Unlock(kCalendarFile);
+    if (*text) machine.files.Put(kCalendarFile, text);
+    Select("Mon 08:30 restart=Y");
+    Add();
+    EXPECT_EQ(NewLog(), "2 C:\\srv\\rndcalendar.xml file can't be loaded\n");
+    EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=Y\n") << text;
+    EXPECT_EQ(Page().lstDTRands.ListIndex(), 0);
+  }
+}
+
+TEST_F(CalendarPanel, ARefusedFileThatWasDeletedIsWrittenWithAllThatIsShown) {
+  machine.files.Put(kCalendarFile, "<Calendar>" + Entry("Mon_08:30", "Yes") + "<Tu");
+  Load();
+  machine.files.Remove(kCalendarFile);
+  Choose(4, 22, 0, 1);
+  Add();
+  EXPECT_EQ(NewLog(), "");
+  EXPECT_EQ(Lines(Page().lstDTRands), "Mon 08:30 restart=Y\nFri 22:00 restart=N\n");
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Mon_08:30", "Yes") + Entry("Fri_22:00", "No")));
+}
+
+TEST_F(CalendarPanel, AWholeFileIsWrittenWhateverFollowsItsRoot) {
+  for (const char* tail : {"<!-- mine -->", "\r\n  \r\n", "x", "\x1A", "<", "<!-- cut", "<x>"}) {
+    machine.files.Put(kCalendarFile, Xml("Calendar", Entry("Mon_08:30", "Yes")) + tail);
+    Load();
+    Choose(4, 22, 0, 1);
+    Add();
+    EXPECT_EQ(NewLog(), "") << tail;
+    EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("Mon_08:30", "Yes") + Entry("Fri_22:00", "No")))
+        << tail;
+  }
+}
+
 TEST_F(CalendarPanel, AFileThatCannotBeWrittenIsToldInTheEventLog) {
   PutCalendar(Entry("Mon_08:30", "Yes"));
   machine.files.ProtectFromWriting(kCalendarFile);

@@ -407,6 +407,56 @@ TEST_F(Panel, AFaultThatWasMendedByHandLetsTheNextUpdateThrough) {
   EXPECT_EQ(Page().rEnd.Text(), "20");
 }
 
+// Each press loaded a refused set again and took whatever came: the engine drew an empty set while
+// the list still showed the old one.
+TEST_F(Panel, ASetThatIsRefusedAgainStaysAsItIsShown) {
+  const std::string faulty =
+      "<Randomize>" + Range("base_exp_rate", "1", "2") + Range("job", "3", "4") + "<";
+  machine.files.Put(kRangesFile, faulty);
+  Load();
+  const std::string shown = Lines(Page().lstRnd);
+  EXPECT_EQ(shown, "base_exp_rate:1 to 2\njob:3 to 4\n");
+  for (const char* text : {"", "<Randomize>", "words", "<Randomize><other Min=\"1\" Max=\"2\"/>"}) {
+    machine.files.LockForReading(kRangesFile);
+    if (*text) machine.files.Unlock(kRangesFile);
+    if (*text) machine.files.Put(kRangesFile, text);
+    TypeRange("7", "8");
+    Update();
+    EXPECT_EQ(NewLog(), "2 C:\\srv\\randomize.xml file can't be loaded\n");
+    EXPECT_EQ(Lines(Page().lstRnd), shown);
+    Page().Command2.Click();
+    EXPECT_TRUE(NewLog().ends_with("3 Randomize was succesfull, 2 change(s)\n")) << text;
+  }
+}
+
+TEST_F(Panel, ARefusedFileThatWasDeletedIsWrittenWithAllThatIsShown) {
+  machine.files.Put(kRangesFile, "<Randomize>" + Range("base_exp_rate", "1", "2") + "<dr");
+  Load();
+  machine.files.Remove(kRangesFile);
+  ChooseSetting("drop_rate");
+  TypeRange("7", "8");
+  Update();
+  EXPECT_EQ(NewLog(), "");
+  EXPECT_EQ(RangesFile(),
+            Xml("Randomize", Range("base_exp_rate", "1", "2") + Range("drop_rate", "7", "8")));
+}
+
+// A remark behind the root made the file count as cut off: no press wrote it any more.
+TEST_F(Panel, AWholeFileIsWrittenWhateverFollowsItsRoot) {
+  for (const char* tail :
+       {"<!-- my ranges -->", "\r\n  \r\n", "x", "\x1A", "<", "<!-- cut", "<x>"}) {
+    machine.files.Put(kRangesFile, Xml("Randomize", Range("base_exp_rate", "1", "2")) + tail);
+    Load();
+    ChooseSetting("drop_rate");
+    TypeRange("7", "8");
+    Update();
+    EXPECT_EQ(NewLog(), "") << tail;
+    EXPECT_EQ(RangesFile(),
+              Xml("Randomize", Range("base_exp_rate", "1", "2") + Range("drop_rate", "7", "8")))
+        << tail;
+  }
+}
+
 TEST_F(Panel, TheCalendarTimerRunsExactlyInProgramMode) {
   Load();
   const bool expected[] = {false, false, true};
