@@ -13,7 +13,6 @@ namespace tarvo {
 namespace {
 
 constexpr char kLastRun[] = "LastRandProcess";
-constexpr std::chrono::days kLongAgo(1000);
 
 std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
 
@@ -114,7 +113,7 @@ void RandomizerCalendar::Tick() {
 }
 
 bool RandomizerCalendar::RanInThisMinute(LocalTime now) const {
-  const LocalTime longAgo = now - kLongAgo;
+  const LocalTime longAgo = LastRunWhenMissing(now);
   const std::string text = ReadRegistryString(registry_, Hive::LocalMachine, settingsKey_, kLastRun,
                                               GeneralDate(longAgo));
   return MinuteOfWeekAt(ReadDateTime(text, longAgo)) == MinuteOfWeekAt(now);
@@ -130,6 +129,8 @@ void RandomizerCalendar::Run(bool restarts) {
   WriteRegistryString(registry_, Hive::LocalMachine, settingsKey_, kLastRun,
                       GeneralDate(clock_.Now()));
 }
+
+LocalTime LastRunWhenMissing(LocalTime now) { return now - std::chrono::days(1000); }
 
 bool TimeTakesKey(char key) {
   constexpr char kBackspace = 8;

@@ -70,6 +70,9 @@ class RandomizerCalendar {
   StatusLog& log_;
 };
 
+/// The moment that a missing or unreadable `LastRandProcess` stands for: 1000 days ago.
+LocalTime LastRunWhenMissing(LocalTime now);
+
 /// Only digits and Backspace reach the boxes of hour and minute.
 bool TimeTakesKey(char key);
 

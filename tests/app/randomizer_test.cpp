@@ -1,5 +1,7 @@
 // The randomizer within the whole launcher: start-up, map starts, calendar.
 
+#include <algorithm>
+
 #include "tests/simulation/launcher_story.h"
 
 namespace tarvo {
@@ -165,6 +167,42 @@ TEST_F(WholeRandomizer, ACalendarRestartOfTheMapServerIsNoMapStartInProgramMode)
   launcher->Pass(65s);
   EXPECT_EQ(launcher->CountInLog("Randomize was succesfull, 1 change(s)"), 1u);
   EXPECT_EQ(machine.Setting("HourRndCnt"), "(none)");
+}
+
+TEST_F(WholeRandomizer, TheCalendarLooksEveryFifteenSeconds) {
+  PutRange();
+  PutEntry("Sat_10:00", "No");
+  StartLauncher();
+  launcher->Pass(7s);
+  launcher->ForgetLog();
+  launcher->Click("opt_Rnd", 2);
+  launcher->Pass(40s);
+  EXPECT_EQ(launcher->Log(),
+            "10:00:22 3 Starting Randomizer - Updating battle_athena.conf\n"
+            "10:00:22 3 > base_exp_rate (5~9): 5\n"
+            "10:00:22 3 Randomize was succesfull, 1 change(s)\n");
+}
+
+TEST_F(WholeRandomizer, AMapServerFoundInMemoryIsAMapStartTooAndIsLookedForAfterTheRun) {
+  PutRange();
+  machine.SetSetting("AutoRandomize", "0");
+  StartLauncher();
+  machine.processes.StartForeign(kMap);
+  launcher->ForgetLog();
+  machine.recorder.Forget();
+  launcher->Click("bStart", 2);
+  EXPECT_EQ(launcher->Log(),
+            "10:00:00 3 Starting Randomizer - Updating battle_athena.conf\n"
+            "10:00:00 3 > base_exp_rate (5~9): 5\n"
+            "10:00:00 3 Randomize was succesfull, 1 change(s)\n"
+            "10:00:00 0 [map-server.exe] was found in memory!\n"
+            "10:00:00 0 Map Server under control [High Priority]\n"
+            "10:00:00 0 Listening Map Server\n");
+  const auto& calls = machine.recorder.Calls();
+  const auto lookUp = std::find(calls.begin(), calls.end(), "processes.snapshot()");
+  const auto saved = std::find(calls.begin(), calls.end(), "registry.write(HourRndCnt)");
+  ASSERT_NE(lookUp, calls.end());
+  EXPECT_LT(saved, lookUp);
 }
 
 }  // namespace

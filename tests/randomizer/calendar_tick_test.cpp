@@ -237,5 +237,22 @@ TEST_F(CalendarTicks, TheLastRunIsTheMomentAfterTheRestart) {
   EXPECT_EQ(machine.Setting("LastRandProcess"), "2026-11-23 08:31:20");
 }
 
+TEST_F(CalendarTicks, TheLinesOfTheListCountNotTheDocument) {
+  Begin(Entry("Mon_08:30", "No"));
+  Fields& entries = life->randomizer.RandomizerDocument().Childs().Child("Calendar")->Fields();
+  entries.AddField("Mon_09:30");
+  EXPECT_EQ(RunsIn(1, 9, 30), 0);
+  Page().lstDTRands.AddItem("Mon 10:30 restart=N");
+  EXPECT_EQ(RunsIn(1, 10, 30), 1);
+  entries.RemoveField(0);
+  EXPECT_EQ(RunsIn(1, 8, 30), 1);
+}
+
+TEST(LastCalendarRun, WhenMissingIsExactlyAThousandDaysAgo) {
+  const LocalTime now = ParseDateTime("2026-11-23 08:30:10");
+  EXPECT_EQ(GeneralDate(LastRunWhenMissing(now)), "2024-02-27 08:30:10");
+  EXPECT_EQ(now - LastRunWhenMissing(now), 24000h);
+}
+
 }  // namespace
 }  // namespace tarvo

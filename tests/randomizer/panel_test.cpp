@@ -60,6 +60,38 @@ TEST_F(Panel, TheSetKeepsTheTextAndTheSettingTheNumber) {
   EXPECT_EQ(Page().rEnd.Text(), "9.5");
 }
 
+TEST_F(Panel, TheSettingGetsItsMaximumBeforeItsMinimum) {
+  Load();
+  TypeRange("100", "300");
+  Update();
+  const auto settings = life->randomizer.RandomizerDocument().Childs().Child("Battle_Athena");
+  Parameters& bounds = settings->Fields().Field(0)->Parameters();
+  ASSERT_EQ(bounds.Count(), 2);
+  EXPECT_EQ(bounds.Parameter(0)->Name(), "Max");
+  EXPECT_EQ(bounds.Parameter(0)->Value(), "300");
+  EXPECT_EQ(bounds.Parameter(1)->Name(), "Min");
+  EXPECT_EQ(bounds.Parameter(1)->Value(), "100");
+}
+
+TEST_F(Panel, TheFileIsWrittenLast) {
+  PutRanges(Range("drop_rate", "3", "4"));
+  Load();
+  std::string shown;
+  machine.recorder.beforeEach = [&] {
+    if (!machine.recorder.Calls().back().starts_with("files.replace(")) return;
+    shown += Lines(Page().lstRnd) + std::to_string(Page().lstRnd.ListIndex()) + "\n";
+  };
+  TypeRange("100", "300");
+  Update();
+  EXPECT_EQ(shown, "drop_rate:3 to 4\nbase_exp_rate:100 to 300\n1\n");
+  shown.clear();
+  ChooseRange("drop_rate:3 to 4");
+  ChooseSetting("base_exp_rate");
+  Page().lstRnd.SetListIndex(0);
+  Remove();
+  EXPECT_EQ(shown, "base_exp_rate:100 to 300\n0\n");
+}
+
 TEST_F(Panel, AReversedRangeIsStoredAsItIs) {
   Load();
   TypeRange("300", "100");
@@ -78,7 +110,7 @@ TEST_F(Panel, WhatIsNoNumberIsRefused) {
     Update();
     EXPECT_EQ(Box(), "Please, use numeric values!\n") << '"' << text << '"';
   }
-  EXPECT_EQ(machine.boxes.Shown().front().icon, BoxIcon::Exclamation);
+  for (const auto& box : machine.boxes.Shown()) EXPECT_EQ(box.icon, BoxIcon::Exclamation);
   EXPECT_EQ(Lines(Page().lstRnd), "");
   EXPECT_FALSE(machine.files.Has(kRangesFile));
 }
@@ -92,6 +124,7 @@ TEST_F(Panel, EqualBoundsAreRefused) {
     Update();
     EXPECT_EQ(Box(), "Please, enter different values!\n") << min << " and " << max;
   }
+  for (const auto& box : machine.boxes.Shown()) EXPECT_EQ(box.icon, BoxIcon::Exclamation);
   EXPECT_FALSE(machine.files.Has(kRangesFile));
 }
 

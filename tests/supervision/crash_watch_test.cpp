@@ -228,6 +228,32 @@ TEST_F(Crashes, RestartRunningTakesEachRunningServerInTheirOrder) {
             "10:00:11 0 Map Server Started [High Priority]\n");
 }
 
+TEST_F(Crashes, RestartRunningGoesFromLoginByCharToMap) {
+  launcher->TheProgram().Dispatch().Run(
+      [this] { launcher->TheProgram().TheCrashWatch().RestartRunning(); });
+  EXPECT_EQ(launcher->Log(),
+            "10:00:11 1 Restarting Server\n"
+            "10:00:11 1 Login Server Stopped!\n"
+            "10:00:11 0 Login Server Started! [Low Priority]\n"
+            "10:00:11 1 Char Server Stopped!\n"
+            "10:00:11 0 Char Server Started [Norm Priority]\n"
+            "10:00:11 1 Map Server Stopped!\n"
+            "10:00:11 0 Map Server Started [High Priority]\n");
+}
+
+TEST_F(Crashes, AMapCrashTellsOfTheOthersEvenWhenNoneRuns) {
+  launcher->Click("bStart", 0);
+  launcher->Click("bStart", 1);
+  launcher->Check("chkAK", 3);
+  launcher->ForgetLog();
+  Crash(kMap);
+  launcher->Pass(4s);
+  EXPECT_EQ(launcher->Log(),
+            "10:00:15 2 Map Server crashed, restarting...\n"
+            "10:00:15 1 Map Server Autokill: Closing Components...\n"
+            "10:00:15 0 Map Server Started [High Priority]\n");
+}
+
 TEST_F(Crashes, RestartRunningWithNothingRunningSaysNothing) {
   launcher->Click("bStart", 4);
   launcher->ForgetLog();
@@ -290,6 +316,23 @@ TEST_F(UpgradeAfterCrash, NothingOrLessThanNothingLeavesTheRestartToTheUpgrade) 
     }
   }
   EXPECT_EQ(launcher->CountInLog("Login Server Started! [Low Priority]"), 0u);
+}
+
+TEST_F(UpgradeAfterCrash, TheWatchGoesOnAndAsksAgainAtEachCheckUntilTheServerIsBack) {
+  launcher->Click("optMode", 1);
+  result = 0;
+  launcher->ForgetLog();
+  Crash(kMap);
+  launcher->Pass(10s);
+  EXPECT_EQ(asked, "33");
+  EXPECT_EQ(launcher->RunningTimers(ComponentKind::Map), "MCtrl");
+  result = 1;
+  launcher->Pass(5s);
+  EXPECT_EQ(launcher->Log(),
+            "10:00:15 2 Map Server crashed, restarting...\n"
+            "10:00:20 2 Map Server crashed, restarting...\n"
+            "10:00:25 2 Map Server crashed, restarting...\n"
+            "10:00:25 0 Map Server Started [High Priority]\n");
 }
 
 TEST_F(UpgradeAfterCrash, WhileOneRunsACrashBeginsNoOther) {
