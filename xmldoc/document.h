@@ -85,14 +85,16 @@ class Document {
   bool XMLImport(std::string_view text, TextEnd& end);
 
   /// XMLImport of the file's text. A missing file writes "File not found: " and the name to the
-  /// event log, one that cannot be read "I/O error: " and the name; both give false.
+  /// event log, one that cannot be read, or for which memory runs out, "I/O error: " and the name;
+  /// both give false. Raises nothing.
   bool XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log);
   /// The same, and says whether the text was cut off; `end` is CutOff when there was none.
   bool XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log, TextEnd& end);
 
   /// XMLImport of what `url` names, which `url` holds afterwards. `protocol`: 0 HTTP, 1 or -1
-  /// HTTPS. `requestTimeout` in seconds. A fetch that fails leaves `url`, writes "I/O error: " and
-  /// the URL to the event log and gives false.
+  /// HTTPS. `requestTimeout` in seconds. A fetch that fails, or for which memory runs out, writes
+  /// "I/O error: " and the URL, without credentials, to the event log and gives false; `url` is
+  /// left as it was unless the text was there. Raises nothing.
   bool XMLImportHTM(std::string& url, std::int16_t protocol, const std::string& userName,
                     const std::string& password, const std::string& proxy,
                     std::int32_t requestTimeout, UrlFetch& fetch, EventLog& log);
@@ -154,6 +156,8 @@ class Document {
   static void DestroyTree(Document* first);
   void Destroy();
   Rare& RareValues();
+  /// XMLImport that raises, when memory runs out, what the standard library raises.
+  bool ReadText(std::string_view text, TextEnd& end);
 
   NodeHeader header_;
   CompactText name_;

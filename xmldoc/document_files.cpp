@@ -11,6 +11,16 @@ namespace {
 constexpr const char* kStringtoFileFailed = "Error en funci\xF3n StringtoFile";
 constexpr int kHttp = 4;  // and HTTPS is the next one
 
+void WriteIoError(const std::string& source, EventLog& log) {
+  std::string entry = "I/O error";
+  try {
+    entry = "I/O error: " + source;
+  } catch (const std::exception&) {
+    // An entry without the name is better than none.
+  }
+  log.WriteError(entry);
+}
+
 }  // namespace
 
 bool Document::XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log) {
@@ -21,36 +31,44 @@ bool Document::XMLImportFile(const std::string& fileName, FileReader& files, Eve
 bool Document::XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log,
                              TextEnd& end) {
   end = TextEnd::CutOff;
-  if (!files.Exists(fileName)) {
-    log.WriteError("File not found: " + fileName);
-    return false;
+  try {
+    if (!files.Exists(fileName)) {
+      log.WriteError("File not found: " + fileName);
+      return false;
+    }
+    std::string text;
+    if (files.ReadText(fileName, text) == ReadResult::Ok) return ReadText(text, end);
+  } catch (const std::exception&) {
+    // Whatever went wrong, a want of memory above all, is a fault of reading the file.
   }
-  std::string text;
-  if (files.ReadText(fileName, text) != ReadResult::Ok) {
-    log.WriteError("I/O error: " + fileName);
-    return false;
-  }
-  return XMLImport(text, end);
+  WriteIoError(fileName, log);
+  return false;
 }
 
 bool Document::XMLImportHTM(std::string& url, std::int16_t protocol, const std::string& userName,
                             const std::string& password, const std::string& proxy,
                             std::int32_t requestTimeout, UrlFetch& fetch, EventLog& log) {
-  FetchRequest request;
-  request.url = url;
-  request.requestTimeout = requestTimeout;
-  request.protocol = std::abs(int{protocol}) + kHttp;
-  request.userName = userName;
-  request.password = password;
-  request.proxy = proxy;
-  request.accessType = 0;
-  std::optional<std::string> body = fetch.Fetch(request);
-  if (!body) {
-    log.WriteError("I/O error: " + url);
-    return false;
+  std::string source;
+  TextEnd end = TextEnd::CutOff;
+  try {
+    source = WithoutCredentials(url);
+    FetchRequest request;
+    request.url = url;
+    request.requestTimeout = requestTimeout;
+    request.protocol = std::abs(int{protocol}) + kHttp;
+    request.userName = userName;
+    request.password = password;
+    request.proxy = proxy;
+    request.accessType = 0;
+    if (std::optional<std::string> body = fetch.Fetch(request)) {
+      url = std::move(*body);
+      return ReadText(url, end);
+    }
+  } catch (const std::exception&) {
+    // As for a file.
   }
-  url = std::move(*body);
-  return XMLImport(url);
+  WriteIoError(source, log);
+  return false;
 }
 
 bool Document::XMLExportFile(const std::string& fileName, FileReplacer& files, EventLog& log) {

@@ -1,7 +1,7 @@
 // The tree to and from text in memory.
 #include <cstdint>
+#include <exception>
 #include <limits>
-#include <new>
 
 #include "support/append_string.h"
 #include "xmldoc/attribute_scanner.h"
@@ -38,15 +38,8 @@ void RefuseEndlessText(Document& root) {
 
 }  // namespace
 
-bool Document::XMLImport(std::string_view text) {
-  TextEnd end = TextEnd::CutOff;
-  return XMLImport(text, end);
-}
-
-bool Document::XMLImport(std::string_view text, TextEnd& end) {
-  end = TextEnd::CutOff;
+bool Document::ReadText(std::string_view text, TextEnd& end) {
   if (text.size() >= kTooLong) return false;
-  // The result is the only report of bad input, so nothing may escape, not even a want of memory.
   try {
     if (text.size() > AppendString::kStepCharacters) RareValues().textLength = text.size();
     XmlReader reader(*this, text);
@@ -54,8 +47,21 @@ bool Document::XMLImport(std::string_view text, TextEnd& end) {
     end = reader.End();
     return result;
   } catch (const RuntimeError&) {
-    return false;
-  } catch (const std::bad_alloc&) {
+    return false;  // a name that a setter refuses: bad input like any other
+  }
+}
+
+bool Document::XMLImport(std::string_view text) {
+  TextEnd end = TextEnd::CutOff;
+  return XMLImport(text, end);
+}
+
+bool Document::XMLImport(std::string_view text, TextEnd& end) {
+  end = TextEnd::CutOff;
+  // The result is the only report of bad input, so nothing may escape, not even a want of memory.
+  try {
+    return ReadText(text, end);
+  } catch (const std::exception&) {
     return false;
   }
 }

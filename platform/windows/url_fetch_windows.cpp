@@ -13,7 +13,6 @@
 namespace tarvo {
 namespace {
 
-constexpr int kHttps = 5;
 constexpr int kDirectAccess = 1;
 constexpr DWORD kUnauthorized = 401;
 constexpr DWORD kNoLimit = INFINITE;
@@ -32,11 +31,7 @@ struct Target {
   bool secure = false;
 };
 
-std::optional<Target> Crack(const FetchRequest& request) {
-  std::string url = request.url;
-  if (url.find("://") == std::string::npos) {
-    url = (request.protocol == kHttps ? "https://" : "http://") + url;
-  }
+std::optional<Target> Crack(const std::string& url) {
   URL_COMPONENTSA parts{};
   parts.dwStructSize = sizeof(parts);
   parts.dwHostNameLength = parts.dwUrlPathLength = parts.dwExtraInfoLength = 1;
@@ -161,8 +156,11 @@ const char* TextOrNone(const std::string& text) { return text.empty() ? nullptr 
 
 }  // namespace
 
-std::optional<std::string> WindowsUrlFetch::Fetch(const FetchRequest& request) {
-  const std::optional<Target> target = Crack(request);
+std::optional<std::string> WindowsUrlFetch::Fetch(const FetchRequest& given) {
+  const std::optional<FetchRequest> plain = PlainRequest(given);
+  if (!plain) return std::nullopt;
+  const FetchRequest& request = *plain;
+  const std::optional<Target> target = Crack(request.url);
   if (!target) return std::nullopt;
   const InternetHandle session = OpenSession(request);
   if (!session.Valid()) return std::nullopt;

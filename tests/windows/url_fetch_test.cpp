@@ -95,6 +95,27 @@ TEST_F(UrlFetchTest, GivesUserNameAndPasswordWhenAsked) {
   EXPECT_FALSE(Contains(server.Heads()[0], "Authorization")) << "unasked";
 }
 
+TEST_F(UrlFetchTest, GivesTheCredentialsOfTheUrl) {
+  HttpServer server(Guarded);
+  const std::string host = server.Url("/guarded").substr(7);
+  EXPECT_EQ(Fetch("http://tarvo:launch%20me@" + host), "secret");
+  for (const std::string& head : server.Heads()) {
+    EXPECT_TRUE(head.starts_with("GET /guarded HTTP/1.1\r\n")) << head;
+  }
+  EXPECT_FALSE(Fetch("http://tarvo:wrong@" + host).has_value());
+  request_.userName = "other";
+  const std::size_t asked = server.Heads().size();
+  EXPECT_FALSE(Fetch("http://tarvo:launch%20me@" + host).has_value());
+  EXPECT_EQ(server.Heads().size(), asked) << "a request that contradicts itself is not made";
+}
+
+TEST_F(UrlFetchTest, LooksForTheSchemeAtTheBeginningAlone) {
+  HttpServer server([](const std::string&) { return Ok("text"); });
+  EXPECT_EQ(Fetch(server.Url("/x?next=http://other/").substr(7)), "text");
+  ASSERT_EQ(server.Heads().size(), 1u);
+  EXPECT_TRUE(server.Heads()[0].starts_with("GET /x?next=http://other/ HTTP/1.1\r\n"));
+}
+
 TEST_F(UrlFetchTest, AWrongPasswordBringsNothing) {
   HttpServer server(Guarded);
   request_.userName = "tarvo";
