@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <exception>
 #include <limits>
 
 #include "platform/windows/handle_windows.h"
@@ -93,7 +95,19 @@ class WindowsTcpStream : public TcpStream {
   UniqueSocket socket_;
 };
 
-StreamOutcome ConnectTo(const addrinfo& address, const TimeLeft& left, UniqueSocket& made) {
+using AddressList = std::unique_ptr<addrinfo, void(WSAAPI*)(addrinfo*)>;
+
+AddressList ListOf(const std::string& host, const char* port, int flags) {
+  addrinfo wanted{};
+  wanted.ai_flags = flags;
+  wanted.ai_socktype = SOCK_STREAM;
+  wanted.ai_protocol = IPPROTO_TCP;
+  addrinfo* found = nullptr;
+  if (getaddrinfo(host.c_str(), port, &wanted, &found) != 0) found = nullptr;
+  return {found, freeaddrinfo};
+}
+
+StreamOutcome ConnectTo(const addrinfo& address, std::uint32_t milliseconds, UniqueSocket& made) {
   UniqueSocket fresh(socket(address.ai_family, address.ai_socktype, address.ai_protocol));
   u_long nonBlocking = 1;
   if (!fresh.Valid() || ioctlsocket(fresh.Get(), kNonBlockingMode, &nonBlocking) != 0) {
@@ -101,7 +115,7 @@ StreamOutcome ConnectTo(const addrinfo& address, const TimeLeft& left, UniqueSoc
   }
   if (connect(fresh.Get(), address.ai_addr, static_cast<int>(address.ai_addrlen)) != 0) {
     if (WSAGetLastError() != WSAEWOULDBLOCK) return StreamOutcome::Failed;
-    const StreamOutcome ready = Wait(fresh.Get(), WaitFor::Writing, left.Milliseconds());
+    const StreamOutcome ready = Wait(fresh.Get(), WaitFor::Writing, milliseconds);
     if (ready != StreamOutcome::Done) return ready;
     int error = 0;
     int size = sizeof error;
@@ -112,34 +126,85 @@ StreamOutcome ConnectTo(const addrinfo& address, const TimeLeft& left, UniqueSoc
   return StreamOutcome::Done;
 }
 
+bool StartWinsock() {
+  WSADATA data{};
+  return WSAStartup(MAKEWORD(2, 2), &data) == 0;
+}
+
+/// A question to the name service, which cannot be called back. It is put on a thread of its own,
+/// and belongs to both: the one that leaves last frees it.
+struct Question {
+  NameService* service;
+  std::string host;
+  std::vector<std::string> addresses;
+  std::atomic<bool> oneHasLeft{false};
+};
+
+DWORD WINAPI Answer(void* given) {
+  auto* question = static_cast<Question*>(given);
+  const bool started = StartWinsock();  // whoever asked may be gone, and have ended it
+  try {
+    question->addresses = question->service(question->host);
+  } catch (const std::exception&) {
+    question->addresses.clear();
+  }
+  if (started) WSACleanup();
+  if (question->oneHasLeft.exchange(true)) delete question;
+  return 0;
+}
+
 }  // namespace
 
-WindowsTcpConnector::WindowsTcpConnector() {
-  WSADATA data{};
-  started_ = WSAStartup(MAKEWORD(2, 2), &data) == 0;
+std::vector<std::string> SystemNameService(const std::string& host) {
+  const AddressList found = ListOf(host, nullptr, 0);
+  std::vector<std::string> addresses;
+  for (const addrinfo* one = found.get(); one != nullptr; one = one->ai_next) {
+    std::array<char, NI_MAXHOST> text;
+    if (getnameinfo(one->ai_addr, static_cast<socklen_t>(one->ai_addrlen), text.data(),
+                    static_cast<DWORD>(text.size()), nullptr, 0, NI_NUMERICHOST) == 0) {
+      addresses.emplace_back(text.data());
+    }
+  }
+  return addresses;
 }
+
+WindowsTcpConnector::WindowsTcpConnector(NameService& service)
+    : service_(service), started_(StartWinsock()) {}
 
 WindowsTcpConnector::~WindowsTcpConnector() {
   if (started_) WSACleanup();
 }
 
-std::unique_ptr<TcpStream> WindowsTcpConnector::Connect(const std::string& host, int port,
+std::vector<std::string> WindowsTcpConnector::AddressesOf(const std::string& host,
+                                                          std::uint32_t milliseconds,
+                                                          StreamOutcome& outcome) {
+  outcome = StreamOutcome::Failed;
+  auto question = std::make_unique<Question>();
+  question->service = &service_;
+  question->host = host;
+  const KernelHandle thread(CreateThread(nullptr, 0, &Answer, question.get(), 0, nullptr));
+  if (!thread.Valid()) return {};
+  Question* shared = question.release();
+  WaitForSingleObject(thread.Get(), milliseconds);
+  if (!shared->oneHasLeft.exchange(true)) {
+    outcome = StreamOutcome::TimedOut;
+    return {};
+  }
+  question.reset(shared);
+  outcome = question->addresses.empty() ? StreamOutcome::Failed : StreamOutcome::Done;
+  return std::move(question->addresses);
+}
+
+std::unique_ptr<TcpStream> WindowsTcpConnector::Connect(const std::string& address, int port,
                                                         std::uint32_t milliseconds,
                                                         StreamOutcome& outcome) {
   outcome = StreamOutcome::Failed;
-  addrinfo wanted{};
-  wanted.ai_socktype = SOCK_STREAM;
-  wanted.ai_protocol = IPPROTO_TCP;
-  addrinfo* found = nullptr;
-  if (getaddrinfo(host.c_str(), std::to_string(port).c_str(), &wanted, &found) != 0) return nullptr;
-  const std::unique_ptr<addrinfo, void(WSAAPI*)(addrinfo*)> addresses(found, freeaddrinfo);
-  const TimeLeft left(milliseconds);
+  const AddressList found = ListOf(address, std::to_string(port).c_str(), AI_NUMERICHOST);
+  if (found == nullptr) return nullptr;
   UniqueSocket made;
-  for (const addrinfo* one = found; one != nullptr; one = one->ai_next) {
-    outcome = ConnectTo(*one, left, made);
-    if (outcome == StreamOutcome::Done) return std::make_unique<WindowsTcpStream>(std::move(made));
-  }
-  return nullptr;
+  outcome = ConnectTo(*found, milliseconds, made);
+  if (outcome != StreamOutcome::Done) return nullptr;
+  return std::make_unique<WindowsTcpStream>(std::move(made));
 }
 
 }  // namespace tarvo

@@ -4,20 +4,30 @@
 
 namespace tarvo {
 
-/// Winsock 2, without blocking. It starts the library for itself. Looking a name up takes the time
-/// that the system's name service takes; the time given is for what follows.
+/// Asks for the addresses of a machine, as numbers, however long that takes; none for a name that
+/// is unknown. Called on a thread of its own, with Winsock started.
+using NameService = std::vector<std::string>(const std::string& host);
+
+/// The name service of the system.
+std::vector<std::string> SystemNameService(const std::string& host);
+
+/// Winsock 2, without blocking. It starts the library for itself. A name service that takes longer
+/// than it is given is left to its thread, which ends when it answers.
 class WindowsTcpConnector : public TcpConnector {
  public:
-  WindowsTcpConnector();
+  explicit WindowsTcpConnector(NameService& service = SystemNameService);
   ~WindowsTcpConnector() override;
   WindowsTcpConnector(const WindowsTcpConnector&) = delete;
   WindowsTcpConnector& operator=(const WindowsTcpConnector&) = delete;
 
-  std::unique_ptr<TcpStream> Connect(const std::string& host, int port, std::uint32_t milliseconds,
-                                     StreamOutcome& outcome) override;
+  std::vector<std::string> AddressesOf(const std::string& host, std::uint32_t milliseconds,
+                                       StreamOutcome& outcome) override;
+  std::unique_ptr<TcpStream> Connect(const std::string& address, int port,
+                                     std::uint32_t milliseconds, StreamOutcome& outcome) override;
 
  private:
-  bool started_ = false;
+  NameService& service_;
+  const bool started_;
 };
 
 }  // namespace tarvo

@@ -39,6 +39,19 @@ StreamOutcome OutcomeOfError() {
   return errno == ECONNRESET || errno == EPIPE ? StreamOutcome::Closed : StreamOutcome::Failed;
 }
 
+using AddressList = std::unique_ptr<addrinfo, void (*)(addrinfo*)>;
+
+AddressList LookUp(const std::string& host, const char* port, int flags) {
+  addrinfo wanted{};
+  wanted.ai_socktype = SOCK_STREAM;
+  wanted.ai_flags = flags;
+  addrinfo* found = nullptr;
+  if (getaddrinfo(host.c_str(), port, &wanted, &found) != 0) found = nullptr;
+  return {found, [](addrinfo* list) {
+            if (list != nullptr) freeaddrinfo(list);
+          }};
+}
+
 class PosixTcpStream : public TcpStream {
  public:
   explicit PosixTcpStream(Socket socket) : socket_(std::move(socket)) {}
@@ -76,22 +89,31 @@ class PosixTcpStream : public TcpStream {
 
 }  // namespace
 
-std::unique_ptr<TcpStream> PosixTcpConnector::Connect(const std::string& host, int port,
+// The tests look up and connect to this machine alone, where neither waits.
+std::vector<std::string> PosixTcpConnector::AddressesOf(const std::string& host, std::uint32_t,
+                                                        StreamOutcome& outcome) {
+  const AddressList found = LookUp(host, nullptr, 0);
+  std::vector<std::string> addresses;
+  for (const addrinfo* one = found.get(); one != nullptr; one = one->ai_next) {
+    std::array<char, NI_MAXHOST> text;
+    if (getnameinfo(one->ai_addr, one->ai_addrlen, text.data(), text.size(), nullptr, 0,
+                    NI_NUMERICHOST) == 0) {
+      addresses.emplace_back(text.data());
+    }
+  }
+  outcome = addresses.empty() ? StreamOutcome::Failed : StreamOutcome::Done;
+  return addresses;
+}
+
+std::unique_ptr<TcpStream> PosixTcpConnector::Connect(const std::string& address, int port,
                                                       std::uint32_t, StreamOutcome& outcome) {
   outcome = StreamOutcome::Failed;
-  addrinfo wanted{};
-  wanted.ai_socktype = SOCK_STREAM;
-  addrinfo* found = nullptr;
-  if (getaddrinfo(host.c_str(), std::to_string(port).c_str(), &wanted, &found) != 0) return nullptr;
-  const std::unique_ptr<addrinfo, void (*)(addrinfo*)> addresses(found, freeaddrinfo);
-  for (const addrinfo* one = found; one != nullptr; one = one->ai_next) {
-    Socket fresh(socket(one->ai_family, one->ai_socktype, one->ai_protocol));
-    // The tests connect to this machine alone, where connecting does not wait.
-    if (connect(fresh.Get(), one->ai_addr, one->ai_addrlen) != 0) continue;
-    outcome = StreamOutcome::Done;
-    return std::make_unique<PosixTcpStream>(std::move(fresh));
-  }
-  return nullptr;
+  const AddressList found = LookUp(address, std::to_string(port).c_str(), AI_NUMERICHOST);
+  if (found == nullptr) return nullptr;
+  Socket fresh(socket(found->ai_family, found->ai_socktype, found->ai_protocol));
+  if (connect(fresh.Get(), found->ai_addr, found->ai_addrlen) != 0) return nullptr;
+  outcome = StreamOutcome::Done;
+  return std::make_unique<PosixTcpStream>(std::move(fresh));
 }
 
 std::uint32_t PosixTickClock::Milliseconds() {

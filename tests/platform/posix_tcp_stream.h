@@ -8,8 +8,10 @@ namespace tarvo {
 /// Connections of the system that the tests run on.
 class PosixTcpConnector : public TcpConnector {
  public:
-  std::unique_ptr<TcpStream> Connect(const std::string& host, int port, std::uint32_t milliseconds,
-                                     StreamOutcome& outcome) override;
+  std::vector<std::string> AddressesOf(const std::string& host, std::uint32_t milliseconds,
+                                       StreamOutcome& outcome) override;
+  std::unique_ptr<TcpStream> Connect(const std::string& address, int port,
+                                     std::uint32_t milliseconds, StreamOutcome& outcome) override;
 };
 
 class PosixTickClock : public TickClock {

@@ -42,7 +42,7 @@ SmtpServer::~SmtpServer() {
   waitpid(process_, nullptr, 0);
 }
 
-std::string SmtpServer::NextMail() { return ReadLine(); }
+std::string SmtpServer::NextEvent() { return ReadLine(); }
 
 std::string SmtpServer::ReadLine() {
   std::string line;

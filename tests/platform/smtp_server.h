@@ -14,8 +14,9 @@ class SmtpServer {
   SmtpServer& operator=(const SmtpServer&) = delete;
 
   int Port() const { return port_; }
-  /// The next mail that it took, as one line of JSON. Waits for it.
-  std::string NextMail();
+  /// The next thing that it tells: a mail that it took, as one line of JSON, or "QUIT". Waits for
+  /// it.
+  std::string NextEvent();
 
  private:
   std::string ReadLine();

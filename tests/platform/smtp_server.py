@@ -3,10 +3,11 @@
 
   smtp_server.py MODE STEP
 
-MODE: accept, refuse, silent, cut (the connection, in the middle of an answer), drip (an answer that
-comes byte by byte and never ends). STEP: greeting, ehlo, mail, rcpt, data, message. Its first line
-of output is its port; then one line of JSON for each mail that it takes. It ends when its input
-does.
+MODE: accept, refuse, silent, cut (the connection, within the code of an answer), half (the same, behind
+the code 250), drip (an answer that comes byte by byte and never ends), late (by a second), leave (the
+right answer and the connection closed). STEP: greeting, ehlo, mail, rcpt, data, body, message; "refuse
+body" says so amid the mail and closes. Its first line of output is its port; then one line of JSON for
+each mail that it takes, and one with "QUIT" for each farewell. It ends when its input does.
 """
 import asyncio
 import email
@@ -23,8 +24,8 @@ mode, step = sys.argv[1], sys.argv[2]
 async def misbehave(server):
     if mode == "refuse":
         await server.push("554 5.7.1 refused at " + step)
-    elif mode == "cut":
-        server._writer.write(b"250-half an ans")
+    elif mode in ("cut", "half"):
+        server._writer.write(b"25" if mode == "cut" else b"250-half an ans")
         await server._writer.drain()
         server.transport.close()
     elif mode == "drip":
@@ -41,6 +42,12 @@ class Server(SMTP):
         if step != "greeting" or mode == "accept":
             return await super()._handle_client()
         await misbehave(self)
+        if await self._reader.readline() == b"QUIT\r\n":
+            await self.smtp_QUIT("")
+
+    async def smtp_QUIT(self, argument):
+        print("QUIT", flush=True)
+        await super().smtp_QUIT(argument)
 
     async def smtp_EHLO(self, hostname):
         await (misbehave(self) if wrong("ehlo") else super().smtp_EHLO(hostname))
@@ -55,7 +62,14 @@ class Server(SMTP):
         await (misbehave(self) if wrong("rcpt") else super().smtp_RCPT(argument))
 
     async def smtp_DATA(self, argument):
-        await (misbehave(self) if wrong("data") else super().smtp_DATA(argument))
+        if wrong("body"):
+            await self.push("354 go on")
+            await self._reader.readexactly(100000)
+            await misbehave(self)
+            self.transport.close()
+            await asyncio.sleep(3600)  # what is left of the mail is no command
+        else:
+            await (misbehave(self) if wrong("data") else super().smtp_DATA(argument))
 
 
 def wrong(at):
@@ -64,11 +78,17 @@ def wrong(at):
 
 class Handler:
     async def handle_DATA(self, server, session, envelope):
-        if wrong("message"):
+        if wrong("message") and mode == "leave":
+            await server.push("250 taken")
+            server.transport.close()
+            return "250 unheard"
+        if wrong("message") and mode == "late":
+            await asyncio.sleep(1)
+        elif wrong("message"):
             if mode == "refuse":
                 return "554 5.7.1 refused at message"
             await misbehave(server)
-            return "250 late"
+            return "250 unheard"
         raw = envelope.original_content
         mail = email.message_from_bytes(raw, policy=email.policy.default)
         print(json.dumps({

@@ -75,11 +75,8 @@ TEST(PlainRequest, RefusesCredentialsThatTheRequestContradicts) {
 
 TEST(WithoutCredentials, LeavesTheRestAsItIs) {
   const std::vector<std::pair<std::string, std::string>> cases{
-      {"http://u:p@h/x@y", "http://h/x@y"},
-      {"u:%zz@h", "h"},
-      {" http://u:p@h ", "http://h"},
-      {"http://h/x", "http://h/x"},
-      {"", ""},
+      {"http://u:p@h/x@y", "http://h/x@y"}, {"u:%zz@h", "h"}, {" http://u:p@h ", "http://h"},
+      {"http://h/x", "http://h/x"},         {"", ""},
   };
   for (const auto& [url, bare] : cases) EXPECT_EQ(WithoutCredentials(url), bare) << url;
 }

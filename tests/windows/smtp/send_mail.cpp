@@ -1,5 +1,6 @@
 // Sends one mail to each server given, by the adapters of Windows, and prints what came of it:
 //   send-mail STEP-MILLISECONDS PORT...
+// The server is looked up by the name "localhost", and the time is that of each step.
 #include <cstdio>
 #include <cstdlib>
 
@@ -12,18 +13,19 @@ int main(int count, char** arguments) {
   tarvo::WindowsTickClock ticks;
   tarvo::SystemUtcClock clock;
   tarvo::SmtpSettings settings;
-  settings.stepMilliseconds = static_cast<std::uint32_t>(std::atoi(arguments[1]));
+  const auto step = static_cast<std::uint32_t>(std::atoi(arguments[1]));
+  settings.limits = {step, step, step, step, step, step, step, step};
   tarvo::SmtpMailer mailer(connector, ticks, clock, settings);
   for (int i = 2; i < count; ++i) {
     tarvo::MailMessage message;
-    message.server = "127.0.0.1";
+    message.server = "localhost";
     message.port = std::atoi(arguments[i]);
     message.from = "Launcher <launcher@example.com>";
     message.to = "one@example.com";
     message.subject = "Jos\xE9";
     message.body = "first\n.dot\n";
     // A large body fills the buffers of the connection, so that sending has to wait.
-    message.body += std::string(2000000, 'x');
+    message.body += std::string(8000000, 'x');
     std::printf("%s\n", mailer.Send(message).value_or("sent").c_str());
     std::fflush(stdout);
   }

@@ -25,14 +25,18 @@ cases=(
   "silent mail|MAIL FROM: no answer in time"
   "silent rcpt|RCPT TO one@example.com: no answer in time"
   "silent data|DATA: no answer in time"
-  "silent message|message: no answer in time"
+  "silent message|message: no answer in time; the mail may have been taken all the same"
   "drip mail|MAIL FROM: no answer in time"
   "cut greeting|greeting: connection closed"
   "cut ehlo|EHLO: connection closed"
   "cut mail|MAIL FROM: connection closed"
   "cut rcpt|RCPT TO one@example.com: connection closed"
   "cut data|DATA: connection closed"
-  "cut message|message: connection closed"
+  "cut message|message: connection closed; the mail may have been taken all the same"
+  "half message|sent"
+  "leave message|sent"
+  "refuse body|message: 554 5.7.1 refused at body"
+  "silent body|message: no answer in time"
 )
 
 wine_start
@@ -76,9 +80,13 @@ for i in "${!cases[@]}"; do
   expect "${cases[i]%%|*}" "${cases[i]#*|}" "${outcomes[i]:-}"
 done
 expect "nobody listens" "connecting: no connection" "${outcomes[${#cases[@]}]:-}"
+for one in greeting ehlo mail rcpt data message; do
+  expect "farewell after refuse $one" QUIT "$(sed -n 2p "$WINE_DIR/server-refuse-$one")"
+done
+expect "farewell after the mail" QUIT "$(sed -n 3p "$WINE_DIR/server-accept-all")"
 mail=$(sed -n 2p "$WINE_DIR/server-accept-all")
 expect "subject and recipient" '"recipients": ["one@example.com"], "sender": "launcher@example.com", "subject": "Jos\u00e9"' \
   "$(grep -o '"recipients.*"subject": "[^"]*"' <<<"$mail")"
 expect "body" '"body": "first\r\n.dot\r\nxxx' "$(grep -o '"body": "first.r.n.dot.r.nxxx' <<<"$mail")"
-expect "whole body" 2000000 "$(grep -o '"body": "[^"]*"' <<<"$mail" | tr -cd x | wc -c)"
+expect "whole body" 8000000 "$(grep -o '"body": "[^"]*"' <<<"$mail" | tr -cd x | wc -c)"
 exit $failures
