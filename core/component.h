@@ -32,7 +32,8 @@ struct Component {
   WindowHandle RunningHandle = 0;  ///< Its window at the last crash check; 0 when not running.
   tarvo::AlarmState AlarmState = tarvo::AlarmState::NotWatched;
   std::int64_t FreezeStart =
-      0;  ///< Tick count in whole seconds at which a freeze was seen; 0: none.
+      0;                     ///< Tick count in whole seconds at which a freeze was seen; 0: none.
+  std::string probeFailure;  ///< Why its last probe found nobody; "" when it did, or none ran.
 };
 
 using ComponentTable = PerComponent<Component>;

@@ -76,6 +76,7 @@ void StartStop::StartComponent(ComponentKind kind) {
   button.SetCaption("Stop");
   button.SetBackground(kStartedColour);
   if (kind == ComponentKind::Map && beforeMapServerStarts) beforeMapServerStarts();
+  components_[kind].probeFailure.clear();
   LaunchOrAdopt(kind);
   if (prepareFreezeWatch) prepareFreezeWatch(kind);
   processes_.SetPriority(components_[kind].ProcessId,
@@ -121,7 +122,9 @@ void StartStop::StopComponent(ComponentKind kind) {
                    kAlert);
   }
   component.AlarmState = AlarmState::NotWatched;
+  component.probeFailure.clear();
   form_.frame.Sem[kind].SetFill(kStoppedLight);
+  form_.frame.Sem[kind].SetToolTip({});
   form_.servers.Exes[kind].SetEnabled(true);
   CommandButton& button = form_.status.bStart[IndexOf(kind)];
   button.SetCaption("Start");

@@ -4,6 +4,7 @@
 
 #include "core/start_stop.h"
 #include "supervision/last_failure.h"
+#include "supervision/probe_failure.h"
 #include "support/number_text.h"
 
 namespace tarvo {
@@ -89,7 +90,10 @@ void FreezeWatch::Kill(ComponentKind kind) {
 
 bool FreezeWatch::Listens(ComponentKind kind) {
   const ComponentEndpoint& endpoint = components_[kind].endpoint;
-  return probe_.IsPortListening(endpoint.host, endpoint.port);
+  const bool listens = probe_.IsPortListening(endpoint.host, endpoint.port);
+  components_[kind].probeFailure =
+      ProbeFailureText(endpoint.host, endpoint.port, probe_.LastError());
+  return listens;
 }
 
 std::int64_t FreezeWatch::Seconds() { return tickClock_.Milliseconds() / 1000; }

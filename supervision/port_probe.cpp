@@ -4,6 +4,7 @@
 #include <cstring>
 #include <limits>
 
+#include "supervision/probe_failure.h"
 #include "supervision/protocol_record.h"
 #include "support/runtime_error.h"
 #include "support/text.h"
@@ -38,6 +39,7 @@ std::int16_t PortToShort(std::int32_t port) {
 }
 
 bool PortProbe::IsPortListening(const std::string& host, std::int32_t port) {
+  lastError_ = 0;
   const SocketHandle socket = CreateTcpSocket();
   const int result = ConnectSocket(socket, host, port);
   sockets_.Close(socket);
@@ -51,29 +53,56 @@ SocketHandle PortProbe::CreateTcpSocket() {
 std::uint32_t PortProbe::ResolveHostAddress(const std::string& host) {
   const std::string name(Trimmed(host));
   // Winsock takes a blank for the address 0.0.0.0 and no name at all for this machine.
-  if (name.empty()) return kNoAddress;
-  const std::uint32_t dotted = sockets_.DottedAddress(host);
-  if (dotted != kNoAddress) return dotted;
-  const auto bytes = sockets_.FirstAddressOf(name);
-  if (!bytes) return kNoAddress;
-  std::uint32_t address = 0;
-  std::memcpy(&address, bytes->data(), std::min(bytes->size(), sizeof address));
+  if (name.empty()) {
+    lastError_ = kNameUnknown;
+    return kNoAddress;
+  }
+  std::uint32_t address = sockets_.DottedAddress(host);
+  if (address == kNoAddress && name != host) address = sockets_.DottedAddress(name);
+  return address != kNoAddress ? address : AddressOfName(name);
+}
+
+std::uint32_t PortProbe::AddressOfName(const std::string& name) {
+  const HostAnswer answer = sockets_.FirstAddressOf(name, kNameWait);
+  if (answer.outcome == LookUp::NotAnswered) {
+    const auto last = lastAddresses_.find(name);
+    if (last != lastAddresses_.end()) return last->second;
+    lastError_ = kNameNotAnswered;
+    return kNoAddress;
+  }
+  std::uint32_t address = answer.outcome == LookUp::Found ? 0 : kNoAddress;
+  std::copy_n(answer.address.begin(), std::min(answer.address.size(), sizeof address),
+              reinterpret_cast<std::uint8_t*>(&address));
+  if (address == kNoAddress) {
+    lastError_ = kNameUnknown;
+  } else {
+    lastAddresses_[name] = address;
+  }
   return address;
 }
 
 int PortProbe::ConnectSocket(SocketHandle socket, const std::string& host, std::int32_t port) {
-  if (socket <= 0 || host.empty() || port < 1) return kNotConnected;
+  if (socket <= 0) return Fail(kNoSocketMade);
+  if (host.empty()) return Fail(kNameUnknown);
+  if (port < 1) return Fail(kNoSuchPort);
   try {
     CProtocol protocol;
     protocol.GetBySocketHandle(sockets_, socket);
     const std::uint32_t address = ResolveHostAddress(host);
     if (address == kNoAddress) return kNotConnected;
-    return sockets_.ConnectTo(socket,
-                              AddressOf(protocol.AddressFamily, PortToShort(port), address));
+    const SocketAddress whole = AddressOf(protocol.AddressFamily, PortToShort(port), address);
+    sockets_.SendFirstPacketOnce(socket);  // Where the system cannot, the second bounds it all.
+    lastError_ = sockets_.ConnectTo(socket, whole, kConnectWait);
+    return lastError_;
   } catch (const RuntimeError&) {
     // A port that no socket can have is a server that does not listen, not a fault of the launcher.
-    return kNotConnected;
+    return Fail(kNoSuchPort);
   }
+}
+
+int PortProbe::Fail(int reason) {
+  lastError_ = reason;
+  return kNotConnected;
 }
 
 }  // namespace tarvo

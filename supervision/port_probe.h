@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 #include "platform/sockets.h"
@@ -14,28 +15,42 @@ inline constexpr std::uint32_t kNoAddress = 0xFFFFFFFF;
 /// below 0 and above 65535.
 std::int16_t PortToShort(std::int32_t port);
 
+/// Milliseconds that a probe waits for a connect, and before it for the address of a name.
+inline constexpr std::uint32_t kConnectWait = 1000;
+inline constexpr std::uint32_t kNameWait = 1000;
+
 /// Tells whether a server answers: a plain TCP connect to its host and port, closed at once,
-/// nothing sent or read. The connect blocks as long as the system's own attempt lasts; no state is
-/// kept.
+/// nothing sent or read. The connect has one second of its own: who has not answered by then does
+/// not listen. The looking up of a name has another; a name server that does not keep it is
+/// replaced by the address that the name gave last. So a probe of a dotted address lasts one second
+/// at most, that of a name two. The names' last addresses are all that is kept.
 class PortProbe {
  public:
   explicit PortProbe(Sockets& sockets) : sockets_(sockets) {}
 
   /// True when the connection succeeded. An unusable host or port is simply not listening.
   bool IsPortListening(const std::string& host, std::int32_t port);
+  /// Why the last probe found nobody, for `ProbeFailureText`; 0 when it found somebody.
+  int LastError() const { return lastError_; }
 
   /// A stream socket of no given address family, or -1.
   SocketHandle CreateTcpSocket();
 
-  /// The IPv4 address in network order of a dotted address or a host name (blanks around a name are
-  /// ignored), or `kNoAddress`. "255.255.255.255" is taken for a name, and a blank host for none.
+  /// The IPv4 address in network order of a dotted address or a host name (blanks around either are
+  /// ignored), or `kNoAddress`. For a dotted address nobody is asked. "255.255.255.255" is taken
+  /// for a name, and a blank host for none.
   std::uint32_t ResolveHostAddress(const std::string& host);
 
   /// Connects; 0 on success, any other value on failure, -1 when it was not even tried.
   int ConnectSocket(SocketHandle socket, const std::string& host, std::int32_t port);
 
  private:
+  std::uint32_t AddressOfName(const std::string& name);
+  int Fail(int reason);
+
   Sockets& sockets_;
+  std::map<std::string, std::uint32_t> lastAddresses_;  ///< What each name gave last.
+  int lastError_ = 0;
 };
 
 }  // namespace tarvo

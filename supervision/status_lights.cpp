@@ -65,6 +65,7 @@ void StatusLights::Combine() {
 void StatusLights::Show() {
   for (ComponentKind kind : kComponents) {
     Sem_[kind].SetFill(LightColourFor(components_[kind].AlarmState));
+    Sem_[kind].SetToolTip(components_[kind].probeFailure);
   }
 }
 

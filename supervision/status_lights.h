@@ -25,7 +25,7 @@ class StatusLights {
 
   /// Takes the states' code over; without one the last stays.
   void Combine();
-  /// Colours the lights.
+  /// Colours the lights; the tool tip of each says why its component's last probe failed.
   void Show();
 
   /// The code that was taken over last; 8, nothing watched, before the first.

@@ -9,6 +9,7 @@ void Control::SetEnabled(bool enabled) {
 }
 
 void Control::SetToolTip(std::string text) {
+  if (toolTip_ == text) return;
   toolTip_ = std::move(text);
   Changed();
 }

@@ -20,7 +20,8 @@ class Label : public Control {
   std::string caption_;
 };
 
-/// A status light: a colour, and words for those who cannot tell it.
+/// A status light: a colour, and words for those who cannot tell it. Its tool tip is what there is
+/// to say beside the state.
 class Light : public Control {
  public:
   Colour Fill() const { return fill_; }

@@ -12,7 +12,61 @@ static_assert(sizeof(WSAPROTOCOL_INFOA) <= sizeof(ProtocolRecord));
 static_assert(sizeof(WSAPROTOCOL_INFOW) == sizeof(ProtocolRecord));
 static_assert(sizeof(sockaddr_in) == sizeof(SocketAddress));
 
+static_assert(kConnectTimedOut == WSAETIMEDOUT && kConnectRefused == WSAECONNREFUSED);
+
+// The numbers of SIO_TCP_INITIAL_RTO and FIONBIO as the calls take them.
+constexpr DWORD kInitialRtoCode = 0x98000011;
+constexpr long kNonBlockingMode = static_cast<long>(FIONBIO);
+
+/// TCP_INITIAL_RTO_PARAMETERS, which older headers lack.
+struct InitialRto {
+  USHORT roundTrip = 0xFFFF;  ///< As it is.
+  UCHAR repeats = 0;
+};
+static_assert(sizeof(InitialRto) == 4);
+constexpr UCHAR kNoRepeat = 0xFE;  ///< From Windows 10, build 16299, on.
+constexpr UCHAR kFewestRepeats = 1;
+
 SOCKET ToNative(SocketHandle socket) { return static_cast<SOCKET>(socket); }
+
+bool LimitRepeats(SOCKET socket, UCHAR repeats) {
+  InitialRto wanted;
+  wanted.repeats = repeats;
+  DWORD returned = 0;
+  return WSAIoctl(socket, kInitialRtoCode, &wanted, sizeof wanted, nullptr, 0, &returned, nullptr,
+                  nullptr) == 0;
+}
+
+bool SetBlocking(SOCKET socket, bool blocking) {
+  u_long nonBlocking = blocking ? 0 : 1;
+  return ioctlsocket(socket, kNonBlockingMode, &nonBlocking) == 0;
+}
+
+int ErrorOf(SOCKET socket) {
+  int error = 0;
+  int size = sizeof error;
+  return getsockopt(socket, SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size) == 0
+             ? error
+             : WSAGetLastError();
+}
+
+/// How the connect under way ends: 0 or its error. A connection shows as ready for writing, a
+/// failure in the set of exceptions.
+int AwaitConnect(SOCKET socket, std::uint32_t milliseconds) {
+  fd_set connected;
+  FD_ZERO(&connected);
+  connected.fd_count = 1;
+  connected.fd_array[0] = socket;
+  fd_set failed = connected;
+  timeval time{};
+  time.tv_sec = static_cast<long>(milliseconds / 1000);
+  time.tv_usec = static_cast<long>(milliseconds % 1000) * 1000;
+  const int count = select(0, nullptr, &connected, &failed, &time);
+  if (count == 0) return WSAETIMEDOUT;
+  if (count < 0) return WSAGetLastError();
+  const int error = ErrorOf(socket);
+  return error == 0 && failed.fd_count > 0 ? WSAENOTCONN : error;
+}
 
 }  // namespace
 
@@ -21,7 +75,10 @@ int WindowsSockets::Start(std::uint16_t version) {
   return WSAStartup(version, &data);
 }
 
-void WindowsSockets::Stop() { WSACleanup(); }
+void WindowsSockets::Stop() {
+  lookUps_.Forget();
+  WSACleanup();
+}
 
 SocketHandle WindowsSockets::Create(int addressFamily, int type, int protocol) {
   return static_cast<SocketHandle>(socket(addressFamily, type, protocol));
@@ -44,21 +101,27 @@ std::uint32_t WindowsSockets::DottedAddress(const std::string& host) {
   return static_cast<std::uint32_t>(inet_addr(host.c_str()));
 }
 
-std::optional<std::vector<std::uint8_t>> WindowsSockets::FirstAddressOf(const std::string& host) {
-  if (host.empty()) return std::nullopt;
-  const hostent* entry = gethostbyname(host.c_str());
-  if (entry == nullptr || entry->h_addr_list == nullptr || entry->h_addr_list[0] == nullptr) {
-    return std::nullopt;
-  }
-  std::vector<std::uint8_t> address(static_cast<std::size_t>(entry->h_length));
-  if (!address.empty()) std::memcpy(address.data(), entry->h_addr_list[0], address.size());
-  return address;
+HostAnswer WindowsSockets::FirstAddressOf(const std::string& host, std::uint32_t milliseconds) {
+  if (host.empty()) return {LookUp::Unknown, {}};
+  return lookUps_.FirstAddressOf(host, milliseconds);
 }
 
-int WindowsSockets::ConnectTo(SocketHandle socket, const SocketAddress& address) {
+bool WindowsSockets::SendFirstPacketOnce(SocketHandle socket) {
+  return LimitRepeats(ToNative(socket), kNoRepeat) ||
+         LimitRepeats(ToNative(socket), kFewestRepeats);
+}
+
+int WindowsSockets::ConnectTo(SocketHandle socket, const SocketAddress& address,
+                              std::uint32_t milliseconds) {
   sockaddr native{};
   std::memcpy(&native, address.data(), sizeof(native));
-  return connect(ToNative(socket), &native, static_cast<int>(sizeof(native)));
+  const SOCKET own = ToNative(socket);
+  if (!SetBlocking(own, false)) return WSAGetLastError();
+  int error = 0;
+  if (connect(own, &native, static_cast<int>(sizeof(native))) != 0) error = WSAGetLastError();
+  if (error == WSAEWOULDBLOCK) error = AwaitConnect(own, milliseconds);
+  SetBlocking(own, true);
+  return error;
 }
 
 }  // namespace tarvo

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "platform/sockets.h"
+#include "platform/windows/name_look_ups.h"
 
 namespace tarvo {
 
-/// Winsock 2, call for call.
+/// Winsock 2. What waits is not left to the system's own patience, which is minutes.
 class WindowsSockets : public Sockets {
  public:
   int Start(std::uint16_t version) override;
@@ -14,8 +15,17 @@ class WindowsSockets : public Sockets {
   std::optional<ProtocolRecord> ReadOption(SocketHandle socket, int level, int option) override;
   std::uint32_t DottedAddress(const std::string& host) override;
   /// The empty name, which Winsock takes for this machine, is not found.
-  std::optional<std::vector<std::uint8_t>> FirstAddressOf(const std::string& host) override;
-  int ConnectTo(SocketHandle socket, const SocketAddress& address) override;
+  HostAnswer FirstAddressOf(const std::string& host, std::uint32_t milliseconds) override;
+  /// SIO_TCP_INITIAL_RTO: no repeat, or where the system knows no such number, a single one. True
+  /// when it took one of the two.
+  bool SendFirstPacketOnce(SocketHandle socket) override;
+  /// Not blocking, and `select`: WSAPoll tells nothing of a failed connect on older systems. The
+  /// socket blocks again afterwards.
+  int ConnectTo(SocketHandle socket, const SocketAddress& address,
+                std::uint32_t milliseconds) override;
+
+ private:
+  NameLookUps lookUps_;
 };
 
 }  // namespace tarvo

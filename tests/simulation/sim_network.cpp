@@ -1,5 +1,6 @@
 #include "tests/simulation/sim_network.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 
@@ -9,7 +10,9 @@ namespace tarvo {
 namespace {
 
 constexpr std::uint32_t kNoAddressNumber = 0xFFFFFFFF;
-constexpr int kSocketError = -1;
+constexpr int kCannotAssignAddress = 10049;
+constexpr std::uint32_t kSystemsPatience = 21000;
+constexpr std::uint32_t kRepeatsOfARefusal = 2000;
 constexpr std::size_t kFamilyOffset = 76;  // iAddressFamily of WSAPROTOCOL_INFO.
 
 std::uint32_t InNetworkOrder(const std::vector<std::uint8_t>& bytes) {
@@ -65,6 +68,7 @@ SocketHandle SimNetwork::Create(int addressFamily, int type, int protocol) {
 void SimNetwork::Close(SocketHandle socket) {
   recorder_.Note("sockets.close(" + std::to_string(socket) + ")");
   open_.erase(socket);
+  sendingOnce_.erase(socket);
 }
 
 std::optional<ProtocolRecord> SimNetwork::ReadOption(SocketHandle socket, int level, int option) {
@@ -80,8 +84,7 @@ std::uint32_t SimNetwork::DottedAddress(const std::string& host) {
   return bytes ? InNetworkOrder(*bytes) : kNoAddressNumber;
 }
 
-std::optional<std::vector<std::uint8_t>> SimNetwork::FirstAddressOf(const std::string& host) {
-  recorder_.Note("sockets.name(" + host + ")");
+std::optional<std::vector<std::uint8_t>> SimNetwork::KnownHere(const std::string& host) const {
   if (host.empty()) return std::vector<std::uint8_t>{127, 0, 0, 1};  // As Winsock has it.
   const auto known = hosts_.find(LowerCase(host));
   if (known != hosts_.end()) return known->second;
@@ -90,21 +93,68 @@ std::optional<std::vector<std::uint8_t>> SimNetwork::FirstAddressOf(const std::s
   return bytes;
 }
 
-int SimNetwork::ConnectTo(SocketHandle socket, const SocketAddress& address) {
+SimNetwork::Question SimNetwork::Ask(const std::string& name) const {
+  Question question;
+  question.answeredAt = clock_.Age() + std::min(nameServerDelay_, kDeadNameServer);
+  const auto served = servedNames_.find(LowerCase(name));
+  const bool answered = nameServerDelay_ < kDeadNameServer;
+  if (answered && served != servedNames_.end()) question.address = served->second;
+  return question;
+}
+
+HostAnswer SimNetwork::FirstAddressOf(const std::string& host, std::uint32_t milliseconds) {
+  recorder_.Note("sockets.name(" + host + ")");
+  if (const auto known = KnownHere(host)) return {LookUp::Found, *known};
+  auto open = questions_.find(host);
+  const bool gaveUp = open != questions_.end() && open->second.address.empty() &&
+                      open->second.answeredAt <= clock_.Age();
+  if (open == questions_.end() || gaveUp) {
+    recorder_.Note("sockets.ask(" + host + ")");
+    open = questions_.insert_or_assign(host, Ask(host)).first;
+  }
+  const std::uint64_t now = clock_.Age();
+  const std::uint64_t answeredAt = open->second.answeredAt;
+  if (!Wait(answeredAt > now ? answeredAt - now : 0, milliseconds)) {
+    open->second.waitedFor = true;
+    return {};
+  }
+  const Question question = open->second;
+  questions_.erase(open);
+  if (!question.address.empty()) return {LookUp::Found, question.address};
+  return {question.waitedFor ? LookUp::NotAnswered : LookUp::Unknown, {}};
+}
+
+bool SimNetwork::SendFirstPacketOnce(SocketHandle socket) {
+  recorder_.Note("sockets.once(" + std::to_string(socket) + ")");
+  if (repeatsAlways_ || !open_.contains(socket)) return false;
+  sendingOnce_.insert(socket);
+  return true;
+}
+
+bool SimNetwork::Wait(std::uint64_t needed, std::uint32_t given) {
+  const bool inTime = patient_ || needed <= given;
+  clock_.Advance(inTime ? needed : given);
+  return inTime;
+}
+
+int SimNetwork::ConnectTo(SocketHandle socket, const SocketAddress& address,
+                          std::uint32_t milliseconds) {
   recorder_.Note("sockets.connect()");
   if (keepConnects_) connects_.push_back(address);
-  if (!open_.contains(socket) || address[0] != 2 || address[1] != 0) return kSocketError;
+  if (!open_.contains(socket) || address[0] != 2 || address[1] != 0) return kCannotAssignAddress;
   switch (AnswerFor(address)) {
     case PortAnswer::Listens:
       return 0;
     case PortAnswer::Refuses:
-      clock_.Advance(refusal_);
-      return kSocketError;
+      return Wait(sendingOnce_.contains(socket) ? 0 : kRepeatsOfARefusal, milliseconds)
+                 ? kConnectRefused
+                 : kConnectTimedOut;
     case PortAnswer::TimesOut:
+    case PortAnswer::NobodyAccepts:
       break;
   }
-  clock_.Advance(timeOut_);
-  return kSocketError;
+  Wait(kSystemsPatience, milliseconds);
+  return kConnectTimedOut;
 }
 
 PortAnswer SimNetwork::AnswerFor(const SocketAddress& address) {
@@ -118,9 +168,8 @@ void SimNetwork::AddHost(const std::string& name, std::vector<std::uint8_t> addr
   hosts_[LowerCase(name)] = std::move(address);
 }
 
-void SimNetwork::SetDelays(std::uint32_t timeOut, std::uint32_t refusal) {
-  timeOut_ = timeOut;
-  refusal_ = refusal;
+void SimNetwork::AddServedName(const std::string& name, std::vector<std::uint8_t> address) {
+  servedNames_[LowerCase(name)] = std::move(address);
 }
 
 }  // namespace tarvo

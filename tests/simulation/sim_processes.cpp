@@ -161,9 +161,13 @@ SimWindow* SimProcesses::WindowOf(ProcessId id) {
 
 PortAnswer SimProcesses::AnswerAt(std::uint16_t port) {
   Settle();
-  for (const SimProcess& process : processes_) {
+  for (SimProcess& process : processes_) {
     const bool open = clock_.Age() >= process.startedAt + process.program.portOpensAfter;
-    if (process.program.port == port && open && !process.endsAt) return process.answer;
+    if (process.program.port != port || !open || process.endsAt) continue;
+    if (process.answer != PortAnswer::NobodyAccepts) return process.answer;
+    if (process.queueRoom == 0) return PortAnswer::TimesOut;
+    --process.queueRoom;
+    return PortAnswer::Listens;
   }
   return PortAnswer::Refuses;
 }

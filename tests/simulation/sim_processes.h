@@ -14,7 +14,12 @@
 
 namespace tarvo {
 
-enum class PortAnswer { Listens, Refuses, TimesOut };
+enum class PortAnswer {
+  Listens,
+  Refuses,
+  TimesOut,       ///< Packets are dropped.
+  NobodyAccepts,  ///< The system lets callers into the queue until it is full, then drops packets.
+};
 
 /// How a server program behaves each time it is started.
 struct SimProgram {
@@ -32,6 +37,7 @@ struct SimProcess {
   std::string executable;
   SimProgram program;
   PortAnswer answer = PortAnswer::Listens;
+  std::uint32_t queueRoom = 0;  ///< Callers that are still let in when nobody accepts.
   std::uint32_t priorityClass = 0x20;
   std::uint64_t startedAt = 0;  ///< On `SimClock::Age`.
   bool openedWindow = false;
@@ -89,7 +95,8 @@ class SimProcesses final : public Processes, public ForeignWindows {
   SimWindow* WindowOf(ProcessId id);
   std::size_t Launches() const { return launches_; }
 
-  /// What a connect to this port of the machine meets now.
+  /// What a connect to this port of the machine meets now: never `NobodyAccepts`, but what the
+  /// queue of such a process makes of it; who is let in takes a place.
   PortAnswer AnswerAt(std::uint16_t port);
 
  private:

@@ -265,7 +265,7 @@ TEST_F(Freezes, AFreezeAcrossTheWrapOfTheTickCountIsKilledOnlyInANewFreeze) {
 }
 
 TEST_F(Freezes, AConnectThatTakesLongDelaysTheOtherWatchesAndLosesNone) {
-  machine.network.SetDelays(21000, 0);
+  machine.network.WaitAsTheSystemDoes();
   Watch("60");
   Process(kLogin).answer = PortAnswer::TimesOut;
   launcher->Pass(1s);

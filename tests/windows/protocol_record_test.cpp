@@ -26,10 +26,9 @@ class RecordedSockets final : public Sockets {
     return record;
   }
   std::uint32_t DottedAddress(const std::string&) override { return kNoAddress; }
-  std::optional<std::vector<std::uint8_t>> FirstAddressOf(const std::string&) override {
-    return std::nullopt;
-  }
-  int ConnectTo(SocketHandle, const SocketAddress&) override { return -1; }
+  HostAnswer FirstAddressOf(const std::string&, std::uint32_t) override { return {}; }
+  bool SendFirstPacketOnce(SocketHandle) override { return false; }
+  int ConnectTo(SocketHandle, const SocketAddress&, std::uint32_t) override { return -1; }
 };
 
 TEST(ProtocolRecord, MirrorsTheSystemsOwnStructure) {

@@ -55,6 +55,11 @@ void LightWidget::Detach() {
   RemovePropA(Window(), kLightColourProperty);
 }
 
+std::string LightWidget::Tip() const {
+  const std::string& more = control_.ToolTip();
+  return TextOf(Window()) + (more.empty() ? "" : "\r\n" + more);
+}
+
 void LightWidget::Show() {
   const Colour fill = control_.Fill();
   SetPropA(Window(), kLightColourProperty,

@@ -17,7 +17,8 @@ class LightWidget : public Mirror<Light> {
   Extent Natural() const override;
   void TakeLook() override;
   void Detach() override;
-  std::string Tip() const override { return TextOf(Window()); }
+  /// Its component and state, and in a second line what the control's tool tip says.
+  std::string Tip() const override;
 
  protected:
   void Show() override;
