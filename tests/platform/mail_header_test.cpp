@@ -182,6 +182,9 @@ TEST(MailHeader, WritesNamesSoThatNoneBecomesAnotherAddress) {
     EXPECT_EQ(AddressHeader("To", {{name, "you@example.com"}}, kLatin),
               std::string("To: ") + expected + "\r\n");
   }
+  const std::string longest(73, 'x');
+  EXPECT_TRUE(AddressHeader("To", {{"", "a@b"}, {longest, "c@d"}}, kLatin)
+                  .ends_with(",\r\n \"" + longest + "\"\r\n <c@d>\r\n"));
   EXPECT_EQ(AddressHeader("To", {}, kLatin), "");
   EXPECT_EQ(AddressHeader("To", {{"", "a@b"}, {"B", "c@d"}}, kLatin),
             "To: a@b,\r\n \"B\"\r\n <c@d>\r\n");

@@ -10,7 +10,7 @@ class ScriptedStream : public TcpStream {
 
   StreamOutcome Send(std::string_view bytes, std::uint32_t milliseconds) override {
     server_.sendWaits.push_back(milliseconds);
-    if (server_.sent.size() >= server_.deafAfter) return server_.deaf;
+    if (server_.sent.size() >= server_.deafAfter) return FallSilent();
     server_.sent += bytes;
     return StreamOutcome::Done;
   }
@@ -22,13 +22,20 @@ class ScriptedStream : public TcpStream {
       if (server_.atEnd == StreamOutcome::TimedOut) server_.now += milliseconds;
       return server_.atEnd;
     }
-    server_.now += 1000;
+    server_.now += server_.perAnswer;
     bytes += answers_.front();
     answers_.pop_front();
     return StreamOutcome::Done;
   }
 
  private:
+  StreamOutcome FallSilent() {
+    if (!server_.lastWords.empty()) {
+      server_.outcry = std::exchange(server_.lastWords, {});
+      server_.outcryAfter = 0;
+    }
+    return server_.deaf;
+  }
   StreamOutcome TakeOutcry(std::string& bytes) {
     if (server_.sent.size() < server_.outcryAfter) return StreamOutcome::TimedOut;
     if (server_.outcry.empty()) return StreamOutcome::Closed;

@@ -42,6 +42,8 @@ class ScriptedMailServer : public TcpConnector, public TickClock {
   std::size_t outcryAfter = std::string::npos;
   std::size_t deafAfter = std::string::npos;  ///< Sending fails once so many bytes have come.
   StreamOutcome deaf = StreamOutcome::Closed;
+  std::string lastWords;           ///< What it says when sending fails.
+  std::uint32_t perAnswer = 1000;  ///< Milliseconds.
 
   std::string sent;
   std::vector<std::uint32_t> waits;      ///< For answers.
