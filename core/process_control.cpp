@@ -91,11 +91,11 @@ int ProcessControl::ShowComponentWindow(WindowHandle window, bool show) {
   return windows_.Show(window, show ? kShowWindowNormal : kHideWindow);
 }
 
-ProcessId ProcessControl::LaunchComponent(ComponentKind kind) {
+LaunchResult ProcessControl::LaunchComponent(ComponentKind kind) {
   const std::string path = appFolder_ + "\\" + Exes_[kind].Text();
-  const auto id = processes_.LaunchHidden(path);
-  if (!id) throw RuntimeError(Fault::FileNotFound, path);
-  return *id;
+  LaunchResult launched = processes_.LaunchHidden(path);
+  if (launched.id == 0 && launched.fileMissing) throw RuntimeError(Fault::FileNotFound, path);
+  return launched;
 }
 
 bool ProcessControl::StopProcesses(ComponentKind kind) {

@@ -50,8 +50,8 @@ class ProcessControl {
   int ShowComponentWindow(WindowHandle window, bool show);
 
   /// Starts the chosen executable of the root with a hidden window. Raises file not found (53) when
-  /// it cannot be started, whatever the reason.
-  ProcessId LaunchComponent(ComponentKind kind);
+  /// there is no such file; any other reason comes back with id 0.
+  LaunchResult LaunchComponent(ComponentKind kind);
 
   /// Ends the component's processes by name until none is left. A process that refuses to die is
   /// given up after `kLongestStop` milliseconds: then the result is false.

@@ -78,9 +78,11 @@ void StartStop::StartComponent(ComponentKind kind) {
   if (kind == ComponentKind::Map && beforeMapServerStarts) beforeMapServerStarts();
   components_[kind].probeFailure.clear();
   LaunchOrAdopt(kind);
-  if (prepareFreezeWatch) prepareFreezeWatch(kind);
-  processes_.SetPriority(components_[kind].ProcessId,
-                         PriorityClassFor(form_.servers.Prior[kind].ListIndex()));
+  if (components_[kind].ProcessId != 0) {
+    if (prepareFreezeWatch) prepareFreezeWatch(kind);
+    processes_.SetPriority(components_[kind].ProcessId,
+                           PriorityClassFor(form_.servers.Prior[kind].ListIndex()));
+  }
   // After a crash the timer still runs, and is due already when the restart took long: the new
   // process would have had no time to open its window.
   Timer& watch = form_.timers.CrashWatch(kind);
@@ -91,16 +93,26 @@ void StartStop::StartComponent(ComponentKind kind) {
 void StartStop::LaunchOrAdopt(ComponentKind kind) {
   const std::string executable = form_.servers.Exes[kind].Text();
   const ProcessId running = processes_.FindProcessByName(executable);
-  if (running == 0) {
-    components_[kind].ProcessId = processes_.LaunchComponent(kind);
-    log_.LogStatus(ServerName(kind) + " Started" + StartedMark(kind) + PriorityText(kind), kInfo);
-    return;
-  }
+  if (running == 0) return Launch(kind);
   components_[kind].ProcessId = running;
   log_.LogStatus("[" + executable + "] was found in memory!", kInfo);
   log_.LogStatus(ServerName(kind) + " under control" + StartedMark(kind) + PriorityText(kind),
                  kInfo);
   form_.timers.Preparation(kind).SetEnabled(true);
+}
+
+void StartStop::Launch(ComponentKind kind) {
+  const LaunchResult launched = processes_.LaunchComponent(kind);
+  components_[kind].ProcessId = launched.id;
+  if (launched.id != 0) {
+    log_.LogStatus(ServerName(kind) + " Started" + StartedMark(kind) + PriorityText(kind), kInfo);
+    return;
+  }
+  components_[kind].AlarmState = AlarmState::Trouble;
+  log_.LogStatus("[" + form_.servers.Exes[kind].Text() +
+                     "] can't be started: " + launched.reason.description + " (system error " +
+                     std::to_string(launched.reason.number) + ")",
+                 kAlert);
 }
 
 std::string StartStop::PriorityText(ComponentKind kind) const {

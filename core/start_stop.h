@@ -35,7 +35,12 @@ class StartStop {
   void bStart_Click(std::size_t index);
 
   /// Launches the component, or takes the process of its name that already runs under control; sets
-  /// its priority and arms its watches. Raises file not found (53) when it cannot be launched.
+  /// its priority and arms its watches. Raises file not found (53) when its executable is missing.
+  ///
+  /// A launch that the system refuses for any other reason is told in the log and is no fault: the
+  /// component counts as started, in trouble, with process id 0 and its crash watch armed, which
+  /// tries again at each check. Its own button stops it, and "Start All" tries at once; "Stop All"
+  /// and a close, which go by the process ids, know nothing of it.
   void StartComponent(ComponentKind kind);
 
   /// Disarms the component's watches and ends every process of its name. One that refuses to die is
@@ -55,6 +60,7 @@ class StartStop {
   void StartAll();
   void StopAll();
   void LaunchOrAdopt(ComponentKind kind);
+  void Launch(ComponentKind kind);
   std::string PriorityText(ComponentKind kind) const;
 
   Form& form_;

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
+
+#include "platform/files.h"
 
 namespace tarvo {
 
@@ -13,6 +14,13 @@ using ProcessId = std::uint32_t;
 struct ProcessEntry {
   ProcessId id = 0;
   std::string executable;  ///< Bare file name, as the process list spells it.
+};
+
+/// What became of a launch.
+struct LaunchResult {
+  ProcessId id = 0;          ///< 0: nothing was started, for the reason beside it.
+  bool fileMissing = false;  ///< There is no such file. Any other reason may pass in a moment.
+  FileFault reason;
 };
 
 /// The processes of the machine. No call keeps a handle open after it returns.
@@ -29,9 +37,8 @@ class Processes {
   virtual void ChangePriority(ProcessId id, std::uint32_t priorityClass) = 0;
   /// Starts `executablePath` without arguments, with a hidden window, in the caller's current
   /// folder. The child's command line is the path as it stands, unquoted; the file that runs is
-  /// that path and nothing that a blank in it might name instead. Nothing when it could not be
-  /// started.
-  virtual std::optional<ProcessId> LaunchHidden(const std::string& executablePath) = 0;
+  /// that path and nothing that a blank in it might name instead.
+  virtual LaunchResult LaunchHidden(const std::string& executablePath) = 0;
 };
 
 }  // namespace tarvo

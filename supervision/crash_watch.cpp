@@ -22,7 +22,10 @@ void CrashWatch::Crashed(ComponentKind kind) {
   for (Timer* timer : {&timers.Reprobe(kind), &timers.Probe(kind), &timers.Preparation(kind)}) {
     timer->SetEnabled(false);
   }
-  processes_.KillProcessesByName(form_.servers.Exes[kind].Text());
+  // Without an id nothing was launched: what runs by that name is somebody else's, to be adopted.
+  if (component.ProcessId != 0) {
+    processes_.KillProcessesByName(form_.servers.Exes[kind].Text());
+  }
   ShowLastFailure(form_.frame.lblErr, kind, clock_.Now());
   log_.LogStatus(std::string(NameOf(kind)) + " Server crashed, restarting...", kAlert);
   component.ProcessId = 0;

@@ -12,9 +12,9 @@
 namespace tarvo {
 
 /// Finds crashed components and brings them back. Every 5 seconds while a component is started, its
-/// process must still own a top-level window; a process without one is a crash. There is no limit
-/// to the restarts and no pause between them. Any window but 0 counts: handles are no numbers with
-/// a sign.
+/// process must still own a top-level window; a process without one is a crash, and so is a launch
+/// that was refused. There is no limit to the restarts and no pause between them. Any window but 0
+/// counts: handles are no numbers with a sign.
 class CrashWatch {
  public:
   CrashWatch(Form& form, ComponentTable& components, ProcessControl& processes,

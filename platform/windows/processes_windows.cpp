@@ -1,6 +1,7 @@
 #include "platform/windows/processes_windows.h"
 
 #include "platform/windows/handle_windows.h"
+#include "platform/windows/system_message_windows.h"
 // After windows.h, which it needs.
 #include <tlhelp32.h>
 
@@ -12,6 +13,21 @@ static_assert(sizeof(void*) != 4 || sizeof(PROCESSENTRY32) == 296,
 namespace {
 
 constexpr DWORD kLongestEnding = 500;
+
+bool MeansMissing(DWORD error) {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
+/// The system names a missing file, too, when the file is there and something that it needs is not.
+bool IsMissing(const std::string& path) {
+  return GetFileAttributesA(path.c_str()) == INVALID_FILE_ATTRIBUTES &&
+         MeansMissing(GetLastError());
+}
+
+LaunchResult NothingStarted(const std::string& path, DWORD error) {
+  return {
+      0, MeansMissing(error) && IsMissing(path), {static_cast<int>(error), SystemMessage(error)}};
+}
 
 }  // namespace
 
@@ -42,7 +58,7 @@ void WindowsProcesses::ChangePriority(ProcessId id, std::uint32_t priorityClass)
   if (process.Valid()) SetPriorityClass(process.Get(), priorityClass);
 }
 
-std::optional<ProcessId> WindowsProcesses::LaunchHidden(const std::string& executablePath) {
+LaunchResult WindowsProcesses::LaunchHidden(const std::string& executablePath) {
   STARTUPINFOA startup{};
   startup.cb = sizeof(startup);
   startup.dwFlags = STARTF_USESHOWWINDOW;
@@ -51,11 +67,11 @@ std::optional<ProcessId> WindowsProcesses::LaunchHidden(const std::string& execu
   std::string commandLine = executablePath;  // The call may write into it.
   if (CreateProcessA(executablePath.c_str(), commandLine.data(), nullptr, nullptr, FALSE,
                      CREATE_NEW_CONSOLE, nullptr, nullptr, &startup, &started) == 0) {
-    return std::nullopt;
+    return NothingStarted(executablePath, GetLastError());
   }
   const KernelHandle process(started.hProcess);
   const KernelHandle thread(started.hThread);
-  return started.dwProcessId;
+  return {started.dwProcessId, false, {}};
 }
 
 }  // namespace tarvo

@@ -13,7 +13,7 @@ class WindowsProcesses : public Processes {
   void ChangePriority(ProcessId id, std::uint32_t priorityClass) override;
   /// A console program gets a console of its own, whose window is hidden: it neither writes into
   /// the launcher's console nor ends with it, and owns a window as every other server does.
-  std::optional<ProcessId> LaunchHidden(const std::string& executablePath) override;
+  LaunchResult LaunchHidden(const std::string& executablePath) override;
 };
 
 }  // namespace tarvo

@@ -126,7 +126,7 @@ TEST_F(Shutdown, ANewLauncherTakesUnloadedServersUnderControlAndSeesTheirCrash) 
 TEST_F(Shutdown, AFaultUnderTheUnloadQuestionEndsTheProgramOnce) {
   StartWithAllServers();
   machine.boxes.whileNextIsOpen = [this] {
-    machine.processes.RefuseLaunches(true);
+    machine.processes.LoseExecutables();
     Crash(kMap);
     launcher->Pass(5s);
   };
@@ -140,7 +140,7 @@ TEST_F(Shutdown, AFaultUnderTheUnloadQuestionEndsTheProgramOnce) {
 
 TEST_F(Shutdown, AFatalFaultLetsNothingTickUnderItsBoxAndAfterIt) {
   StartWithAllServers();
-  machine.processes.RefuseLaunches(true);
+  machine.processes.LoseExecutables();
   Crash(kMap);
   std::size_t calls = 0;
   machine.boxes.whileNextIsOpen = [&] {

@@ -251,7 +251,7 @@ TEST_F(StartUp, ACloseUnderARefusedAutoStartsBoxIsTheEndOfTheStart) {
 
 TEST_F(StartUp, AnAutoStartWhoseExecutableIsGoneIsFatalAfterReady) {
   machine.SetSetting("MapAutoStart", "1");
-  machine.processes.RefuseLaunches(true);
+  machine.processes.LoseExecutables();
   StartLauncher();
   EXPECT_EQ(machine.boxes.NewTexts(),
             "Run-time error '53':\r\n\r\nFile not found\r\n\r\nC:\\srv\\map-server.exe\n");

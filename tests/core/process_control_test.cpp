@@ -180,21 +180,29 @@ TEST_F(Control, NoWindowIsShownWithoutACall) {
 }
 
 TEST_F(Control, LaunchesTheChosenExecutableOfTheRoot) {
-  const ProcessId id = control.LaunchComponent(ComponentKind::Char);
+  const ProcessId id = control.LaunchComponent(ComponentKind::Char).id;
   EXPECT_EQ(machine.processes.TheOne(kChar).id, id);
   EXPECT_EQ(machine.recorder.Calls().front(), "processes.launch(C:\\srv\\char-server.exe)");
 }
 
-TEST_F(Control, AnyFailedLaunchIsTheFaultOfAMissingFile) {
-  machine.processes.RefuseLaunches(true);
+TEST_F(Control, ALaunchOfAMissingFileIsAFault) {
+  machine.processes.LoseExecutables();
   try {
     control.LaunchComponent(ComponentKind::Map);
-    FAIL() << "a refused launch passed for a started process";
+    FAIL() << "a missing file passed for a started process";
   } catch (const RuntimeError& fault) {
     EXPECT_EQ(fault.Number(), 53);
     EXPECT_EQ(fault.Source(), "C:\\srv\\map-server.exe");
     EXPECT_EQ(fault.Description(), "File not found");
   }
+}
+
+TEST_F(Control, ALaunchThatIsRefusedForAnotherReasonTellsIt) {
+  machine.processes.Program(kMap).launchFault = NoRights();
+  const LaunchResult launched = control.LaunchComponent(ComponentKind::Map);
+  EXPECT_EQ(launched.id, 0u);
+  EXPECT_EQ(launched.reason.number, 5);
+  EXPECT_EQ(launched.reason.description, "Access is denied");
 }
 
 TEST_F(Control, StoppingEndsEveryProcessOfTheName) {

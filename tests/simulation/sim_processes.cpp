@@ -14,6 +14,15 @@ std::string Call(const char* name, std::uint64_t argument) {
 
 }  // namespace
 
+FileFault FileInUse() {
+  return {32, "The process cannot access the file because it is being used by another process"};
+}
+FileFault NoRights() { return {5, "Access is denied"}; }
+FileFault NeedsElevation() { return {740, "The requested operation requires elevation"}; }
+FileFault NoMemory() {
+  return {1455, "The paging file is too small for this operation to complete"};
+}
+
 SimProcesses::SimProcesses(CallRecorder& recorder, SimClock& clock, const SimFiles& files)
     : recorder_(recorder), clock_(clock), files_(files) {
   StartForeign("explorer.exe");
@@ -45,15 +54,19 @@ void SimProcesses::ChangePriority(ProcessId id, std::uint32_t priorityClass) {
   if (process && priorityClass != 0) process->priorityClass = priorityClass;
 }
 
-std::optional<ProcessId> SimProcesses::LaunchHidden(const std::string& executablePath) {
+LaunchResult SimProcesses::LaunchHidden(const std::string& executablePath) {
   recorder_.Note("processes.launch(" + executablePath + ")");
   Settle();
-  if (refuseLaunches_ || !files_.Has(executablePath)) return std::nullopt;
+  if (executablesLost_ || !files_.Has(executablePath)) {
+    return {0, true, {2, "The system cannot find the file specified"}};
+  }
+  const std::string executable = executablePath.substr(executablePath.rfind('\\') + 1);
+  if (const auto& fault = Program(executable).launchFault) return {0, false, *fault};
   ++launches_;
-  SimProcess& process = Add(executablePath.substr(executablePath.rfind('\\') + 1));
+  SimProcess& process = Add(executable);
   const ProcessId id = process.id;
   if (process.program.diesAtOnce) Bury(id);
-  return id;
+  return {id, false, {}};
 }
 
 WindowHandle SimProcesses::First() {

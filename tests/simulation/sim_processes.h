@@ -30,7 +30,15 @@ struct SimProgram {
   std::uint32_t windowOpensAfter = 0;  ///< Milliseconds from the start.
   bool refusesToDie = false;
   std::uint32_t dyingTime = 0;  ///< Milliseconds that an ended process is still listed.
+  /// Why the system refuses to start it, for as long as there is a reason.
+  std::optional<FileFault> launchFault;
 };
+
+/// Reasons for which the system refuses to start a program whose file is there.
+FileFault FileInUse();
+FileFault NoRights();
+FileFault NeedsElevation();
+FileFault NoMemory();
 
 struct SimProcess {
   ProcessId id = 0;
@@ -59,7 +67,7 @@ class SimProcesses final : public Processes, public ForeignWindows {
   std::vector<ProcessEntry> Snapshot() override;
   void End(ProcessId id) override;
   void ChangePriority(ProcessId id, std::uint32_t priorityClass) override;
-  std::optional<ProcessId> LaunchHidden(const std::string& executablePath) override;
+  LaunchResult LaunchHidden(const std::string& executablePath) override;
 
   WindowHandle First() override;
   WindowHandle Next(WindowHandle window) override;
@@ -81,8 +89,8 @@ class SimProcesses final : public Processes, public ForeignWindows {
   void Raise(WindowHandle window);
   /// The window vanishes at the moment at which a walk stands on it and asks for the next one.
   void VanishUnderWalk(WindowHandle window) { vanishing_.push_back(window); }
-  /// The system refuses to start anything.
-  void RefuseLaunches(bool refuse) { refuseLaunches_ = refuse; }
+  /// No launch finds its file.
+  void LoseExecutables() { executablesLost_ = true; }
 
   /// Listed processes of that name, the dying ones among them.
   std::vector<ProcessId> Named(const std::string& executable);
@@ -116,7 +124,7 @@ class SimProcesses final : public Processes, public ForeignWindows {
   ProcessId lastId_ = 1000;
   WindowHandle lastWindow_ = 0x10000;
   std::size_t launches_ = 0;
-  bool refuseLaunches_ = false;
+  bool executablesLost_ = false;
 };
 
 }  // namespace tarvo

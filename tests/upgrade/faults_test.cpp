@@ -309,7 +309,7 @@ TEST_F(UpgradeFaults, AFaultInACrashsUpgradeEndsTheProgramAndStartsNothing) {
 TEST_F(UpgradeFaults, AnExecutableThatIsGoneAtTheRestartIsTheUsualFault) {
   StartRunning();
   machine.boxes.AnswerNext(Answer::Yes);
-  machine.processes.RefuseLaunches(true);
+  machine.processes.LoseExecutables();
   PressUpgrade();
   EXPECT_EQ(machine.boxes.Shown().back().text,
             "Run-time error '53':\r\n\r\nFile not found\r\n\r\nC:\\srv\\login-server.exe");

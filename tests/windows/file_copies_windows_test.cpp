@@ -225,10 +225,10 @@ TEST_F(WindowsFileCopiesTest, ACopierThatIsKilledNeverLeavesHalfAFile) {
     folder_.Write("old.exe", old);
     const std::string role = "copy " + folder_.File("new.exe") + "*" + target;
     SetEnvironmentVariableA(test::kRoleVariable, role.c_str());
-    const auto id = WindowsProcesses().LaunchHidden(test::OwnPath());
+    const ProcessId id = WindowsProcesses().LaunchHidden(test::OwnPath()).id;
     SetEnvironmentVariableA(test::kRoleVariable, nullptr);
-    ASSERT_TRUE(id.has_value());
-    const KernelHandle copier(OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, *id));
+    ASSERT_NE(id, 0U);
+    const KernelHandle copier(OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, id));
     const std::string beside = target + ".tarvo-copy";
     // Half of them die at the first copy, the others at a later one.
     ASSERT_TRUE(test::Within(10000, [&] {

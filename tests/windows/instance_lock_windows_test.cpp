@@ -20,10 +20,10 @@ class WindowsInstanceLockTest : public testing::Test {
   /// Starts another process that takes the lock, and waits until it has it.
   void StartHolder(const std::string& verb) {
     SetEnvironmentVariableA(test::kRoleVariable, (verb + " " + name_).c_str());
-    const auto id = WindowsProcesses().LaunchHidden(test::OwnPath());
+    const ProcessId id = WindowsProcesses().LaunchHidden(test::OwnPath()).id;
     SetEnvironmentVariableA(test::kRoleVariable, nullptr);
-    ASSERT_TRUE(id.has_value());
-    holder_.Reset(OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, *id));
+    ASSERT_NE(id, 0U);
+    holder_.Reset(OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, id));
     const std::string sign = folder_.File(name_ + ".held");
     ASSERT_TRUE(test::Within(
         5000, [&] { return GetFileAttributesA(sign.c_str()) != INVALID_FILE_ATTRIBUTES; }));

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "platform/windows/handle_windows.h"
+#include "platform/windows/system_message_windows.h"
 #include "tests/servers/server_commands.h"
 #include "tests/windows/child_roles.h"
 #include "tests/windows/running_server.h"
@@ -52,24 +54,41 @@ TEST_F(WindowsProcessesTest, TheChildSeesThePathUnquotedAndIsHidden) {
   SetEnvironmentVariableA(test::kRoleVariable, "report seen.txt");
   const auto child = processes_.LaunchHidden(own);
   SetEnvironmentVariableA(test::kRoleVariable, nullptr);
-  ASSERT_TRUE(child.has_value());
+  ASSERT_NE(child.id, 0U);
   const std::string expected = own + "\n" + folder_.Path() + "\n0\n";
-  EXPECT_TRUE(test::Within(5000, [&] { return NameOf(*child).empty(); }));
+  EXPECT_TRUE(test::Within(5000, [&] { return NameOf(child.id).empty(); }));
   EXPECT_EQ(test::BytesOf(folder_.File("seen.txt")), expected);
 }
 
 TEST_F(WindowsProcessesTest, ABlankInThePathNamesNoOtherProgram) {
   // The command line alone would start "my.exe" with "server.exe" as its argument.
   ASSERT_NE(CopyFileA(test::SampleServerPath("map").c_str(), "my.exe", TRUE), 0);
-  EXPECT_FALSE(processes_.LaunchHidden(folder_.File("my server.exe")).has_value());
+  EXPECT_EQ(processes_.LaunchHidden(folder_.File("my server.exe")).id, 0U);
   EXPECT_EQ(CountOf("my.exe"), 0);
 }
 
-TEST_F(WindowsProcessesTest, LaunchesNothingThatIsNoProgram) {
-  EXPECT_FALSE(processes_.LaunchHidden(folder_.File("missing.exe")).has_value());
-  EXPECT_FALSE(processes_.LaunchHidden(folder_.Path()).has_value());
-  EXPECT_FALSE(processes_.LaunchHidden(folder_.Write("text.exe", "no program")).has_value());
-  EXPECT_FALSE(processes_.LaunchHidden("").has_value());
+TEST_F(WindowsProcessesTest, TellsAMissingFileFromEveryOtherReason) {
+  const std::string held = folder_.Write("held.exe", "in the making");
+  const KernelHandle writer(
+      CreateFileA(held.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+  ASSERT_TRUE(writer.Valid());
+  const struct {
+    std::string path;
+    bool missing;
+    DWORD error;
+  } cases[] = {{folder_.File("missing.exe"), true, ERROR_FILE_NOT_FOUND},
+               {folder_.File("no folder\\missing.exe"), true, ERROR_PATH_NOT_FOUND},
+               {held, false, ERROR_SHARING_VIOLATION},
+               {folder_.Write("text.exe", "no program"), false, ERROR_BAD_EXE_FORMAT},
+               {folder_.Path(), false, ERROR_ACCESS_DENIED}};
+  for (const auto& c : cases) {
+    const LaunchResult result = processes_.LaunchHidden(c.path);
+    EXPECT_EQ(result.id, 0U) << c.path;
+    EXPECT_EQ(result.fileMissing, c.missing) << c.path;
+    EXPECT_EQ(result.reason.number, static_cast<int>(c.error)) << c.path;
+    EXPECT_EQ(result.reason.description, SystemMessage(c.error)) << c.path;
+  }
+  EXPECT_EQ(processes_.LaunchHidden("").id, 0U);
 }
 
 TEST_F(WindowsProcessesTest, EndsAProcessWithCodeZero) {
@@ -115,7 +134,7 @@ TEST_F(WindowsProcessesTest, NoCallKeepsAHandle) {
     processes_.ChangePriority(server.Id(), NORMAL_PRIORITY_CLASS);
     processes_.LaunchHidden(folder_.File("missing.exe"));
     const auto second = processes_.LaunchHidden(folder_.File("login-server.exe"));
-    processes_.End(second.value_or(0));
+    processes_.End(second.id);
   };
   useAll();
   DWORD before = 0;

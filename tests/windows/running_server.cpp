@@ -48,7 +48,7 @@ RunningServer::RunningServer(const std::string& role, const std::string& behavio
   WriteText(folder + "\\conf\\" + role + "_athena.conf",
             "// port\r\n" + role + "_port: " + std::to_string(port_) + "\r\n");
   WriteText(folder + "\\" + role + "-server.behaviour", behaviour);
-  id_ = WindowsProcesses().LaunchHidden(executable).value_or(0);
+  id_ = WindowsProcesses().LaunchHidden(executable).id;
   process_.Reset(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, id_));
   Within(5000, [this] { return Window() != 0 || !Runs(); });
 }

@@ -40,10 +40,10 @@ class TimedProcesses final : public Processes {
   void ChangePriority(ProcessId id, std::uint32_t priorityClass) override {
     real_.ChangePriority(id, priorityClass);
   }
-  std::optional<ProcessId> LaunchHidden(const std::string& executablePath) override {
-    const auto id = real_.LaunchHidden(executablePath);
+  LaunchResult LaunchHidden(const std::string& executablePath) override {
+    const auto launched = real_.LaunchHidden(executablePath);
     moments_.lastStarted = Now();
-    return id;
+    return launched;
   }
 
  private:
