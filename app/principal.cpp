@@ -32,7 +32,7 @@ Principal::Principal(const Machine& machine)
            machine.localClock, root_.AppFolder()),
       settings_(form_, components_, registry_, root_, machine.localClock),
       processes_(machine.processes, machine.foreignWindows, machine.tickClock, machine.codePage,
-                 form_.servers.Exes, root_.AppFolder()),
+                 machine.workingFolder, form_.servers.Exes, root_.AppFolder()),
       startStop_(form_, components_, processes_, log_, machine.messageBoxes),
       probe_(machine.sockets),
       freezeWatch_(form_, components_, probe_, processes_, log_, machine.localClock,
@@ -127,7 +127,10 @@ void Principal::WireUpgrade() {
   crashWatch_.runUpgrade = [this](int trigger) { return upgrade_.RunUpgrade(trigger); };
   UpgradePage& page = form_.upgrade;
   for (ComponentKind kind : kComponents) {
-    page.cmd_nBrowse[kind].onClick = [this, kind] { upgradeSettings_.cmd_nBrowse_Click(kind); };
+    page.cmd_nBrowse[kind].onClick = [this, kind] {
+      upgradeSettings_.cmd_nBrowse_Click(kind);
+      MoveIntoOwnFolder();
+    };
     page.nPath[kind].onDrop = [this, kind](const std::string& path) {
       upgradeSettings_.ChooseNew(kind, path);
     };
@@ -151,6 +154,8 @@ std::string Principal::InstanceName() const {
 
 void Principal::Start(std::intptr_t nativeWindow) {
   dispatch_.Run([this, nativeWindow] {
+    machine_.processes.TurnErrorDialogsOff();
+    MoveIntoOwnFolder();
     if (!machine_.instanceLock.Acquire(InstanceName())) {
       if (!machine_.instanceLock.ShowHolder(InstanceName())) {
         return RefuseToStart("Tarvo Launcher is already running in this server root.");
@@ -166,6 +171,8 @@ void Principal::Start(std::intptr_t nativeWindow) {
   });
   if (form_.frame.window.Ended()) dispatch_.Close();
 }
+
+void Principal::MoveIntoOwnFolder() { machine_.workingFolder.MoveInto(root_.WithSeparator()); }
 
 void Principal::Form_Load() {
   form_.frame.SSTab1.SetPage(1);

@@ -40,7 +40,8 @@ class Principal {
   Principal(const Principal&) = delete;
   Principal& operator=(const Principal&) = delete;
 
-  /// Starts the launcher: a second one in the same root shows the first one's window and ends;
+  /// Starts the launcher: error dialogs are turned off, for its servers too, and its own folder
+  /// becomes the current one. A second one in the same root shows the first one's window and ends;
   /// otherwise `Form_Load` runs, and the window is shown unless it starts minimized. Call it once,
   /// before any other event, when the native window exists; `nativeWindow` is its handle.
   void Start(std::intptr_t nativeWindow);
@@ -83,6 +84,7 @@ class Principal {
   void tmrAlarma_Timer();
   IconHandle imgIcon(int code);
 
+  void MoveIntoOwnFolder();
   bool StartNetworking();
   bool LoadSettings();
   void LogConfiguration();

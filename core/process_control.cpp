@@ -93,6 +93,8 @@ int ProcessControl::ShowComponentWindow(WindowHandle window, bool show) {
 
 LaunchResult ProcessControl::LaunchComponent(ComponentKind kind) {
   const std::string path = appFolder_ + "\\" + Exes_[kind].Text();
+  // A tick under a file dialog finds another folder current; the servers look for conf in it.
+  workingFolder_.MoveInto(appFolder_ + "\\");
   LaunchResult launched = processes_.LaunchHidden(path);
   if (launched.id == 0 && launched.fileMissing) throw RuntimeError(Fault::FileNotFound, path);
   return launched;

@@ -9,6 +9,7 @@
 #include "platform/code_page.h"
 #include "platform/foreign_windows.h"
 #include "platform/processes.h"
+#include "platform/working_folder.h"
 
 namespace tarvo {
 
@@ -23,11 +24,13 @@ std::uint32_t PriorityClassFor(int index);
 class ProcessControl {
  public:
   ProcessControl(Processes& processes, ForeignWindows& windows, TickClock& clock,
-                 CodePage& codePage, const PerComponent<DropDownList>& Exes, std::string appFolder)
+                 CodePage& codePage, WorkingFolder& workingFolder,
+                 const PerComponent<DropDownList>& Exes, std::string appFolder)
       : processes_(processes),
         windows_(windows),
         clock_(clock),
         codePage_(codePage),
+        workingFolder_(workingFolder),
         Exes_(Exes),
         appFolder_(std::move(appFolder)) {}
 
@@ -49,7 +52,8 @@ class ProcessControl {
   /// window.
   int ShowComponentWindow(WindowHandle window, bool show);
 
-  /// Starts the chosen executable of the root with a hidden window. Raises file not found (53) when
+  /// Starts the chosen executable of the root with a hidden window. It inherits the launcher's
+  /// current folder, which is made the root first. Raises file not found (53) when
   /// there is no such file; any other reason comes back with id 0.
   LaunchResult LaunchComponent(ComponentKind kind);
 
@@ -67,6 +71,7 @@ class ProcessControl {
   ForeignWindows& windows_;
   TickClock& clock_;
   CodePage& codePage_;
+  WorkingFolder& workingFolder_;
   const PerComponent<DropDownList>& Exes_;
   const std::string appFolder_;
 };

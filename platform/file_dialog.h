@@ -15,8 +15,8 @@ class FileDialog {
  public:
   virtual ~FileDialog() = default;
   /// The full path of the chosen file; "" when the operator cancels. Timers go on ticking
-  /// meanwhile, so the caller reads every state again afterwards. The current folder stays what it
-  /// was.
+  /// meanwhile, so the caller reads every state again afterwards. The system may make another
+  /// folder the current one, at once, and leave it so.
   virtual std::string AskForFile(const OpenFileRequest& request) = 0;
 };
 

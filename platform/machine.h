@@ -19,6 +19,7 @@
 #include "platform/random_source.h"
 #include "platform/registry.h"
 #include "platform/sockets.h"
+#include "platform/working_folder.h"
 
 namespace tarvo {
 
@@ -46,6 +47,7 @@ struct Machine {
   EventLog& eventLog;
   RandomSource& random;
   DocumentOpener& documents;
+  WorkingFolder& workingFolder;
   std::string executablePath;  ///< Full path of the launcher's own executable.
 };
 

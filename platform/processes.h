@@ -35,6 +35,9 @@ class Processes {
   virtual void End(ProcessId id) = 0;
   /// Sets a Windows priority class; fails silently.
   virtual void ChangePriority(ProcessId id, std::uint32_t priorityClass) = 0;
+  /// From now on neither this program nor any that it starts is held open by one of the system's
+  /// error dialogs when it crashes, or when its libraries cannot be loaded: it just ends.
+  virtual void TurnErrorDialogsOff() = 0;
   /// Starts `executablePath` without arguments, with a hidden window, in the caller's current
   /// folder. The child's command line is the path as it stands, unquoted; the file that runs is
   /// that path and nothing that a blank in it might name instead.

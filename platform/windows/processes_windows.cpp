@@ -58,6 +58,10 @@ void WindowsProcesses::ChangePriority(ProcessId id, std::uint32_t priorityClass)
   if (process.Valid()) SetPriorityClass(process.Get(), priorityClass);
 }
 
+void WindowsProcesses::TurnErrorDialogsOff() {
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
+}
+
 LaunchResult WindowsProcesses::LaunchHidden(const std::string& executablePath) {
   STARTUPINFOA startup{};
   startup.cb = sizeof(startup);

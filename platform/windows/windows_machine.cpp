@@ -18,6 +18,7 @@
 #include "platform/windows/processes_windows.h"
 #include "platform/windows/registry_windows.h"
 #include "platform/windows/sockets_windows.h"
+#include "platform/windows/working_folder_windows.h"
 
 namespace tarvo {
 namespace {
@@ -55,6 +56,7 @@ struct WindowsMachine::Adapters {
   WindowsFileDialog fileDialog;
   WindowsFileReplacer fileReplacer;
   WindowsDocumentOpener documents;
+  WindowsWorkingFolder workingFolder;
   WindowsEventLog eventLog;
   MersenneRandom random;
 };
@@ -64,12 +66,12 @@ WindowsMachine::~WindowsMachine() = default;
 
 Machine WindowsMachine::Ports() {
   Adapters& all = *adapters_;
-  return {all.registry,         all.fileReader,     all.fileAppender, all.folderLister,
-          all.processes,        all.foreignWindows, all.sockets,      all.localClock,
-          all.tickClock,        all.memoryStatus,   all.messageBoxes, all.instanceLock,
-          all.notificationArea, all.icons,          all.codePage,     all.fileCopies,
-          all.fileDialog,       all.fileReplacer,   all.eventLog,     all.random,
-          all.documents,        OwnExecutablePath()};
+  return {all.registry,         all.fileReader,     all.fileAppender,   all.folderLister,
+          all.processes,        all.foreignWindows, all.sockets,        all.localClock,
+          all.tickClock,        all.memoryStatus,   all.messageBoxes,   all.instanceLock,
+          all.notificationArea, all.icons,          all.codePage,       all.fileCopies,
+          all.fileDialog,       all.fileReplacer,   all.eventLog,       all.random,
+          all.documents,        all.workingFolder,  OwnExecutablePath()};
 }
 
 void WindowsMachine::SetOwner(std::intptr_t window) {

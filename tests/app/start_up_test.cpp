@@ -59,6 +59,8 @@ TEST_F(StartUp, TheFirstStepsHaveTheirOrder) {
     steps += call + "\n";
   }
   EXPECT_EQ(steps,
+            "processes.turnErrorDialogsOff()\n"
+            "workingFolder.moveInto(C:\\srv\\)\n"
             "lock.acquire()\n"
             "registry.query(Winsock)\n"
             "registry.query(Winsock)\n"

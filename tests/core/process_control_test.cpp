@@ -19,8 +19,9 @@ class Control : public ::testing::Test {
 
   SimMachine machine;
   PerComponent<DropDownList> Exes;
-  ProcessControl control{
-      machine.processes, machine.processes, machine.clock, machine.codePage, Exes, "C:\\srv"};
+  ProcessControl control{machine.processes, machine.processes,     machine.clock,
+                         machine.codePage,  machine.workingFolder, Exes,
+                         "C:\\srv"};
 };
 
 TEST(PriorityClass, FollowsTheListAndNotItsNames) {
@@ -182,7 +183,9 @@ TEST_F(Control, NoWindowIsShownWithoutACall) {
 TEST_F(Control, LaunchesTheChosenExecutableOfTheRoot) {
   const ProcessId id = control.LaunchComponent(ComponentKind::Char).id;
   EXPECT_EQ(machine.processes.TheOne(kChar).id, id);
-  EXPECT_EQ(machine.recorder.Calls().front(), "processes.launch(C:\\srv\\char-server.exe)");
+  EXPECT_EQ(machine.recorder.Calls(),
+            (std::vector<std::string>{"workingFolder.moveInto(C:\\srv\\)",
+                                      "processes.launch(C:\\srv\\char-server.exe)"}));
 }
 
 TEST_F(Control, ALaunchOfAMissingFileIsAFault) {

@@ -43,7 +43,8 @@ TEST_F(Starting, TheStepsOfALaunchHaveTheirOrder) {
   const std::string id = std::to_string(Process(kMap).id);
   EXPECT_EQ(
       machine.recorder.Calls(),
-      (std::vector<std::string>{"processes.snapshot()", "processes.launch(C:\\srv\\map-server.exe)",
+      (std::vector<std::string>{"processes.snapshot()", "workingFolder.moveInto(C:\\srv\\)",
+                                "processes.launch(C:\\srv\\map-server.exe)",
                                 "processes.priority(" + id + ", 32768)"}));
 }
 

@@ -2,10 +2,12 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/file_copies.h"
@@ -14,6 +16,7 @@
 #include "tests/simulation/sim_clock.h"
 #include "tests/simulation/sim_files.h"
 #include "tests/simulation/sim_processes.h"
+#include "tests/simulation/sim_working_folder.h"
 
 namespace tarvo {
 
@@ -64,22 +67,29 @@ class SimFileCopies final : public FileCopies {
   CopyFault scripted_;
 };
 
-/// A file dialog that is answered from a script and remembers what it was asked.
+/// A file dialog that is answered from a script and remembers what it was asked. It makes the
+/// folder that it shows the current one, as the system's does.
 class SimFileDialog final : public FileDialog {
  public:
-  explicit SimFileDialog(CallRecorder& recorder) : recorder_(recorder) {}
+  SimFileDialog(CallRecorder& recorder, SimWorkingFolder& workingFolder)
+      : recorder_(recorder), workingFolder_(workingFolder) {}
 
   std::string AskForFile(const OpenFileRequest& request) override {
     recorder_.Note("dialog.ask(" + request.initialName + ")");
     asked.push_back(request);
+    workingFolder_.current = "C:\\Users\\operator\\Desktop\\";
+    if (auto happens = std::exchange(whileNextIsOpen, nullptr)) happens();
     return answer;
   }
 
   std::string answer;  ///< "": the operator cancels.
   std::vector<OpenFileRequest> asked;
+  /// What happens while the next dialog is open, time passing included.
+  std::function<void()> whileNextIsOpen;
 
  private:
   CallRecorder& recorder_;
+  SimWorkingFolder& workingFolder_;
 };
 
 }  // namespace tarvo

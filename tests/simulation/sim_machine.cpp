@@ -36,15 +36,18 @@ SimMachine::SimMachine() {
   for (const char* name : {kLogin, kChar, kMap}) {
     files.Put(std::string("C:\\srv\\") + name, "MZ");
   }
+  processes.Program(kLogin).conf = "conf\\login_athena.conf";
+  processes.Program(kChar).conf = "conf\\char_athena.conf";
+  processes.Program(kMap).conf = "conf\\map_athena.conf";
   processes.Program(kLogin).port = 6900;
   processes.Program(kChar).port = 6121;
   processes.Program(kMap).port = 5121;
 }
 
 Machine SimMachine::PortsFor(InstanceLock& lock) {
-  return {registry,   files,  files,    files,  processes, processes,   network,  clock,
-          clock,      memory, boxes,    lock,   tray,      icons,       codePage, copies,
-          fileDialog, files,  eventLog, random, documents, launcherPath};
+  return {registry,   files,  files,    files,  processes, processes,     network,     clock,
+          clock,      memory, boxes,    lock,   tray,      icons,         codePage,    copies,
+          fileDialog, files,  eventLog, random, documents, workingFolder, launcherPath};
 }
 
 std::string SimMachine::SettingsKey() const { return ServerRoot(launcherPath).SettingsKey(); }

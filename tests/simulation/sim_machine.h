@@ -15,6 +15,7 @@
 #include "tests/simulation/sim_processes.h"
 #include "tests/simulation/sim_random.h"
 #include "tests/simulation/sim_registry.h"
+#include "tests/simulation/sim_working_folder.h"
 
 namespace tarvo {
 
@@ -33,9 +34,10 @@ class SimMachine {
   SimClock clock;
   SimRegistry registry{recorder};
   SimFiles files{recorder};
-  SimProcesses processes{recorder, clock, files};
+  SimWorkingFolder workingFolder{recorder};
+  SimProcesses processes{recorder, clock, files, workingFolder};
   SimFileCopies copies{recorder, clock, files, processes};
-  SimFileDialog fileDialog{recorder};
+  SimFileDialog fileDialog{recorder, workingFolder};
   SimNetwork network{recorder, clock, processes};
   SimMemory memory{recorder};
   SimMessageBoxes boxes{recorder};

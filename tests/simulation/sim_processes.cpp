@@ -23,8 +23,9 @@ FileFault NoMemory() {
   return {1455, "The paging file is too small for this operation to complete"};
 }
 
-SimProcesses::SimProcesses(CallRecorder& recorder, SimClock& clock, const SimFiles& files)
-    : recorder_(recorder), clock_(clock), files_(files) {
+SimProcesses::SimProcesses(CallRecorder& recorder, SimClock& clock, const SimFiles& files,
+                           const SimWorkingFolder& workingFolder)
+    : recorder_(recorder), clock_(clock), files_(files), workingFolder_(workingFolder) {
   StartForeign("explorer.exe");
 }
 
@@ -54,6 +55,11 @@ void SimProcesses::ChangePriority(ProcessId id, std::uint32_t priorityClass) {
   if (process && priorityClass != 0) process->priorityClass = priorityClass;
 }
 
+void SimProcesses::TurnErrorDialogsOff() {
+  recorder_.Note("processes.turnErrorDialogsOff()");
+  errorDialogs_ = false;
+}
+
 LaunchResult SimProcesses::LaunchHidden(const std::string& executablePath) {
   recorder_.Note("processes.launch(" + executablePath + ")");
   Settle();
@@ -64,8 +70,11 @@ LaunchResult SimProcesses::LaunchHidden(const std::string& executablePath) {
   if (const auto& fault = Program(executable).launchFault) return {0, false, *fault};
   ++launches_;
   SimProcess& process = Add(executable);
+  process.errorDialogs = errorDialogs_;
   const ProcessId id = process.id;
-  if (process.program.diesAtOnce) Bury(id);
+  const std::string& conf = process.program.conf;
+  const bool findsConf = conf.empty() || files_.Has(workingFolder_.current + conf);
+  if (process.program.diesAtOnce || !findsConf) Bury(id);
   return {id, false, {}};
 }
 
@@ -132,6 +141,10 @@ SimProgram& SimProcesses::Program(const std::string& executable) {
 ProcessId SimProcesses::StartForeign(const std::string& executable) { return Add(executable).id; }
 
 void SimProcesses::Crash(ProcessId id) { Bury(id); }
+
+void SimProcesses::Fault(ProcessId id) {
+  if (const SimProcess* process = Find(id); process && !process->errorDialogs) Bury(id);
+}
 
 void SimProcesses::CloseWindows(ProcessId id) {
   std::erase_if(windows_, [&](const SimWindow& w) { return w.owner == id; });

@@ -11,6 +11,7 @@
 #include "tests/simulation/call_recorder.h"
 #include "tests/simulation/sim_clock.h"
 #include "tests/simulation/sim_files.h"
+#include "tests/simulation/sim_working_folder.h"
 
 namespace tarvo {
 
@@ -29,6 +30,8 @@ struct SimProgram {
   bool opensWindow = true;
   std::uint32_t windowOpensAfter = 0;  ///< Milliseconds from the start.
   bool refusesToDie = false;
+  /// The file that it looks for in its current folder and without which it dies at once; "": none.
+  std::string conf;
   std::uint32_t dyingTime = 0;  ///< Milliseconds that an ended process is still listed.
   /// Why the system refuses to start it, for as long as there is a reason.
   std::optional<FileFault> launchFault;
@@ -49,6 +52,7 @@ struct SimProcess {
   std::uint32_t priorityClass = 0x20;
   std::uint64_t startedAt = 0;  ///< On `SimClock::Age`.
   bool openedWindow = false;
+  bool errorDialogs = true;             ///< A fault of its own opens the system's dialog.
   std::optional<std::uint64_t> endsAt;  ///< Dying: its window and its port are gone already.
 };
 
@@ -62,11 +66,13 @@ struct SimWindow {
 /// The processes of the machine and their top-level windows, the newest window in front.
 class SimProcesses final : public Processes, public ForeignWindows {
  public:
-  SimProcesses(CallRecorder& recorder, SimClock& clock, const SimFiles& files);
+  SimProcesses(CallRecorder& recorder, SimClock& clock, const SimFiles& files,
+               const SimWorkingFolder& workingFolder);
 
   std::vector<ProcessEntry> Snapshot() override;
   void End(ProcessId id) override;
   void ChangePriority(ProcessId id, std::uint32_t priorityClass) override;
+  void TurnErrorDialogsOff() override;
   LaunchResult LaunchHidden(const std::string& executablePath) override;
 
   WindowHandle First() override;
@@ -82,6 +88,9 @@ class SimProcesses final : public Processes, public ForeignWindows {
   ProcessId StartForeign(const std::string& executable);
   /// The process ends by itself.
   void Crash(ProcessId id);
+  /// The process commits a fault that ends it, an access violation for example. Under an error
+  /// dialog it lives on as it was, its window and its port too.
+  void Fault(ProcessId id);
   /// The process stays, its window goes.
   void CloseWindows(ProcessId id);
   WindowHandle OpenWindow(ProcessId owner, WindowHandle parent = 0);
@@ -116,6 +125,7 @@ class SimProcesses final : public Processes, public ForeignWindows {
   CallRecorder& recorder_;
   SimClock& clock_;
   const SimFiles& files_;
+  const SimWorkingFolder& workingFolder_;
   std::map<std::string, SimProgram> programs_;
   std::vector<SimProcess> processes_;
   std::vector<SimWindow> windows_;
@@ -125,6 +135,7 @@ class SimProcesses final : public Processes, public ForeignWindows {
   WindowHandle lastWindow_ = 0x10000;
   std::size_t launches_ = 0;
   bool executablesLost_ = false;
+  bool errorDialogs_ = true;
 };
 
 }  // namespace tarvo

@@ -59,8 +59,9 @@ struct Desk {
   Form form{queue};
   PerComponent<DropDownList>& Exes;
   ComponentTable components;
-  ProcessControl processes{
-      machine.processes, machine.processes, machine.clock, machine.codePage, Exes, "C:\\srv"};
+  ProcessControl processes{machine.processes, machine.processes,     machine.clock,
+                           machine.codePage,  machine.workingFolder, Exes,
+                           "C:\\srv"};
   StatusLog log{form.status.RTLog, form.servers.WLog, form.servers.LogH,
                 machine.files,     machine.clock,     "C:\\srv"};
   PortProbe probe{machine.network};

@@ -40,6 +40,7 @@ class TimedProcesses final : public Processes {
   void ChangePriority(ProcessId id, std::uint32_t priorityClass) override {
     real_.ChangePriority(id, priorityClass);
   }
+  void TurnErrorDialogsOff() override { real_.TurnErrorDialogsOff(); }
   LaunchResult LaunchHidden(const std::string& executablePath) override {
     const auto launched = real_.LaunchHidden(executablePath);
     moments_.lastStarted = Now();

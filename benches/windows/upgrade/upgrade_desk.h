@@ -18,7 +18,7 @@ struct UpgradeDesk {
       : ports(system),
         root(launcherPath),
         processes(processPort, ports.foreignWindows, ports.tickClock, ports.codePage,
-                  form.servers.Exes, root.AppFolder()),
+                  ports.workingFolder, form.servers.Exes, root.AppFolder()),
         upgrade({form, components, startStop, log, settings, ports.fileReader,
                  PatientCopies(copies, ports.tickClock), ports.localClock, ports.messageBoxes,
                  root.AppFolder(), UpgradeInProgress}) {
