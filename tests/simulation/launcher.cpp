@@ -117,14 +117,20 @@ void Launcher::Close() {
 void Launcher::Pass(std::chrono::milliseconds time) {
   const std::uint64_t end = machine_.clock.Age() + static_cast<std::uint64_t>(time.count());
   TimerQueue& timers = principal_.TheTimers();
-  while (!Ended() && !principal_.Dispatch().Closed()) {
+  while (!Ended()) {
     const auto wait = timers.UntilNext();
     if (!wait || machine_.clock.Age() + *wait > end) break;
     machine_.clock.Advance(*wait);
-    ++ticks_;
-    timers.RunNext([this](const std::function<void()>& tick) { principal_.Dispatch().Run(tick); });
+    timers.RunNext([this](const std::function<void()>& tick) { Tick(tick); });
   }
   if (machine_.clock.Age() < end) machine_.clock.Advance(end - machine_.clock.Age());
+}
+
+void Launcher::Tick(const std::function<void()>& tick) {
+  Event([&] {
+    ++ticks_;
+    tick();
+  });
 }
 
 void Launcher::Appended(const ColouredText& piece) {

@@ -15,7 +15,8 @@ namespace tarvo {
 /// program's sudden death: nothing is saved, nothing is told.
 ///
 /// The operator's verbs name a control as the form does, and reach the program through its dispatch
-/// as a native window would. Time passes by the timer queue, every tick at its moment.
+/// as a native window would. Time passes by the timer queue, every tick at its moment, and as long
+/// as the window has not ended: that nothing acts any more is the program's own business.
 class Launcher final : private RichTextMirror {
  public:
   explicit Launcher(SimMachine& machine);
@@ -53,6 +54,7 @@ class Launcher final : private RichTextMirror {
   /// Keeps no copy of the log's lines, for runs of months.
   void KeepNoLog() { keepLog_ = false; }
 
+  /// Ticks that the dispatch let through.
   std::size_t Ticks() const { return ticks_; }
 
   /// The names of the running timers that belong to a component, for example "LCtrl PrepL".
@@ -69,6 +71,7 @@ class Launcher final : private RichTextMirror {
   void Appended(const ColouredText& piece) override;
   void Replaced() override {}
   void Event(const std::function<void()>& event);
+  void Tick(const std::function<void()>& tick);
 
   SimMachine& machine_;
   SimInstanceLock lock_;
