@@ -7,6 +7,22 @@ using namespace std::chrono_literals;
 
 class Shutdown : public LauncherStory {
  protected:
+  /// The calls by which the launcher takes its leave, the icon's, a save and networking's end; a
+  /// save is told once, however many values it writes.
+  std::string Farewell() const {
+    std::string calls;
+    std::string last;
+    for (const std::string& call : machine.recorder.Calls()) {
+      const std::string name = call.substr(0, call.find('('));
+      const bool tells = name.starts_with("tray.") || name == "registry.write" ||
+                         name == "sockets.stop" || name == "files.append";
+      if (!tells || name == last) continue;
+      calls += name + "\n";
+      last = name;
+    }
+    return calls;
+  }
+
   static constexpr char kUnloadQuestion[] =
       "This option will stop the launcher without kill the server, is usefull to update the "
       "launcher version.\r\n"
@@ -25,6 +41,13 @@ TEST_F(Shutdown, ACloseSavesEndsNetworkingAndEnds) {
   EXPECT_EQ(machine.Setting("LoginTimeout"), "33");
   EXPECT_EQ(machine.network.Stops(), 1);
   EXPECT_EQ(machine.boxes.NewTexts(), "");
+}
+
+TEST_F(Shutdown, ACloseTakesTheIconAwaySavesAndThenEndsNetworking) {
+  StartLauncher();
+  machine.recorder.Forget();
+  launcher->Close();
+  EXPECT_EQ(Farewell(), "tray.delete\ntray.closeWindow\nregistry.write\nsockets.stop\n");
 }
 
 TEST_F(Shutdown, ACloseIsRefusedWhileAServerIsKnownToRun) {
@@ -85,6 +108,45 @@ TEST_F(Shutdown, UnloadingSavesEndsAndTouchesNoServer) {
   EXPECT_EQ(machine.processes.Named(kLogin).size(), 1u);
   EXPECT_EQ(machine.network.Stops(), 0);
   for (ComponentKind kind : kComponents) EXPECT_EQ(launcher->Of(kind).ProcessId, 0u);
+}
+
+TEST_F(Shutdown, UnloadingTellsItTakesTheIconAwayForgetsTheServersAndThenSaves) {
+  StartWithAllServers();
+  launcher->Check("WLog", 0);
+  std::string known;
+  const auto noteKnown = [&] { known += launcher->Of(ComponentKind::Map).ProcessId ? "1" : "0"; };
+  machine.recorder.Forget();
+  machine.recorder.beforeEach = [&] {
+    const std::string& call = machine.recorder.Calls().back();
+    if (call.starts_with("tray.closeWindow") || call.starts_with("registry.write")) noteKnown();
+  };
+  machine.boxes.AnswerNext(Answer::Yes);
+  launcher->Click("Command1");
+  EXPECT_EQ(Farewell(), "files.append\ntray.delete\ntray.closeWindow\nregistry.write\n");
+  EXPECT_EQ(known.substr(0, 2), "10") << "known at the icon's end, forgotten at the save";
+}
+
+TEST_F(Shutdown, NoChangeIsSavedBeforeTheClose) {
+  StartLauncher();
+  machine.recorder.Forget();
+  for (std::size_t i = 0; i < 3; ++i) {
+    launcher->Choose("Exes", i, "tarvo-launcher.exe");
+    launcher->Choose("Prior", i, "V-Low");
+    launcher->Click("chkAutoStart", i);
+    launcher->Click("chkAK", i);
+    launcher->Type("TTO", i, "44");
+    launcher->Click("opt_Rnd", i);
+  }
+  launcher->Click("chkAK", 3);
+  launcher->Click("WLog");
+  launcher->Choose("LogH", 0, "Only Errors");
+  launcher->Click("SMinimized");
+  launcher->Window().MovedTo({10, 20, 900, 700});
+  launcher->Window().SetState(WindowState::Minimized);
+  launcher->Pass(1min);
+  EXPECT_EQ(machine.recorder.CountOf("registry.write"), 0u);
+  launcher->Close();
+  EXPECT_GT(machine.recorder.CountOf("registry.write"), 20u);
 }
 
 TEST_F(Shutdown, TheSystemsEndSavesAndEndsNetworkingThoughServersRun) {

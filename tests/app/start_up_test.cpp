@@ -217,6 +217,16 @@ TEST_F(StartUp, AllThreeAutoStartsAreOneStartAll) {
   EXPECT_EQ(Page(), 0);
 }
 
+TEST_F(StartUp, AllThreeAutoStartsAreRefusedByOneBox) {
+  for (const char* name : {"LoginAutoStart", "CharAutoStart", "MapAutoStart"}) {
+    machine.SetSetting(name, "1");
+  }
+  machine.SetSetting("CharExe", "nothing such");
+  StartLauncher();
+  EXPECT_EQ(machine.boxes.NewTexts(), "Please, select the right servers from the list\n");
+  EXPECT_FALSE(launcher->Ended());
+}
+
 TEST_F(StartUp, TwoAutoStartsStartOneByOne) {
   machine.SetSetting("LoginAutoStart", "1");
   machine.SetSetting("MapAutoStart", "1");
@@ -350,7 +360,8 @@ TEST_F(StartUp, ASecondLauncherWhoseFirstCannotBeShownSaysSo) {
   Launcher second(machine);
   second.Start();
   EXPECT_EQ(machine.boxes.NewTexts(), "Tarvo Launcher is already running in this server root.\n");
-  EXPECT_EQ(second.ExitCode(), 2);
+  EXPECT_EQ(machine.boxes.Shown().back().icon, BoxIcon::Critical);
+  EXPECT_EQ(second.ExitCode(), kExitRefused);
 }
 
 TEST_F(StartUp, ASecondLauncherDoesNotShowTheWindowOfAStartThatIsBeingRefused) {

@@ -128,6 +128,37 @@ TEST_F(Tray, ThePictureFollowsTheStatesAtTheTick) {
   EXPECT_TRUE(Shows(kHealthy, kHealthy, kTrouble));
 }
 
+// Trouble at login and map alone has no code, so the icon keeps the picture of the code before.
+TEST_F(Tray, StatesWithoutACodeKeepThePictureOfTheCodeBefore) {
+  StartLauncher();
+  launcher->Click("bStart", 0);
+  launcher->Click("bStart", 2);
+  launcher->Pass(11s);
+  ASSERT_TRUE(Shows(kHealthy, kUnwatched, kHealthy));
+  Crash(kLogin);
+  Crash(kMap);
+  launcher->Pass(5s);
+  const auto& Sem = launcher->TheForm().frame.Sem;
+  ASSERT_EQ(Sem[ComponentKind::Login].Fill(), LightColourFor(kTrouble));
+  ASSERT_EQ(Sem[ComponentKind::Map].Fill(), LightColourFor(kTrouble));
+  EXPECT_EQ(launcher->TheProgram().StatusCode(), 25);
+  EXPECT_TRUE(Shows(kHealthy, kUnwatched, kHealthy));
+}
+
+TEST_F(Tray, TheTipNamesTheServerOnceTheLauncherIsReady) {
+  std::size_t ready = 0;
+  std::size_t named = 0;
+  launcher = std::make_unique<Launcher>(machine);
+  machine.recorder.beforeEach = [&] {
+    if (machine.recorder.Calls().back() != "tray.modify([Northwind] - Tarvo Launcher)") return;
+    ++named;
+    ready += launcher->CountInLog("Launcher Ready!");
+  };
+  launcher->Start();
+  EXPECT_EQ(named, 1U);
+  EXPECT_EQ(ready, 1U);
+}
+
 TEST_F(Tray, ThePictureChangesBeforeTheLights) {
   StartLauncher();
   launcher->Click("bStart", 3);
