@@ -116,6 +116,7 @@ void Principal::MenuClick(const std::string& key) {
 void Principal::tmrAlarma_Timer() {
   lights_.Combine();
   tray_.SetIconHandle(imgIcon(lights_.StatusCode()));
+  tray_.OfferAgain();
   lights_.Show();
   lastHour_.Note();
 }

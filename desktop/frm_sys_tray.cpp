@@ -41,7 +41,8 @@ frmSysTray::frmSysTray(NotificationArea& area, CodePage& codePage, EventDispatch
     dispatch.Run([this, message] { Form_MouseMove(message); });
   };
   area_.onShellRestarted = [this] {
-    if (loaded_) area_.Add(shown_);
+    there_ = false;
+    OfferAgain();
   };
 }
 
@@ -52,12 +53,12 @@ frmSysTray::~frmSysTray() {
 
 void frmSysTray::SetToolTip(const std::string& text) {
   shown_.tip = CutTip(text, codePage_);
-  if (loaded_) area_.Modify(shown_);
+  if (loaded_) there_ = area_.Modify(shown_);
 }
 
 void frmSysTray::SetIconHandle(tarvo::IconHandle icon) {
   shown_.icon = icon;
-  if (loaded_) area_.Modify(shown_);
+  if (loaded_) there_ = area_.Modify(shown_);
 }
 
 std::size_t frmSysTray::AddMenuItem(const std::string& caption, const std::string& key,
@@ -111,7 +112,11 @@ void frmSysTray::Load(const std::string& toolTip, tarvo::IconHandle icon) {
   shown_ = {icon, CutTip(toolTip, codePage_)};
   area_.OpenWindow(kWindowTitle);
   loaded_ = true;
-  area_.Add(shown_);
+  there_ = area_.Add(shown_);
+}
+
+void frmSysTray::OfferAgain() {
+  if (loaded_ && !there_) there_ = area_.Add(shown_);
 }
 
 void frmSysTray::Unload() {

@@ -17,8 +17,9 @@ namespace tarvo {
 /// owner acts.
 ///
 /// Every member may be called at any time. While the icon is not loaded, values and menu entries
-/// are kept for the moment when it is, nothing is shown and no event is raised. Whether there is a
-/// notification area at all is never asked; when the shell is started again, the icon comes back.
+/// are kept for the moment when it is, nothing is shown and no event is raised. An icon that the
+/// shell has refused, as it does while it starts at a log-on, is offered again by `OfferAgain`; when
+/// the shell is started again, the icon comes back.
 class frmSysTray {
  public:
   frmSysTray(NotificationArea& area, CodePage& codePage, EventDispatch& dispatch);
@@ -59,6 +60,8 @@ class frmSysTray {
 
   /// Makes the hidden window and adds the icon. Once it is loaded, does nothing.
   void Load(const std::string& toolTip, tarvo::IconHandle icon);
+  /// Adds the loaded icon, as it is to be shown now, unless the shell has it.
+  void OfferAgain();
   /// Takes the icon away, then the window. When it is not loaded, does nothing.
   void Unload();
   bool Loaded() const { return loaded_; }
@@ -79,6 +82,7 @@ class frmSysTray {
   std::vector<Item> mnuSysTray_;
   int defaultIndex_ = -1;
   bool loaded_ = false;
+  bool there_ = false;  ///< The shell has taken the icon, or has shown its last change.
 };
 
 /// The beginning of a text that fits into a tip, whole characters only.

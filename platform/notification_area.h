@@ -26,8 +26,8 @@ struct MenuEntry {
   bool isDefault = false;  ///< Drawn in bold.
 };
 
-/// The notification area of the desktop shell. What it answers is not looked at: where there is no
-/// notification area, nothing is shown and nothing fails.
+/// The notification area of the desktop shell. Where there is none, nothing is shown and nothing
+/// fails; a shell that is still starting refuses an icon for a while.
 class NotificationArea {
  public:
   virtual ~NotificationArea() = default;
@@ -38,8 +38,10 @@ class NotificationArea {
   /// Ends a menu that is up and destroys the window; no event comes any more.
   virtual void CloseWindow() = 0;
 
-  virtual void Add(const NotificationIcon& icon) = 0;
-  virtual void Modify(const NotificationIcon& icon) = 0;
+  /// Whether the shell has taken the icon. One that is there already is not taken twice.
+  virtual bool Add(const NotificationIcon& icon) = 0;
+  /// Whether the shell knows the icon and shows it so.
+  virtual bool Modify(const NotificationIcon& icon) = 0;
   virtual void Delete() = 0;
 
   /// Shows a menu at the cursor and returns when it is gone: the index of the chosen entry, or

@@ -83,20 +83,23 @@ void WindowsNotificationArea::CloseWindow() {
   DestroyWindow(window);
 }
 
-void WindowsNotificationArea::Add(const NotificationIcon& icon) {
+bool WindowsNotificationArea::Add(const NotificationIcon& icon) {
+  // Also when it is told as refused: a shell that answers too late has taken it.
   added_ = true;
-  Notify(NIM_ADD, icon);
+  return Notify(NIM_ADD, icon);
 }
 
-void WindowsNotificationArea::Modify(const NotificationIcon& icon) { Notify(NIM_MODIFY, icon); }
+bool WindowsNotificationArea::Modify(const NotificationIcon& icon) {
+  return Notify(NIM_MODIFY, icon);
+}
 
 void WindowsNotificationArea::Delete() {
   if (std::exchange(added_, false)) Notify(NIM_DELETE, {});
 }
 
-void WindowsNotificationArea::Notify(std::uint32_t order, const NotificationIcon& icon) const {
+bool WindowsNotificationArea::Notify(std::uint32_t order, const NotificationIcon& icon) const {
   NOTIFYICONDATAA record = NotificationRecord(ToNative(window_), icon);
-  Shell_NotifyIconA(order, &record);
+  return Shell_NotifyIconA(order, &record) != FALSE;
 }
 
 std::optional<std::size_t> WindowsNotificationArea::ShowMenu(

@@ -19,8 +19,8 @@ class WindowsNotificationArea final : public NotificationArea {
 
   void OpenWindow(const std::string& title) override;
   void CloseWindow() override;
-  void Add(const NotificationIcon& icon) override;
-  void Modify(const NotificationIcon& icon) override;
+  bool Add(const NotificationIcon& icon) override;
+  bool Modify(const NotificationIcon& icon) override;
   void Delete() override;
   std::optional<std::size_t> ShowMenu(const std::vector<MenuEntry>& entries) override;
 
@@ -28,7 +28,7 @@ class WindowsNotificationArea final : public NotificationArea {
   bool TakeMessage(std::uint32_t message, std::intptr_t detail);
 
  private:
-  void Notify(std::uint32_t order, const NotificationIcon& icon) const;
+  bool Notify(std::uint32_t order, const NotificationIcon& icon) const;
 
   std::intptr_t window_ = 0;
   std::uint32_t shellRestarted_ = 0;  ///< The number that the shell's message has been given.

@@ -153,6 +153,42 @@ TEST_F(SysTray, WithoutANotificationAreaEverythingGoesOn) {
   EXPECT_FALSE(area.Shown());
 }
 
+TEST_F(SysTray, ARefusedIconIsOfferedAgainAsItIsByThen) {
+  area.TakeAway();
+  tray.Load("tip", 8);
+  tray.OfferAgain();
+  EXPECT_FALSE(area.Shown());
+  area.TakeAway(false);
+  tray.SetToolTip("later");
+  tray.SetIconHandle(5);
+  tray.OfferAgain();
+  ASSERT_TRUE(area.Shown());
+  EXPECT_EQ(area.Shown()->tip, "later");
+  EXPECT_EQ(area.Shown()->icon, 5);
+  recorder.Forget();
+  tray.OfferAgain();
+  EXPECT_EQ(recorder.Calls(), Calls{}) << "it is there";
+}
+
+TEST_F(SysTray, AnIconThatIsNotLoadedIsNotOffered) {
+  tray.OfferAgain();
+  tray.Load("tip", 8);
+  tray.Unload();
+  recorder.Forget();
+  tray.OfferAgain();
+  EXPECT_EQ(recorder.Calls(), Calls{});
+}
+
+TEST_F(SysTray, AnIconThatWasTakenWithoutAnAnswerIsFoundByItsNextChange) {
+  area.AnswerLate();
+  tray.Load("tip", 8);
+  tray.SetIconHandle(5);
+  recorder.Forget();
+  tray.OfferAgain();
+  EXPECT_EQ(recorder.Calls(), Calls{});
+  EXPECT_EQ(area.Shown()->icon, 5);
+}
+
 TEST_F(SysTray, TheMenuShowsItsEntriesAndReportsTheChosenOnesKey) {
   tray.Load("tip", 8);
   EXPECT_EQ(tray.AddMenuItem("&Show", "open", true), 0U);

@@ -224,6 +224,59 @@ TEST_F(Tray, WithoutANotificationAreaTheLauncherWorks) {
   EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher");
 }
 
+// At a log-on the launcher may be there before the shell, which refuses its icon; a hidden launcher
+// then had no way back to its window.
+TEST_F(Tray, AnIconThatIsRefusedAtLogOnIsThereOnceTheShellIs) {
+  machine.SetSetting("StartMinimized", "1");
+  machine.tray.TakeAway();
+  StartLauncher();
+  launcher->Click("bStart", 3);
+  launcher->Pass(19s);
+  EXPECT_EQ(Tip(), "(none)");
+  machine.tray.TakeAway(false);
+  launcher->Pass(2s);
+  EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher");
+  EXPECT_TRUE(Shows(kHealthy, kHealthy, kHealthy));
+  machine.recorder.Forget();
+  launcher->Pass(10s);
+  EXPECT_EQ(machine.recorder.CountOf("tray.add("), 0U);
+  machine.tray.Mouse(515);
+  EXPECT_TRUE(launcher->Window().Visible());
+}
+
+TEST_F(Tray, ARefusedIconIsOfferedOnceAtEachTick) {
+  machine.tray.TakeAway();
+  StartLauncher();
+  machine.recorder.Forget();
+  launcher->Pass(60s);
+  EXPECT_EQ(machine.recorder.CountOf("tray.add("), 30U);
+}
+
+TEST_F(Tray, AnIconThatARestartedShellRefusesIsOfferedAgain) {
+  StartLauncher();
+  machine.tray.TakeAway();
+  machine.tray.RestartShell();
+  launcher->Pass(4s);
+  machine.tray.TakeAway(false);
+  launcher->Pass(2s);
+  EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher");
+}
+
+TEST_F(Tray, AShellThatForgotTheIconWithoutAWordGetsItAtTheNextTick) {
+  StartLauncher();
+  machine.tray.RestartShellInSilence();
+  launcher->Pass(2s);
+  EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher");
+}
+
+TEST_F(Tray, AnIconThatTheShellHasKeptIsNotOfferedTickByTick) {
+  StartLauncher();
+  machine.tray.AnnounceAgain();
+  machine.recorder.Forget();
+  launcher->Pass(10s);
+  EXPECT_EQ(machine.recorder.CountOf("tray.add("), 0U);
+}
+
 TEST_F(Tray, ARestartedShellGetsTheIconBack) {
   StartLauncher();
   machine.tray.RestartShell();

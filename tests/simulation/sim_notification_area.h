@@ -28,8 +28,19 @@ class SimNotificationArea final : public NotificationArea {
     recorder_.Note("tray.closeWindow()");
     window_.reset();
   }
-  void Add(const NotificationIcon& icon) override { Put("tray.add(", icon, true); }
-  void Modify(const NotificationIcon& icon) override { Put("tray.modify(", icon, false); }
+  bool Add(const NotificationIcon& icon) override {
+    recorder_.Note("tray.add(" + icon.tip + ")");
+    if (gone_ || shown_) return false;
+    shown_ = icon;
+    // A shell that is slow to answer takes the icon and has it told as refused.
+    return !std::exchange(answersLate_, false);
+  }
+  bool Modify(const NotificationIcon& icon) override {
+    recorder_.Note("tray.modify(" + icon.tip + ")");
+    if (gone_ || !shown_) return false;
+    shown_ = icon;
+    return true;
+  }
   void Delete() override {
     recorder_.Note("tray.delete()");
     shown_.reset();
@@ -50,7 +61,17 @@ class SimNotificationArea final : public NotificationArea {
     shown_.reset();
     if (window_ && onShellRestarted) onShellRestarted();
   }
-  /// From now on there is no notification area, or there is one again.
+  /// The shell takes the next icon, but its answer comes too late to be heard.
+  void AnswerLate() { answersLate_ = true; }
+  /// The primary screen's scale changes: the shell says that it was started again, and has kept the
+  /// icon.
+  void AnnounceAgain() {
+    if (window_ && onShellRestarted) onShellRestarted();
+  }
+  /// The shell dies and comes back without anybody hearing of it.
+  void RestartShellInSilence() { shown_.reset(); }
+  /// From now on there is no notification area, or there is one again; so it is while the shell
+  /// starts at a log-on.
   void TakeAway(bool gone = true) {
     gone_ = gone;
     if (gone) shown_.reset();
@@ -64,17 +85,13 @@ class SimNotificationArea final : public NotificationArea {
   const std::vector<std::vector<MenuEntry>>& Menus() const { return menus_; }
 
  private:
-  void Put(const char* call, const NotificationIcon& icon, bool isNew) {
-    recorder_.Note(call + icon.tip + ")");
-    if (!gone_ && (isNew || shown_)) shown_ = icon;
-  }
-
   CallRecorder& recorder_;
   std::optional<std::string> window_;
   std::optional<NotificationIcon> shown_;
   std::vector<std::vector<MenuEntry>> menus_;
   std::optional<std::size_t> choice_;
   bool gone_ = false;
+  bool answersLate_ = false;
 };
 
 /// The system's icons: counts those that are alive. Their handles are never used twice.
