@@ -192,5 +192,19 @@ TEST(StatusIcons, ASystemWithoutRoomIsAskedAgain) {
   EXPECT_NE(icons.For(states), 0);
 }
 
+TEST(StatusIcons, WithoutRoomForANewOneTheLastStays) {
+  SimIcons system;
+  StatusIcons icons(system);
+  icons.For(AllStates()[0]);
+  const IconHandle last = icons.For(AllStates()[1]);
+  system.roomForMore = false;
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(icons.For(AllStates()[2]), last);
+    EXPECT_TRUE(system.alive.contains(last));
+  }
+  system.roomForMore = true;
+  EXPECT_NE(icons.For(AllStates()[2]), last);
+}
+
 }  // namespace
 }  // namespace tarvo
