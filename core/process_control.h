@@ -48,8 +48,8 @@ class ProcessControl {
   /// owns a window is not known then.
   std::optional<WindowHandle> FindMainWindow(ProcessId id);
 
-  /// Shows the window in its normal state, or hides it. Returns ShowWindow's result, 0 for no
-  /// window.
+  /// Asks for the window in its normal state, or hidden; a program that hangs obeys when it answers
+  /// again, and is not waited for. Not 0 when the window was visible before, 0 for no window.
   int ShowComponentWindow(WindowHandle window, bool show);
 
   /// Starts the chosen executable of the root with a hidden window. It inherits the launcher's

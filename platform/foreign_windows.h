@@ -13,7 +13,8 @@ using WindowHandle = std::intptr_t;
 inline constexpr int kHideWindow = 0;
 inline constexpr int kShowWindowNormal = 1;
 
-/// The top-level windows of all programs, in the order in which they lie on the screen.
+/// The top-level windows of all programs, in the order in which they lie on the screen. No call
+/// waits for the program that a window belongs to: it may have stopped to answer.
 class ForeignWindows {
  public:
   virtual ~ForeignWindows() = default;
@@ -23,7 +24,8 @@ class ForeignWindows {
   virtual bool StillThere(WindowHandle window) = 0;
   virtual WindowHandle Parent(WindowHandle window) = 0;
   virtual ProcessId Owner(WindowHandle window) = 0;
-  /// Returns ShowWindow's result: not 0 when the window was visible before.
+  /// Asks for one of ShowWindow's commands; the window obeys when its program gets to it. Not 0
+  /// when the window was visible when it was asked.
   virtual int Show(WindowHandle window, int command) = 0;
 };
 

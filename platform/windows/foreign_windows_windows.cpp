@@ -32,7 +32,6 @@ ProcessId WindowsForeignWindows::Owner(WindowHandle window) {
 
 int WindowsForeignWindows::Show(WindowHandle window, int command) {
   const HWND native = ToNative(window);
-  if (IsHungAppWindow(native) == 0) return ShowWindow(native, command);
   const int visible = IsWindowVisible(native);
   ShowWindowAsync(native, command);
   return visible;

@@ -4,7 +4,7 @@
 
 namespace tarvo {
 
-/// The desktop's top-level windows by the calls of user32.
+/// The desktop's top-level windows by those calls of user32 that send no message.
 class WindowsForeignWindows : public ForeignWindows {
  public:
   WindowHandle First() override;
@@ -12,8 +12,6 @@ class WindowsForeignWindows : public ForeignWindows {
   bool StillThere(WindowHandle window) override;
   WindowHandle Parent(WindowHandle window) override;
   ProcessId Owner(WindowHandle window) override;
-  /// A window whose program has stopped to answer messages is told without waiting for it; the
-  /// result is then whether it is visible now.
   int Show(WindowHandle window, int command) override;
 };
 

@@ -146,6 +146,20 @@ TEST_F(ShowWindows, TheFirstPressHidesAWindowThatWasHiddenFromTheStart) {
   EXPECT_TRUE(Visible(kMap));
 }
 
+TEST_F(ShowWindows, AServerThatHangsIsNotWaitedForAndObeysLater) {
+  StartAndLook();
+  Process(kMap).hangs = true;
+  const std::uint64_t asked = machine.clock.Age();
+  launcher->Click("opt_ShowWin", 2);
+  launcher->Click("opt_ShowWin", 0);
+  EXPECT_EQ(machine.clock.Age(), asked);
+  EXPECT_TRUE(Visible(kMap));
+  EXPECT_FALSE(Visible(kLogin));
+  Process(kMap).hangs = false;
+  launcher->Pass(5s);
+  EXPECT_FALSE(Visible(kMap));
+}
+
 TEST_F(ShowWindows, EveryComponentCountsForItself) {
   StartAndLook();
   launcher->Click("opt_ShowWin", 0);

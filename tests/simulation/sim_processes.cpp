@@ -129,7 +129,11 @@ int SimProcesses::Show(WindowHandle window, int command) {
   recorder_.Note("windows.show(" + std::to_string(window) + ", " + std::to_string(command) + ")");
   Settle();
   for (SimWindow& w : windows_) {
-    if (w.handle == window) return std::exchange(w.visible, command != kHideWindow) ? 24 : 0;
+    if (w.handle != window) continue;
+    const int before = w.visible ? 24 : 0;
+    w.askedFor = command != kHideWindow;
+    Obey(w);
+    return before;
   }
   return 0;
 }
@@ -152,7 +156,7 @@ void SimProcesses::CloseWindows(ProcessId id) {
 
 WindowHandle SimProcesses::OpenWindow(ProcessId owner, WindowHandle parent) {
   lastWindow_ += 2;
-  windows_.insert(windows_.begin(), {lastWindow_, owner, parent, false});
+  windows_.insert(windows_.begin(), {lastWindow_, owner, parent, false, std::nullopt});
   return lastWindow_;
 }
 
@@ -228,6 +232,14 @@ void SimProcesses::Settle() {
     process.openedWindow = true;
     OpenWindow(process.id);
   }
+  for (SimWindow& window : windows_) Obey(window);
+}
+
+void SimProcesses::Obey(SimWindow& window) {
+  const SimProcess* owner = Find(window.owner);
+  if (!window.askedFor || (owner && owner->hangs)) return;
+  window.visible = *window.askedFor;
+  window.askedFor.reset();
 }
 
 void SimProcesses::Bury(ProcessId id) {

@@ -49,6 +49,7 @@ struct SimProcess {
   SimProgram program;
   PortAnswer answer = PortAnswer::Listens;
   std::uint32_t queueRoom = 0;  ///< Callers that are still let in when nobody accepts.
+  bool hangs = false;  ///< Its windows take no message; what they are asked for waits.
   std::uint32_t priorityClass = 0x20;
   std::uint64_t startedAt = 0;  ///< On `SimClock::Age`.
   bool openedWindow = false;
@@ -61,6 +62,7 @@ struct SimWindow {
   ProcessId owner = 0;
   WindowHandle parent = 0;
   bool visible = false;
+  std::optional<bool> askedFor;  ///< To be visible or not, once its program answers again.
 };
 
 /// The processes of the machine and their top-level windows, the newest window in front.
@@ -120,6 +122,7 @@ class SimProcesses final : public Processes, public ForeignWindows {
   SimProcess* Find(ProcessId id);
   SimProcess& Add(const std::string& executable);
   void Settle();
+  void Obey(SimWindow& window);
   void Bury(ProcessId id);
 
   CallRecorder& recorder_;
