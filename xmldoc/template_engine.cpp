@@ -25,7 +25,7 @@ std::string TemplateEngine::Fill(Document& root) {
         ++at;
         break;
       case TemplatePart::Kind::Field:
-        AddField(template_.fields[part.index]);
+        AddField(part);
         ++at;
         break;
       case TemplatePart::Kind::Open:
@@ -36,30 +36,30 @@ std::string TemplateEngine::Fill(Document& root) {
         break;
     }
   }
-  FillWaiting();
   TemplateText filled = output_.Take();
   return template_.mayHaveMail ? SendTemplateMails(filled, ports_) : std::move(filled.text);
 }
 
-void TemplateEngine::AddField(const TemplateProgram& field) {
-  if (template_.hasEffects) {
+void TemplateEngine::AddField(const TemplatePart& part) {
+  const TemplateProgram& field = template_.fields[part.index];
+  if (part.blockFollows) {
     waiting_.push_back({output_.AddHole(), &field});
-    return;
+  } else {
+    FillField(field, TemplateOutput::kAtEnd);
   }
-  // Nothing shows in which order fields without effects are filled.
-  const std::size_t before = output_.Text().size();
-  evaluator_.Fill(field, *frames_.back().node, output_.Text());
-  output_.ValueAdded(before);
+}
+
+void TemplateEngine::FillField(const TemplateProgram& field, std::size_t hole) {
+  Document& node = *frames_.back().node;
+  output_.AddValue(hole, [&](std::string& text) { evaluator_.Fill(field, node, text); });
 }
 
 void TemplateEngine::FillWaiting() {
-  Frame& frame = frames_.back();
-  for (std::size_t i = frame.firstWaiting; i < waiting_.size(); ++i) {
-    std::string value;
-    evaluator_.Fill(*waiting_[i].field, *frame.node, value);
-    output_.FillHole(waiting_[i].hole, std::move(value));
+  const std::size_t first = frames_.back().firstWaiting;
+  for (std::size_t i = first; i < waiting_.size(); ++i) {
+    FillField(*waiting_[i].field, waiting_[i].hole);
   }
-  waiting_.resize(frame.firstWaiting);
+  waiting_.resize(first);
 }
 
 std::size_t TemplateEngine::EnterBlock(std::size_t part) {
@@ -69,15 +69,19 @@ std::size_t TemplateEngine::EnterBlock(std::size_t part) {
   frame.firstWaiting = waiting_.size();
   // Values may be gathered ahead only where nothing changes them on the way.
   if (frame.block->isShared && !template_.hasEffects) ShareSiblings(frame);
-  if (!NextChild(frame)) return template_.parts[part].other + 1;
+  if (!NextChild(frame)) return BehindBlock(template_.parts[part].other);
   frames_.push_back(std::move(frame));
   return part + 1;
 }
 
 std::size_t TemplateEngine::EndBody(std::size_t part) {
-  FillWaiting();
   if (NextChild(frames_.back())) return template_.parts[part].other + 1;
   frames_.pop_back();
+  return BehindBlock(part);
+}
+
+std::size_t TemplateEngine::BehindBlock(std::size_t part) {
+  if (!template_.parts[part].blockFollows) FillWaiting();
   return part + 1;
 }
 

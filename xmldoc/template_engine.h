@@ -17,8 +17,10 @@ namespace tarvo {
 /// "set(" alone; ports must not change it meanwhile.
 ///
 /// Blocks come first, field directives outside of them second, mail third: within the body of a
-/// block, as produced for one child, likewise blocks first. Time is in proportion to the children
-/// looked at and the output; no stack is needed in proportion to the nesting.
+/// block, as produced for one child, likewise blocks first. So a field is filled where it stands
+/// only when no block follows it in its body; before that block it waits until the last block of
+/// the body is done. Time is in proportion to the children looked at and the output; no stack is
+/// needed in proportion to the nesting.
 class TemplateEngine {
  public:
   TemplateEngine(std::string_view text, const TemplatePorts& ports);
@@ -37,7 +39,7 @@ class TemplateEngine {
     Ref<Document> node;                          // the current one
     std::size_t firstWaiting = 0;
   };
-  /// A field directive whose turn comes when the blocks around it are done.
+  /// A field directive whose turn comes when the blocks behind it are done.
   struct Waiting {
     std::size_t hole;
     const TemplateProgram* field;
@@ -45,11 +47,13 @@ class TemplateEngine {
 
   std::size_t EnterBlock(std::size_t part);
   std::size_t EndBody(std::size_t part);
+  std::size_t BehindBlock(std::size_t part);
   void ShareSiblings(Frame& frame);
   bool NextChild(Frame& frame);
   bool NextSibling(Frame& frame);
   void CountLook();
-  void AddField(const TemplateProgram& field);
+  void AddField(const TemplatePart& part);
+  void FillField(const TemplateProgram& field, std::size_t hole);
   void FillWaiting();
 
   const TemplatePorts& ports_;

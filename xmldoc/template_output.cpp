@@ -10,20 +10,17 @@ void TemplateOutput::RaiseTooLong() const {
   RaiseBeyondBounds("The output of the template passes " + std::to_string(mostBytes_) + " bytes");
 }
 
-void TemplateOutput::ValueAdded(std::size_t sizeBefore) {
-  const std::size_t added = text_.size() - sizeBefore;
-  Count(added);
-  if (keepRanges_ && added > 0) values_.push_back({sizeBefore, added});
-}
-
 std::size_t TemplateOutput::AddHole() {
-  holes_.push_back({text_.size(), {}});
+  holes_.push_back({text_.size()});
   return holes_.size() - 1;
 }
 
-void TemplateOutput::FillHole(std::size_t hole, std::string value) {
-  Count(value.size());
-  holes_[hole].value = std::move(value);
+void TemplateOutput::FillHole(std::size_t hole, std::size_t start, std::size_t length) {
+  holes_[hole].start = start;
+  holes_[hole].length = length;
+  while (!holes_.empty() && holes_.back().start != kOpen && holes_.back().length == 0) {
+    holes_.pop_back();
+  }
 }
 
 TemplateText TemplateOutput::Take() {
@@ -31,11 +28,21 @@ TemplateText TemplateOutput::Take() {
   TemplateText whole;
   whole.text.reserve(bytes_);
   std::size_t done = 0;
+  std::size_t shift = 0;  // what the holes so far have put before the text
+  auto value = values_.begin();
   for (const Hole& hole : holes_) {
+    // A value that stands at a hole was added after it.
+    for (; value != values_.end() && value->start < hole.position; ++value) {
+      whole.values.push_back({value->start + shift, value->length});
+    }
     whole.text.append(text_, done, hole.position - done);
     done = hole.position;
-    if (keepRanges_) whole.values.push_back({whole.text.size(), hole.value.size()});
-    whole.text += hole.value;
+    if (keepRanges_) whole.values.push_back({whole.text.size(), hole.length});
+    whole.text.append(lateValues_, hole.start, hole.length);
+    shift += hole.length;
+  }
+  for (; value != values_.end(); ++value) {
+    whole.values.push_back({value->start + shift, value->length});
   }
   whole.text.append(text_, done);
   return whole;

@@ -52,6 +52,7 @@ class Parser {
     SplitIntoBlocks();
     if (!open_.empty()) RaiseMissingBlockEnd(CloseTag(open_.front().id));
     FillWithFields();
+    NoteWhatBlocksFollow();
     for (const TemplatePart& part : result_.parts) {
       result_.mayHaveMail |= part.kind == Kind::Text && MayBeginMail(part.text);
     }
@@ -172,29 +173,44 @@ class Parser {
         continue;
       }
       if (at > done) result_.parts.push_back({Kind::Text, text.substr(done, at - done)});
-      const std::size_t end = TemplateTagEnd(text, at);
-      AddField(text.substr(at, end - at));
-      at = done = end + 1;
+      at = done = TakeField(text, at);
     }
     if (done < text.size()) result_.parts.push_back({Kind::Text, text.substr(done)});
   }
 
-  static TemplateProgram ReadField(std::string_view tag) {
+  /// Returns where the text goes on.
+  std::size_t TakeField(std::string_view text, std::size_t at) {
+    std::size_t next = text.size();
     try {
+      const std::size_t end = TemplateTagEnd(text, at);
+      next = end + 1;
+      const std::string_view tag = text.substr(at, end - at);
       const std::optional<std::string> id = TemplateAttribute(tag, "id");
-      return ReadTemplateField(id ? *id : tag.substr(kField.size()));
+      AddField(ReadTemplateField(id ? *id : tag.substr(kField.size())));
     } catch (const RuntimeError& fault) {
       TemplateProgram faulty;
       faulty.fault = fault;
-      return faulty;
+      AddField(std::move(faulty));
     }
+    return next;
   }
 
-  void AddField(std::string_view tag) {
-    TemplateProgram field = ReadField(tag);
+  void AddField(TemplateProgram field) {
     result_.hasEffects = result_.hasEffects || field.hasEffects;
     result_.fields.push_back(std::move(field));
     result_.parts.push_back({Kind::Field, {}, result_.fields.size() - 1});
+  }
+
+  void NoteWhatBlocksFollow() {
+    std::vector<bool> blockFollows{false};  // in the bodies that the part lies in
+    for (auto part = result_.parts.rbegin(); part != result_.parts.rend(); ++part) {
+      part->blockFollows = blockFollows.back();
+      if (part->kind == Kind::Close) {
+        blockFollows.back() = true;
+        blockFollows.push_back(false);
+      }
+      if (part->kind == Kind::Open) blockFollows.pop_back();
+    }
   }
 
   std::string_view text_;

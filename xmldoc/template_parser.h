@@ -34,6 +34,7 @@ struct TemplatePart {
   std::string_view text;
   std::size_t index = 0;
   std::size_t other = 0;
+  bool blockFollows = false;  ///< Of a Field and a Close: another block follows in the same body.
 };
 
 struct ParsedTemplate {
@@ -45,9 +46,10 @@ struct ParsedTemplate {
 };
 
 /// Takes a template apart, first its blocks, then the field directives between them; `text` must
-/// outlive the result. Raises the faults of tags and blocks without an end and of a block's
-/// attributes; those of conditions and field directives are kept with them. Takes time in
-/// proportion to the text and no stack in proportion to its nesting.
+/// outlive the result. Raises the faults of block tags and blocks without an end and of a block's
+/// attributes; those of conditions and field directives are kept with them, a field tag without an
+/// end being a directive up to the next block. Takes time in proportion to the text and no stack in
+/// proportion to its nesting.
 ///
 /// Blocks of one id nest: a close tag belongs to the last open block of its id. A close tag without
 /// an open block is plain text.

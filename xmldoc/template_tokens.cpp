@@ -3,6 +3,7 @@
 #include <string>
 
 #include "xmldoc/template_error.h"
+#include "xmldoc/template_functions.h"
 #include "xmldoc/text_rules.h"
 
 namespace tarvo {
@@ -20,9 +21,9 @@ class Tokenizer {
   std::vector<TemplateToken> Run() {
     while (at_ < text_.size()) TakeCharacter();
     FlushText(at_);
-    for (const std::size_t open : open_) {
-      if (open == kParenthesis) continue;
-      RaiseMalformedField("Missing \")\" of " + std::string(tokens_[open].text) + "(");
+    for (const Open& open : open_) {
+      if (open.call == kParenthesis) continue;
+      RaiseMalformedField("Missing \")\" of " + std::string(tokens_[open.call].text) + "(");
     }
     Add(Kind::End, {});
     return std::move(tokens_);
@@ -30,6 +31,10 @@ class Tokenizer {
 
  private:
   static constexpr std::size_t kParenthesis = static_cast<std::size_t>(-1);
+  struct Open {
+    std::size_t call;      // its token, or kParenthesis
+    bool isInCalculation;  // the innermost call is "cal"
+  };
 
   void TakeCharacter() {
     switch (text_[at_]) {
@@ -61,12 +66,13 @@ class Tokenizer {
     std::size_t word = at_;
     while (word > textStart_ && IsWordPart(text_[word - 1])) --word;
     while (word < at_ && !IsLetter(text_[word])) ++word;
-    if (word == at_) {
-      open_.push_back(kParenthesis);
+    const std::string_view name = text_.substr(word, at_ - word);
+    const bool inCalculation = !open_.empty() && open_.back().isInCalculation;
+    if (name.empty() || (inCalculation && EqualIgnoringCase(name, "mod"))) {
+      open_.push_back({kParenthesis, inCalculation});
       ++at_;
       return;
     }
-    const std::string_view name = text_.substr(word, at_ - word);
     FlushText(word);
     if (EqualIgnoringCase(name, "var")) {
       const auto end = text_.find(')', at_);
@@ -74,16 +80,18 @@ class Tokenizer {
       Add(Kind::Value, text_.substr(at_ + 1, end - at_ - 1));
       SkipTo(end + 1);
     } else {
-      open_.push_back(tokens_.size());
+      const TemplateFunctionRule* rule = FindTemplateFunction(name);
+      open_.push_back(
+          {tokens_.size(), rule != nullptr && rule->function == TemplateFunction::Calculate});
       Add(Kind::Call, name);
       SkipTo(at_ + 1);
     }
   }
 
   void TakeClose() {
-    if (!open_.empty() && open_.back() != kParenthesis) {
+    if (!open_.empty() && open_.back().call != kParenthesis) {
       FlushText(at_);
-      tokens_[open_.back()].close = tokens_.size();
+      tokens_[open_.back().call].close = tokens_.size();
       Add(Kind::Close, {});
       SkipTo(at_ + 1);
     } else {
@@ -93,7 +101,7 @@ class Tokenizer {
   }
 
   void TakeMark(Kind kind) {
-    if (open_.empty() || open_.back() == kParenthesis) {
+    if (open_.empty() || open_.back().call == kParenthesis) {
       ++at_;
       return;
     }
@@ -113,7 +121,7 @@ class Tokenizer {
   std::size_t at_ = 0;
   std::size_t textStart_ = 0;
   std::vector<TemplateToken> tokens_;
-  std::vector<std::size_t> open_;  // the calls that are open, as tokens, and other parentheses
+  std::vector<Open> open_;  // calls and other parentheses
 };
 
 }  // namespace

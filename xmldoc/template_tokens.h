@@ -25,10 +25,11 @@ struct TemplateToken {
 
 /// Takes a directive's text apart; the last token is End. The tokens are parts of the text.
 ///
-/// A word directly before "(" is a call. Other parentheses are text; they pair, and what stands
-/// between them holds no separators. Outside of calls, separators and bars are text. Raises the
-/// fault of a malformed field for a call that is not closed, and that of a malformed tag for quotes
-/// that do not pair. It needs no stack in proportion to the nesting.
+/// A word directly before "(" is a call, but "mod" in a calculation, which is its operator. Other
+/// parentheses are text; they pair, and what stands between them holds no separators. Outside of
+/// calls, separators and bars are text. Raises the fault of a malformed field for a call that is
+/// not closed, and that of a malformed tag for quotes that do not pair. It needs no stack in
+/// proportion to the nesting.
 std::vector<TemplateToken> TemplateTokens(std::string_view text);
 
 }  // namespace tarvo

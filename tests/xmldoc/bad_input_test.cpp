@@ -6,16 +6,10 @@
 
 #include <algorithm>
 
+#include "allocated_bytes.h"
 #include "tree_text.h"
 #include "xmldoc/document.h"
 #include "xmldoc/tool/stdio_file_reader.h"
-
-#ifdef __SANITIZE_ADDRESS__
-// The address sanitizer's own; its header is not everywhere.
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
-#else
-#include <malloc.h>
-#endif
 
 namespace tarvo {
 namespace {
@@ -35,16 +29,6 @@ std::vector<std::pair<std::string, std::string>> Corpus() {
   closedir(folder);
   std::sort(corpus.begin(), corpus.end());
   return corpus;
-}
-
-/// Bytes that the program has allocated and not freed.
-std::size_t AllocatedBytes() {
-#ifdef __SANITIZE_ADDRESS__
-  return __sanitizer_get_current_allocated_bytes();
-#else
-  const struct mallinfo2 info = mallinfo2();
-  return info.uordblks + info.hblkhd;
-#endif
 }
 
 /// What must hold for any text. Returns the nodes that it gave.

@@ -125,7 +125,8 @@ TEST(TemplateBlocks, RaiseTheFaultsOfABodyOnlyWhenItIsProduced) {
       {" ID=\"b\"", "<@field id=x>", kMalformed},
       {" ID=\"b\" when=\"x\"", "", noCondition},
       {" ID=\"b\" start=\"3\" when=\"x\"", "<@field shout(x)>", noCondition},
-      {" ID=\"none\"", "<@field x", kMalformed},
+      {" ID=\"none\"", "<@field x", "[]"},
+      {" ID=\"b\"", "<@field x", kMalformed},
       {" ID=\"none\"", "<@open ID=\"c\">",
        "10102 Vemto.Parser: Falta el final de bloque:\r\n<@close ID=\"c\">"},
   };
