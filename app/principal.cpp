@@ -24,6 +24,7 @@ constexpr char kWindowPlace[] = "WindowPlace";
 
 Principal::Principal(const Machine& machine)
     : machine_(machine),
+      letters_(machine.codePage),
       registry_(machine.registry),
       root_(machine.executablePath),
       timers_(machine.tickClock),

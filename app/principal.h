@@ -24,6 +24,7 @@
 #include "ui/form.h"
 #include "upgrade/component_upgrade.h"
 #include "upgrade/upgrade_settings.h"
+#include "xmldoc/letter_case.h"
 
 namespace tarvo {
 
@@ -95,6 +96,7 @@ class Principal {
   void ShowFault(const RuntimeError& fault);
 
   Machine machine_;
+  LettersInUse letters_;
   PerUserRegistry registry_;
   ServerRoot root_;
   EventDispatch dispatch_;

@@ -8,10 +8,14 @@ namespace tarvo {
 class CodePage {
  public:
   virtual ~CodePage() = default;
+  /// True when each byte is a character of its own, whatever stands around it.
+  virtual bool HasOneByteCharacters() = 0;
   /// True when this byte and the one behind it are one character together.
   virtual bool IsLeadByte(unsigned char byte) = 0;
   /// The text in lower case, letters outside of ASCII too.
   virtual std::string Lowered(std::string text) = 0;
+  /// The text in upper case, likewise.
+  virtual std::string Raised(std::string text) = 0;
 };
 
 }  // namespace tarvo

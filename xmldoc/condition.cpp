@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "xmldoc/letter_case.h"
 #include "xmldoc/template_error.h"
 #include "xmldoc/text_rules.h"
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "xmldoc/letter_case.h"
 #include "xmldoc/text_rules.h"
 
 namespace tarvo {

@@ -1,8 +1,8 @@
 #include "xmldoc/documents.h"
 
 #include "xmldoc/document.h"
+#include "xmldoc/letter_case.h"
 #include "xmldoc/node_key.h"
-#include "xmldoc/text_rules.h"
 
 namespace tarvo {
 

@@ -9,8 +9,8 @@ namespace tarvo {
 
 class Document;
 
-/// The ordered list of a node's child nodes. Names may repeat. Letter case is that of ASCII
-/// letters.
+/// The ordered list of a node's child nodes. Names may repeat. Letter case is that of
+/// letter_case.h.
 ///
 /// Keys: a number is always an index from 0, a text always a NodeKey: a name in any letter case,
 /// perhaps with a condition; of several matches the last wins. Child takes a text that matches no

@@ -8,7 +8,8 @@
 
 namespace tarvo {
 
-/// The ordered list of a node's fields. Names may repeat. Letter case is that of ASCII letters.
+/// The ordered list of a node's fields. Names may repeat. Letter case is that
+/// of letter_case.h.
 ///
 /// Keys: a number is always an index from 0, a text always a NodeKey: a name in any letter case,
 /// perhaps with a condition; of several matches the last wins. A key outside the list changes

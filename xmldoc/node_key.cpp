@@ -1,5 +1,6 @@
 #include "xmldoc/node_key.h"
 
+#include "xmldoc/letter_case.h"
 #include "xmldoc/text_rules.h"
 
 namespace tarvo {

@@ -1,6 +1,6 @@
 #include "xmldoc/parameters.h"
 
-#include "xmldoc/text_rules.h"
+#include "xmldoc/letter_case.h"
 
 namespace tarvo {
 

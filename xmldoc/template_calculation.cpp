@@ -75,7 +75,7 @@ std::string_view Calculation::TakeNumber(std::string_view text) {
 
 std::size_t Calculation::AddWord(std::string_view text) {
   constexpr std::string_view kModulo = "mod";
-  if (EqualIgnoringCase(text.substr(0, kModulo.size()), kModulo)) {
+  if (IsKeyword(text.substr(0, kModulo.size()), kModulo)) {
     AddOperator(Action::Modulo);
     return kModulo.size();
   }

@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "xmldoc/letter_case.h"
 #include "xmldoc/template_error.h"
 #include "xmldoc/template_mail.h"
-#include "xmldoc/text_rules.h"
 
 namespace tarvo {
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "support/number_text.h"
+#include "xmldoc/letter_case.h"
 #include "xmldoc/template_error.h"
 #include "xmldoc/text_rules.h"
 
@@ -183,7 +184,7 @@ bool TemplateEvaluator::Format(const Texts& arguments, std::string& result) {
     if (i > 1) format += ',';
     format += arguments[i];
   }
-  if (IsMomentFormat(format) && EqualIgnoringCase(arguments[0], kNow)) {
+  if (IsMomentFormat(format) && IsKeyword(arguments[0], kNow)) {
     if (ports_.clock == nullptr) return false;
     result = FormatMoment(ports_.clock->Now(), format);
   } else {

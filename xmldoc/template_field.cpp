@@ -278,7 +278,7 @@ TemplateProgram ReadTemplateField(std::string_view text) {
   constexpr std::string_view kLet = "let ";
   TemplateProgram program;
   text = WithoutOuterBlanks(text);
-  if (EqualIgnoringCase(text.substr(0, kLet.size()), kLet)) {
+  if (IsKeyword(text.substr(0, kLet.size()), kLet)) {
     ReadLet(text.substr(kLet.size()), program);
   } else if (IsBareName(text)) {
     program.isPlainValue = true;

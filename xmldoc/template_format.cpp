@@ -6,6 +6,7 @@
 #include "support/date_time.h"
 #include "support/number_text.h"
 #include "xmldoc/condition_comparison.h"
+#include "xmldoc/letter_case.h"
 #include "xmldoc/template_error.h"
 #include "xmldoc/template_functions.h"
 #include "xmldoc/text_rules.h"
@@ -120,10 +121,10 @@ std::string FormatNumber(double value, const NumberPattern& pattern) {
 std::string_view MomentPattern(std::string_view format) {
   const auto separator = format.find_first_of(",;");
   const std::string_view kind = WithoutOuterBlanks(format.substr(0, separator));
-  const std::string_view own = EqualIgnoringCase(kind, "date")       ? kDatePattern
-                               : EqualIgnoringCase(kind, "time")     ? kTimePattern
-                               : EqualIgnoringCase(kind, "datetime") ? kDateTimePattern
-                                                                     : std::string_view();
+  const std::string_view own = IsKeyword(kind, "date")       ? kDatePattern
+                               : IsKeyword(kind, "time")     ? kTimePattern
+                               : IsKeyword(kind, "datetime") ? kDateTimePattern
+                                                             : std::string_view();
   if (own.empty() || separator == std::string_view::npos) return own;
   const std::string_view given = WithoutOuterBlanks(format.substr(separator + 1));
   return given.empty() ? own : given;

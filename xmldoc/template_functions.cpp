@@ -2,9 +2,11 @@
 
 #include <array>
 #include <limits>
+#include <utility>
 
 #include "platform/component_calls.h"
 #include "support/number_text.h"
+#include "xmldoc/letter_case.h"
 #include "xmldoc/text_rules.h"
 
 namespace tarvo {
@@ -28,55 +30,42 @@ constexpr std::array<TemplateFunctionRule, 12> kFunctions = {{
 }};
 constexpr TemplateFunctionRule kRandom = {"random", TemplateFunction::Random, 0, 1};
 
-bool IsLower(char c) { return c >= 'a' && c <= 'z'; }
-char Raised(char c) { return IsLower(c) ? static_cast<char>(c - 'a' + 'A') : c; }
-
 bool GoesOnInWord(char c) {
-  return IsLower(c) || (c >= '0' && c <= '9') || c == '\'' || static_cast<unsigned char>(c) > 127;
+  return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '\'' ||
+         static_cast<unsigned char>(c) > 127;
+}
+
+bool EndsSentence(std::string_view text, std::size_t position) {
+  const char c = text[position];
+  if (c != '.' && c != '!' && c != '?') return false;
+  return position + 1 < text.size() &&
+         std::string_view(" \t\r\n").find(text[position + 1]) != std::string_view::npos;
 }
 
 }  // namespace
 
 const TemplateFunctionRule* FindTemplateFunction(std::string_view name) {
-  if (EqualIgnoringCase(name, kRandom.start)) return &kRandom;
+  if (IsKeyword(name, kRandom.start)) return &kRandom;
   for (const TemplateFunctionRule& rule : kFunctions) {
-    if (EqualIgnoringCase(name.substr(0, rule.start.size()), rule.start)) return &rule;
+    if (IsKeyword(name.substr(0, rule.start.size()), rule.start)) return &rule;
   }
   return nullptr;
 }
 
-std::string UpperCased(std::string_view text) {
-  std::string upper(text);
-  for (char& c : upper) c = Raised(c);
-  return upper;
-}
-
 std::string SentenceCased(std::string_view text) {
-  std::string cased = LowerCased(text);
   bool atStart = true;
-  for (std::size_t i = 0; i < cased.size(); ++i) {
-    const char c = cased[i];
-    if (atStart && GoesOnInWord(c) && c != '\'') {
-      cased[i] = Raised(c);
-      atStart = false;
-    } else if (c == '.' || c == '!' || c == '?') {
-      const bool blankFollows = i + 1 < cased.size() &&
-                                std::string_view(" \t\r\n").find(cased[i + 1]) != std::string::npos;
-      atStart = atStart || blankFollows;
-    }
-  }
-  return cased;
+  return LowerCasedBut(text, [&atStart](std::string_view lower, std::size_t i) {
+    const bool capital = atStart && GoesOnInWord(lower[i]) && lower[i] != '\'';
+    atStart = (atStart && !capital) || EndsSentence(lower, i);
+    return capital;
+  });
 }
 
 std::string TitleCased(std::string_view text) {
-  std::string cased = LowerCased(text);
   bool inWord = false;
-  for (char& c : cased) {
-    const bool goesOn = GoesOnInWord(c);
-    if (!inWord) c = Raised(c);
-    inWord = goesOn;
-  }
-  return cased;
+  return LowerCasedBut(text, [&inWord](std::string_view lower, std::size_t i) {
+    return !std::exchange(inWord, GoesOnInWord(lower[i]));
+  });
 }
 
 std::size_t CountArgument(std::string_view text) {

@@ -8,8 +8,8 @@
 
 namespace tarvo {
 
-/// The formatting functions of a template that need nothing but their arguments. Letters are the 26
-/// ASCII letters, characters are bytes. docs/templates.md is their reference.
+/// The formatting functions of a template that need nothing but their arguments. Letters are
+/// those of letter_case.h, characters are bytes. docs/templates.md is their reference.
 
 enum class TemplateFunction {
   Calculate,
@@ -39,7 +39,6 @@ struct TemplateFunctionRule {
 /// whole. Nothing for a name that stands for none.
 const TemplateFunctionRule* FindTemplateFunction(std::string_view name);
 
-std::string UpperCased(std::string_view text);
 /// All in lower case but the first letter, and the first letter behind each ".", "!" or "?" that a
 /// blank or line end follows.
 std::string SentenceCased(std::string_view text);

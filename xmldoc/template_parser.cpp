@@ -23,7 +23,7 @@ constexpr std::string_view kField = "<@field ";
 constexpr std::string_view kMail = "<sendmail ";
 
 bool StartsIgnoringCase(std::string_view text, std::string_view start) {
-  return EqualIgnoringCase(text.substr(0, start.size()), start);
+  return IsKeyword(text.substr(0, start.size()), start);
 }
 
 /// Whether a mail directive stands in the text, or may begin at its end: what follows comes closer
@@ -32,7 +32,7 @@ bool MayBeginMail(std::string_view text) {
   if (FindIgnoringCase(text, kMail) != std::string_view::npos) return true;
   for (std::size_t length = 1; length < kMail.size() && length <= text.size(); ++length) {
     const std::string_view end = text.substr(text.size() - length);
-    if (EqualIgnoringCase(end, kMail.substr(0, length))) return true;
+    if (IsKeyword(end, kMail.substr(0, length))) return true;
   }
   return false;
 }

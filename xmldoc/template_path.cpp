@@ -1,5 +1,6 @@
 #include "xmldoc/template_path.h"
 
+#include "xmldoc/letter_case.h"
 #include "xmldoc/text_rules.h"
 
 namespace tarvo {
@@ -15,7 +16,7 @@ TemplatePath::TemplatePath(std::string_view path) {
 
 std::string TemplatePath::Key() const {
   std::string key;
-  for (const std::string& name : names_) key += LowerCased(name) + ".";
+  for (const std::string& name : names_) key += UpperCased(name) + ".";
   return key;
 }
 
@@ -66,7 +67,7 @@ std::size_t FindIgnoringCase(std::string_view text, std::string_view wanted, std
   for (;;) {
     const auto found = text.find_first_of(starts, from);
     if (found == std::string_view::npos) return found;
-    if (EqualIgnoringCase(text.substr(found, wanted.size()), wanted)) return found;
+    if (IsKeyword(text.substr(found, wanted.size()), wanted)) return found;
     from = found + 1;
   }
 }

@@ -1,6 +1,6 @@
 #include "xmldoc/template_siblings.h"
 
-#include "xmldoc/text_rules.h"
+#include "xmldoc/letter_case.h"
 
 namespace tarvo {
 

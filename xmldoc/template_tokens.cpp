@@ -68,13 +68,13 @@ class Tokenizer {
     while (word < at_ && !IsLetter(text_[word])) ++word;
     const std::string_view name = text_.substr(word, at_ - word);
     const bool inCalculation = !open_.empty() && open_.back().isInCalculation;
-    if (name.empty() || (inCalculation && EqualIgnoringCase(name, "mod"))) {
+    if (name.empty() || (inCalculation && IsKeyword(name, "mod"))) {
       open_.push_back({kParenthesis, inCalculation});
       ++at_;
       return;
     }
     FlushText(word);
-    if (EqualIgnoringCase(name, "var")) {
+    if (IsKeyword(name, "var")) {
       const auto end = text_.find(')', at_);
       if (end == std::string_view::npos) RaiseMalformedField("Missing \")\" of VAR(");
       Add(Kind::Value, text_.substr(at_ + 1, end - at_ - 1));

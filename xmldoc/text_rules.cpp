@@ -5,10 +5,8 @@
 namespace tarvo {
 namespace {
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool LessInLowerCase(char a, char b) {
-  return static_cast<unsigned char>(Lower(a)) < static_cast<unsigned char>(Lower(b));
+char LowerKeywordLetter(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 }  // namespace
@@ -19,19 +17,10 @@ std::string_view WithoutOuterBlanks(std::string_view text) {
   return text;
 }
 
-std::string LowerCased(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(), Lower);
-  return lower;
-}
-
-bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(),
-                                            [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
-bool LessIgnoringCase(std::string_view a, std::string_view b) {
-  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), LessInLowerCase);
+bool IsKeyword(std::string_view text, std::string_view keyword) {
+  return text.size() == keyword.size() &&
+         std::equal(text.begin(), text.end(), keyword.begin(),
+                    [](char c, char letter) { return LowerKeywordLetter(c) == letter; });
 }
 
 std::string Escaped(std::string_view text) {

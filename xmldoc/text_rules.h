@@ -5,16 +5,14 @@
 
 namespace tarvo {
 
-/// The rules of the library about single texts. Letter case is that of the 26 ASCII letters: other
-/// bytes are letters in some code pages only, and so equal themselves alone.
+/// The rules of the library about single texts; those about letter case are in letter_case.h.
 
 /// Without the blanks (character 32 only) at both ends.
 std::string_view WithoutOuterBlanks(std::string_view text);
 
-std::string LowerCased(std::string_view text);
-bool EqualIgnoringCase(std::string_view a, std::string_view b);
-/// Whether `a` comes before `b` when both are in lower case; bytes compare as unsigned numbers.
-bool LessIgnoringCase(std::string_view a, std::string_view b);
+/// Whether the text is a word of the dialect or of templates, in any letter case. `keyword` is in
+/// lower case and of ASCII letters and signs: no code page has others in its place.
+bool IsKeyword(std::string_view text, std::string_view keyword);
 
 /// Every "<" as "&lt;" and every ">" as "&gt;"; nothing else is touched.
 std::string Escaped(std::string_view text);

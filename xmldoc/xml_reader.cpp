@@ -205,7 +205,7 @@ void XmlReader::CloseNode(const Tag& tag) {
 
 XmlReader::Step XmlReader::ReadDeclaration(const Tag& tag, const char* next) {
   at_ = next;
-  if (!EqualIgnoringCase(tag.name, "?xml")) return Step::Next;
+  if (!IsKeyword(tag.name, "?xml")) return Step::Next;
   std::string_view rest = tag.attributes;
   DropLast(rest, '?');
   for (;;) {
@@ -213,8 +213,8 @@ XmlReader::Step XmlReader::ReadDeclaration(const Tag& tag, const char* next) {
     std::string_view value;
     TakeAttribute(rest, name, value);
     if (name.empty()) return Step::Next;
-    if (EqualIgnoringCase(name, "version")) root_.SetVersion(value);
-    if (EqualIgnoringCase(name, "encoding")) root_.SetEncoding(value);
+    if (IsKeyword(name, "version")) root_.SetVersion(value);
+    if (IsKeyword(name, "encoding")) root_.SetEncoding(value);
   }
 }
 

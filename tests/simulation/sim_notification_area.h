@@ -116,11 +116,16 @@ class SimIcons final : public Icons {
 /// The western code page, 1252, unless a test names bytes that begin a pair.
 class SimCodePage final : public CodePage {
  public:
+  bool HasOneByteCharacters() override { return firstLeadByte == 0; }
   bool IsLeadByte(unsigned char byte) override {
     return firstLeadByte != 0 && byte >= firstLeadByte && byte <= lastLeadByte;
   }
   std::string Lowered(std::string text) override {
     for (char& c : text) c = LoweredByte(c);
+    return text;
+  }
+  std::string Raised(std::string text) override {
+    for (char& c : text) c = RaisedByte(c);
     return text;
   }
   unsigned char firstLeadByte = 0;
@@ -135,6 +140,13 @@ class SimCodePage final : public CodePage {
     if (isCapital || isAccented) return static_cast<char>(byte + 0x20);
     if (byte == 0x8A || byte == 0x8C || byte == 0x8E) return static_cast<char>(byte + 0x10);
     return byte == 0x9F ? '\xFF' : c;
+  }
+  static char RaisedByte(char c) {
+    for (int byte = 0; byte < 256; ++byte) {
+      const char capital = static_cast<char>(byte);
+      if (capital != c && LoweredByte(capital) == c) return capital;
+    }
+    return c;
   }
 };
 

@@ -244,5 +244,22 @@ TEST(WindowsCodePageTest, LowersEveryLetterOfTheCodePage) {
   EXPECT_EQ(codePage.Lowered("\xD7\xDF\xF1"), "\xD7\xDF\xF1");
 }
 
+TEST(WindowsCodePageTest, RaisesEveryLetterOfTheCodePage) {
+  WindowsCodePage codePage;
+  EXPECT_EQ(codePage.Raised(""), "");
+  EXPECT_EQ(codePage.Raised("login-Server.exe 1_"), "LOGIN-SERVER.EXE 1_");
+  if (GetACP() != 1252) GTEST_SKIP() << "code page " << GetACP();
+  EXPECT_EQ(codePage.Raised("\xE0\xF1\xFE\x9A\xFF"), "\xC0\xD1\xDE\x8A\x9F");
+  EXPECT_EQ(codePage.Raised("\xD7\xDF\xD1"), "\xD7\xDF\xD1");
+}
+
+TEST(WindowsCodePageTest, KnowsWhetherItsCharactersAreBytes) {
+  bool anyLeadByte = false;
+  for (int byte = 0; byte < 256; ++byte) {
+    anyLeadByte = anyLeadByte || IsDBCSLeadByte(static_cast<BYTE>(byte)) != FALSE;
+  }
+  EXPECT_EQ(WindowsCodePage().HasOneByteCharacters(), !anyLeadByte && GetACP() != CP_UTF8);
+}
+
 }  // namespace
 }  // namespace tarvo

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "platform/code_page.h"
+
+namespace tarvo {
+
+/// The letters of a code page: the other case of each byte. A to Z are those of a to z in all.
+struct Letters {
+  std::array<unsigned char, 256> upper;
+  std::array<unsigned char, 256> lower;
+  /// Where a character may have several bytes: asked for all texts with other than ASCII bytes.
+  CodePage* severalBytes = nullptr;
+};
+
+/// While it lives, the library compares by the letters of this code page, which has to live as
+/// long; without one by A to Z alone. It counts for the whole program, as the system has one such
+/// code page; with several of these the last made counts. To be made before there are texts in
+/// order: a sorted list is not sorted again.
+class LettersInUse {
+ public:
+  explicit LettersInUse(CodePage& codePage);
+  ~LettersInUse();
+  LettersInUse(const LettersInUse&) = delete;
+  LettersInUse& operator=(const LettersInUse&) = delete;
+
+ private:
+  static void Use(LettersInUse* top);
+
+  Letters letters_;
+  LettersInUse* below_;
+};
+
+std::string LowerCased(std::string_view text);
+std::string UpperCased(std::string_view text);
+
+/// Whether the two are the same in upper case. Texts of different lengths never are.
+bool EqualIgnoringCase(std::string_view a, std::string_view b);
+/// Whether `a` comes before `b` when both are in lower case; bytes compare as unsigned numbers.
+bool LessIgnoringCase(std::string_view a, std::string_view b);
+
+/// The text in lower case but for some characters: `isCapital(lowerText, position)` is asked for
+/// each one, in order.
+template <typename IsCapital>
+std::string LowerCasedBut(std::string_view text, IsCapital isCapital);
+
+/// Bytes of the character that begins at `position`: 1 or 2, never beyond the end of the text. 0
+/// for a byte that has no case by itself.
+std::size_t CasedLength(std::string_view text, std::size_t position);
+
+template <typename IsCapital>
+std::string LowerCasedBut(std::string_view text, IsCapital isCapital) {
+  std::string cased = LowerCased(text);
+  const std::string upper = UpperCased(text);
+  for (std::size_t i = 0; i < cased.size() && i < upper.size();) {
+    const std::size_t length = CasedLength(cased, i);
+    if (isCapital(cased, i)) cased.replace(i, length, upper, i, length);
+    i += length == 0 ? 1 : length;
+  }
+  return cased;
+}
+
+}  // namespace tarvo
