@@ -18,8 +18,8 @@ namespace tarvo {
 ///
 /// Every member may be called at any time. While the icon is not loaded, values and menu entries
 /// are kept for the moment when it is, nothing is shown and no event is raised. An icon that the
-/// shell has refused, as it does while it starts at a log-on, is offered again by `OfferAgain`; when
-/// the shell is started again, the icon comes back.
+/// shell has refused, as it does while it starts at a log-on, is offered again by `OfferAgain`;
+/// when the shell is started again, the icon comes back.
 class frmSysTray {
  public:
   frmSysTray(NotificationArea& area, CodePage& codePage, EventDispatch& dispatch);

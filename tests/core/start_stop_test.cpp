@@ -41,11 +41,10 @@ TEST_F(Starting, ALaunchIsToldRankedWatchedAndSeenOnItsButton) {
 TEST_F(Starting, TheStepsOfALaunchHaveTheirOrder) {
   launcher->Click("bStart", 2);
   const std::string id = std::to_string(Process(kMap).id);
-  EXPECT_EQ(
-      machine.recorder.Calls(),
-      (std::vector<std::string>{"processes.snapshot()", "workingFolder.moveInto(C:\\srv\\)",
-                                "processes.launch(C:\\srv\\map-server.exe)",
-                                "processes.priority(" + id + ", 32768)"}));
+  EXPECT_EQ(machine.recorder.Calls(),
+            (std::vector<std::string>{"processes.snapshot()", "workingFolder.moveInto(C:\\srv\\)",
+                                      "processes.launch(C:\\srv\\map-server.exe)",
+                                      "processes.priority(" + id + ", 32768)"}));
 }
 
 TEST_F(Starting, OnlyTheLoginServersLineHasItsMark) {

@@ -49,7 +49,7 @@ struct SimProcess {
   SimProgram program;
   PortAnswer answer = PortAnswer::Listens;
   std::uint32_t queueRoom = 0;  ///< Callers that are still let in when nobody accepts.
-  bool hangs = false;  ///< Its windows take no message; what they are asked for waits.
+  bool hangs = false;           ///< Its windows take no message; what they are asked for waits.
   std::uint32_t priorityClass = 0x20;
   std::uint64_t startedAt = 0;  ///< On `SimClock::Age`.
   bool openedWindow = false;
