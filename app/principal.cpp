@@ -19,6 +19,11 @@ namespace {
 constexpr std::uint32_t kDefaultCheckInterval = 10000;
 constexpr double kMillisecondsInSecond = 1000;
 constexpr char kWindowPlace[] = "WindowPlace";
+constexpr char kAlreadyRunning[] = "Tarvo Launcher is already running in this server root.";
+constexpr char kWithMoreRights[] =
+    "\r\n\r\nIt was started as administrator or by another user, so its window cannot be shown "
+    "from "
+    "here.";
 
 }  // namespace
 
@@ -158,12 +163,7 @@ void Principal::Start(std::intptr_t nativeWindow) {
   dispatch_.Run([this, nativeWindow] {
     machine_.processes.TurnErrorDialogsOff();
     MoveIntoOwnFolder();
-    if (!machine_.instanceLock.Acquire(InstanceName())) {
-      if (!machine_.instanceLock.ShowHolder(InstanceName())) {
-        return RefuseToStart("Tarvo Launcher is already running in this server root.");
-      }
-      return form_.frame.window.End(kExitNormal);
-    }
+    if (!machine_.instanceLock.Acquire(InstanceName())) return LeaveToTheFirst();
     Form_Load();
     MainWindow& window = form_.frame.window;
     if (window.Ended()) return;
@@ -175,6 +175,17 @@ void Principal::Start(std::intptr_t nativeWindow) {
 }
 
 void Principal::MoveIntoOwnFolder() { machine_.workingFolder.MoveInto(root_.WithSeparator()); }
+
+void Principal::LeaveToTheFirst() {
+  switch (machine_.instanceLock.ShowHolder(InstanceName())) {
+    case HolderShown::Yes:
+      return form_.frame.window.End(kExitNormal);
+    case HolderShown::NoWindow:
+      return RefuseToStart(kAlreadyRunning);
+    case HolderShown::NotAllowed:
+      return RefuseToStart(std::string(kAlreadyRunning) + kWithMoreRights);
+  }
+}
 
 void Principal::Form_Load() {
   form_.frame.SSTab1.SetPage(1);

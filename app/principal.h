@@ -42,9 +42,10 @@ class Principal {
   Principal& operator=(const Principal&) = delete;
 
   /// Starts the launcher: error dialogs are turned off, for its servers too, and its own folder
-  /// becomes the current one. A second one in the same root shows the first one's window and ends;
-  /// otherwise `Form_Load` runs, and the window is shown unless it starts minimized. Call it once,
-  /// before any other event, when the native window exists; `nativeWindow` is its handle.
+  /// becomes the current one. A second one in the same root shows the first one's window and ends,
+  /// or says why it cannot; otherwise `Form_Load` runs, and the window is shown unless it starts
+  /// minimized. Call it once, before any other event, when the native window exists;
+  /// `nativeWindow` is its handle.
   void Start(std::intptr_t nativeWindow);
 
   Form& TheForm() { return form_; }
@@ -93,6 +94,7 @@ class Principal {
   void AutoStart();
   void LoadRandomizer();
   void RefuseToStart(const std::string& reason);
+  void LeaveToTheFirst();
   void ShowFault(const RuntimeError& fault);
 
   Machine machine_;

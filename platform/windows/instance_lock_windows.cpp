@@ -8,6 +8,9 @@ constexpr DWORD kShortestWait = 500;
 constexpr DWORD kStep = 100;
 
 std::string MutexName(const std::string& name) { return "Global\\TarvoLauncher_" + name; }
+// A message that means nothing to anybody; WM_NULL would pass where others are held back.
+UINT KnockMessage() { return RegisterWindowMessageA("TarvoLauncherKnock"); }
+
 std::string PropertyName(const std::string& name) { return "TarvoLauncher_" + name; }
 
 struct Search {
@@ -35,10 +38,22 @@ bool Take(const KernelHandle& mutex) {
 
 }  // namespace
 
+HolderShown HolderBehind(DWORD error) {
+  switch (error) {
+    case ERROR_ACCESS_DENIED:
+      return HolderShown::NotAllowed;
+    case ERROR_INVALID_WINDOW_HANDLE:
+      return HolderShown::NoWindow;
+    default:
+      return HolderShown::Yes;  // A full queue, for one: it hangs, and is shown once it goes on.
+  }
+}
+
 bool WindowsInstanceLock::Acquire(const std::string& name) {
   for (DWORD waited = 0; waited <= kLongestWait; waited += kStep) {
     // Opened anew at each step: another user's mutex can be had once he is gone.
     KernelHandle mutex(CreateMutexA(nullptr, FALSE, MutexName(name).c_str()));
+    refused_ = !mutex.Valid() && GetLastError() == ERROR_ACCESS_DENIED;
     if (mutex.Valid() && Take(mutex)) {
       held_.push_back(std::move(mutex));
       return true;
@@ -49,13 +64,16 @@ bool WindowsInstanceLock::Acquire(const std::string& name) {
   return false;
 }
 
-bool WindowsInstanceLock::ShowHolder(const std::string& name) {
+HolderShown WindowsInstanceLock::ShowHolder(const std::string& name) {
   const HWND window = PublishedWindow(name);
-  if (window == nullptr) return false;
+  if (window == nullptr) return refused_ ? HolderShown::NotAllowed : HolderShown::NoWindow;
+  const bool heard = PostMessageA(window, KnockMessage(), 0, 0) != FALSE;
+  const HolderShown holder = HolderBehind(heard ? ERROR_SUCCESS : GetLastError());
+  if (holder != HolderShown::Yes) return holder;
   // Not waited for: the holder may be busy with a probe.
   ShowWindowAsync(window, IsIconic(window) != 0 ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(window);
-  return true;
+  return HolderShown::Yes;
 }
 
 void WindowsInstanceLock::Publish(const std::string& name, std::intptr_t window) {

@@ -364,6 +364,21 @@ TEST_F(StartUp, ASecondLauncherWhoseFirstCannotBeShownSaysSo) {
   EXPECT_EQ(second.ExitCode(), kExitRefused);
 }
 
+// Such a window is found but cannot be shown, and nobody says so: nothing appeared.
+TEST_F(StartUp, ASecondLauncherWhoseFirstHasMoreRightsSaysSo) {
+  StartLauncher();
+  machine.locks.holdersHaveMoreRights = true;
+  Launcher second(machine);
+  second.Start();
+  EXPECT_EQ(machine.boxes.NewTexts(),
+            "Tarvo Launcher is already running in this server root.\r\n\r\n"
+            "It was started as administrator or by another user, so its window cannot be shown "
+            "from here.\n");
+  EXPECT_EQ(machine.boxes.Shown().back().icon, BoxIcon::Critical);
+  EXPECT_EQ(second.ExitCode(), kExitRefused);
+  EXPECT_FALSE(launcher->Ended());
+}
+
 TEST_F(StartUp, ASecondLauncherDoesNotShowTheWindowOfAStartThatIsBeingRefused) {
   machine.files.Remove("C:\\srv\\conf\\login_athena.conf");
   Launcher second(machine);

@@ -40,12 +40,13 @@ bool SimInstanceLock::Acquire(const std::string& name) {
   return true;
 }
 
-bool SimInstanceLock::ShowHolder(const std::string& name) {
+HolderShown SimInstanceLock::ShowHolder(const std::string& name) {
   recorder_.Note("lock.showHolder()");
   const auto holder = table_.held.find(name);
-  if (holder == table_.held.end() || holder->second == 0) return false;
+  if (table_.holdersHaveMoreRights) return HolderShown::NotAllowed;
+  if (holder == table_.held.end() || holder->second == 0) return HolderShown::NoWindow;
   table_.broughtToFront.push_back(holder->second);
-  return true;
+  return HolderShown::Yes;
 }
 
 void SimInstanceLock::Publish(const std::string& name, std::intptr_t window) {

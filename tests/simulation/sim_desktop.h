@@ -70,6 +70,8 @@ class SimMemory final : public MemoryStatus {
 /// The machine-wide locks: name to the window that their holder has published, 0 for none yet.
 struct SimLockTable {
   std::map<std::string, std::intptr_t> held;
+  /// The holders run with more rights than whoever asks for them: their windows take no order.
+  bool holdersHaveMoreRights = false;
   std::vector<std::intptr_t> broughtToFront;
 };
 
@@ -83,7 +85,7 @@ class SimInstanceLock final : public InstanceLock {
   SimInstanceLock& operator=(const SimInstanceLock&) = delete;
 
   bool Acquire(const std::string& name) override;
-  bool ShowHolder(const std::string& name) override;
+  HolderShown ShowHolder(const std::string& name) override;
   void Publish(const std::string& name, std::intptr_t window) override;
 
  private:

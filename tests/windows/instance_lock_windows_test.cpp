@@ -53,7 +53,7 @@ TEST_F(WindowsInstanceLockTest, ASecondProcessIsKeptOutAndShowsTheFirst) {
   ASSERT_NE(window, nullptr);
   ASSERT_EQ(IsWindowVisible(window), 0);
   EXPECT_FALSE(lock_.Acquire(name_));
-  EXPECT_TRUE(lock_.ShowHolder(name_));
+  EXPECT_EQ(lock_.ShowHolder(name_), HolderShown::Yes);
   EXPECT_TRUE(test::Within(3000, [&] { return IsWindowVisible(window) != 0; }));
 }
 
@@ -62,7 +62,7 @@ TEST_F(WindowsInstanceLockTest, AMinimizedHolderIsRestored) {
   const HWND window = FindWindowA("TarvoTestHolder", nullptr);
   ShowWindow(window, SW_SHOWMINIMIZED);
   ASSERT_NE(IsIconic(window), 0);
-  EXPECT_TRUE(lock_.ShowHolder(name_));
+  EXPECT_EQ(lock_.ShowHolder(name_), HolderShown::Yes);
   EXPECT_TRUE(test::Within(3000, [&] { return IsIconic(window) == 0; }));
 }
 
@@ -73,7 +73,7 @@ TEST_F(WindowsInstanceLockTest, AHolderWithoutAWindowIsWaitedForThreeSeconds) {
   const DWORD waited = GetTickCount() - start;
   EXPECT_GE(waited, 2900U);
   EXPECT_LT(waited, 6000U);
-  EXPECT_FALSE(lock_.ShowHolder(name_));
+  EXPECT_EQ(lock_.ShowHolder(name_), HolderShown::NoWindow);
 }
 
 TEST_F(WindowsInstanceLockTest, AHolderThatIsEndingLeavesTheLockToTheNext) {
@@ -85,7 +85,7 @@ TEST_F(WindowsInstanceLockTest, AKilledHolderLeavesTheLockToTheNext) {
   StartHolder("hold-window");
   EndHolder();
   EXPECT_TRUE(lock_.Acquire(name_));
-  EXPECT_FALSE(lock_.ShowHolder(name_));
+  EXPECT_EQ(lock_.ShowHolder(name_), HolderShown::NoWindow);
 }
 
 TEST_F(WindowsInstanceLockTest, ALockThatMayNotBeOpenedCountsAsHeld) {
@@ -100,6 +100,15 @@ TEST_F(WindowsInstanceLockTest, ALockThatMayNotBeOpenedCountsAsHeld) {
   const KernelHandle others(CreateMutexA(&attributes, FALSE, mutexName.c_str()));
   ASSERT_TRUE(others.Valid());
   EXPECT_FALSE(lock_.Acquire(name_));
+  EXPECT_EQ(lock_.ShowHolder(name_), HolderShown::NotAllowed);
+}
+
+// Where programs are kept apart by their rights, a message to a window of one with more fails so.
+TEST(HolderBehind, TellsFromTheErrorOfAMessage) {
+  EXPECT_EQ(HolderBehind(ERROR_SUCCESS), HolderShown::Yes);
+  EXPECT_EQ(HolderBehind(ERROR_ACCESS_DENIED), HolderShown::NotAllowed);
+  EXPECT_EQ(HolderBehind(ERROR_INVALID_WINDOW_HANDLE), HolderShown::NoWindow);
+  EXPECT_EQ(HolderBehind(ERROR_NOT_ENOUGH_QUOTA), HolderShown::Yes);
 }
 
 }  // namespace
