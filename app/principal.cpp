@@ -309,12 +309,20 @@ void Principal::Form_Unload(bool& cancel) {
                                    [](const Component& c) { return c.ProcessId > 0; });
   if (anyRuns) {
     cancel = true;
-    machine_.messageBoxes.Ask({"Please, stop servers before close this application"});
+    RefuseToClose();
     return;
   }
   tray_.Unload();
   SaveSettings();
   machine_.sockets.Stop();
+}
+
+/// Requests that come while the box is up are refused without another one.
+void Principal::RefuseToClose() {
+  if (refusingToClose_) return;
+  refusingToClose_ = true;
+  machine_.messageBoxes.Ask({"Please, stop servers before close this application"});
+  refusingToClose_ = false;
 }
 
 /// As a close, but servers that run do not hinder it: they are left to the system.

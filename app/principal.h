@@ -74,6 +74,7 @@ class Principal {
 
   void Form_Load();
   void Form_Unload(bool& cancel);
+  void RefuseToClose();
   void Form_Resize();
   void Command1_Click();
   void Form_EndSession();
@@ -121,6 +122,7 @@ class Principal {
   ComponentUpgrade upgrade_;
   Randomizer randomizer_;
   bool componentsFoundInMemory_ = false;
+  bool refusingToClose_ = false;
 };
 
 }  // namespace tarvo

@@ -67,6 +67,29 @@ TEST_F(Shutdown, ACloseIsRefusedWhileAServerIsKnownToRun) {
   }
 }
 
+TEST_F(Shutdown, RequestsThatComeUnderTheRefusalsBoxOpenNoOther) {
+  StartWithAllServers();
+  machine.boxes.whileNextIsOpen = [this] {
+    for (int i = 0; i < 3; ++i) launcher->Close();
+  };
+  launcher->Close();
+  EXPECT_EQ(machine.boxes.NewTexts(), "Please, stop servers before close this application\n");
+  launcher->Close();
+  EXPECT_EQ(machine.boxes.NewTexts(), "Please, stop servers before close this application\n");
+  EXPECT_FALSE(launcher->Ended());
+}
+
+TEST_F(Shutdown, ACloseUnderTheRefusalsBoxIsHeardOnceNoServerRuns) {
+  StartWithAllServers();
+  machine.boxes.whileNextIsOpen = [this] {
+    launcher->Click("bStart", 4);
+    launcher->Close();
+  };
+  launcher->Close();
+  EXPECT_EQ(machine.boxes.NewTexts(), "Please, stop servers before close this application\n");
+  EXPECT_TRUE(launcher->Ended());
+}
+
 TEST_F(Shutdown, TheWatchesGoOnUnderTheRefusalsBox) {
   StartWithAllServers();
   machine.boxes.whileNextIsOpen = [this] {
