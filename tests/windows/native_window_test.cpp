@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+
 #include "platform/windows/clock_windows.h"
+#include "ui/control_ids.h"
 
 namespace tarvo {
 namespace {
@@ -37,11 +40,29 @@ class ShownWindow : public ::testing::Test {
     MSG message{};
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
   }
+  /// The native control of that name.
+  HWND Control(std::string_view name) const {
+    Search search{FindControlId(name)->firstId, nullptr};
+    EnumChildWindows(Window(), StopAtId, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+  }
 
- private:
   WindowsTickClock clock_;
   TimerQueue timers_{clock_};
   Form form_{timers_};
+
+ private:
+  struct Search {
+    int id;
+    HWND found;
+  };
+  static BOOL CALLBACK StopAtId(HWND window, LPARAM argument) {
+    auto& search = *reinterpret_cast<Search*>(argument);
+    if (GetDlgCtrlID(window) != search.id) return TRUE;
+    search.found = window;
+    return FALSE;
+  }
+
   EventDispatch dispatch_;
   NativeWindow window_{form_, timers_, dispatch_};
 };
@@ -72,6 +93,56 @@ TEST_F(ShownWindow, StaysWhereItCanBeReachedWhenTheScreensChange) {
        MAKELPARAM(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)));
   EXPECT_EQ(Area().left, 120);
   EXPECT_EQ(Area().top, 90);
+}
+
+TEST_F(ShownWindow, TellsAFieldOfTheFocusThatMovesInTheWindowAlone) {
+  form_.frame.SSTab1.SetPage(2);
+  HandleMessages();
+  std::string told;
+  form_.randomizer.rIni.onGotFocus = [&] { told += "in "; };
+  form_.randomizer.rIni.onLostFocus = [&] { told += "out "; };
+  const HWND field = Control("rIni");
+  const HWND other = CreateWindowExA(0, "STATIC", "another program's", WS_POPUP | WS_VISIBLE, 0, 0,
+                                     50, 50, nullptr, nullptr, nullptr, nullptr);
+  SetFocus(field);
+  HandleMessages();
+  ASSERT_EQ(GetFocus(), field);
+  EXPECT_EQ(told, "in ");
+  SetFocus(other);
+  HandleMessages();
+  ASSERT_EQ(GetFocus(), other);
+  EXPECT_EQ(told, "in ") << "what is half typed would be rewritten";
+  SetFocus(field);
+  HandleMessages();
+  EXPECT_EQ(told, "in ") << "nor is it selected, to be typed over";
+  SetFocus(Control("rEnd"));
+  HandleMessages();
+  EXPECT_EQ(told, "in out ");
+  DestroyWindow(other);
+}
+
+// The system tells of a list's closing before it tells of the choice by mouse that closed it.
+TEST_F(ShownWindow, AChoiceByMouseFromADropDownListActsOnce) {
+  form_.servers.Exes[ComponentKind::Char].AddItems({"one", "two", "three"});
+  form_.frame.SSTab1.SetPage(1);
+  HandleMessages();
+  int chosen = 0;
+  form_.servers.Exes[ComponentKind::Char].onSelect = [&] { ++chosen; };
+  const HWND list = GetDlgItem(GetParent(Control("Exes")), FindControlId("Exes")->firstId + 1);
+  SendMessageA(list, CB_SHOWDROPDOWN, TRUE, 0);
+  COMBOBOXINFO info{};
+  info.cbSize = sizeof info;
+  ASSERT_TRUE(GetComboBoxInfo(list, &info));
+  RECT entry{};
+  SendMessageA(info.hwndList, LB_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&entry));
+  const LPARAM place = MAKELPARAM(entry.left + 5, (entry.top + entry.bottom) / 2);
+  SendMessageA(info.hwndList, WM_MOUSEMOVE, 0, place);
+  SendMessageA(info.hwndList, WM_LBUTTONDOWN, MK_LBUTTON, place);
+  SendMessageA(info.hwndList, WM_LBUTTONUP, 0, place);
+  HandleMessages();
+  EXPECT_EQ(SendMessageA(list, CB_GETDROPPEDSTATE, 0, 0), FALSE);
+  EXPECT_EQ(form_.servers.Exes[ComponentKind::Char].Text(), "two");
+  EXPECT_EQ(chosen, 1);
 }
 
 }  // namespace

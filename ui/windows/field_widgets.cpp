@@ -10,6 +10,9 @@ namespace {
 
 constexpr UINT_PTR kKeysId = 1;
 
+/// A list's notification of our own, posted when it closes.
+constexpr int kSettled = 0x7F00;
+
 /// The native box is one of UTF-16, whose low byte says nothing of a character outside of 8 bits.
 char KeyOf(WPARAM character) {
   constexpr WPARAM kLastOfOneByte = 0xFF;
@@ -37,7 +40,6 @@ Extent TextWidget::Natural() const {
 
 void TextWidget::Command(int code) {
   if (code == EN_CHANGE && !showing_ && !typing_) Typed();
-  if (code == EN_SETFOCUS || code == EN_KILLFOCUS) FocusMoved(code == EN_SETFOCUS);
 }
 
 LRESULT CALLBACK TextWidget::Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
@@ -47,7 +49,20 @@ LRESULT CALLBACK TextWidget::Keys(HWND window, UINT message, WPARAM w, LPARAM l,
   // Unlike Ctrl+V these keys make no character for the filter to see.
   if (IsKeyOfPasting(message, w) && widget->control_.onKeyPress) return 0;
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Keys, id);
-  return DefSubclassProc(window, message, w, l);
+  const LRESULT result = DefSubclassProc(window, message, w, l);
+  const bool focusMoves = message == WM_SETFOCUS || message == WM_KILLFOCUS;
+  if (focusMoves) widget->FocusMoves(message == WM_SETFOCUS, reinterpret_cast<HWND>(w));
+  return result;
+}
+
+/// Leaving the main window, for another program or a message box, leaves no field: what is half
+/// typed is gone on with afterwards.
+void TextWidget::FocusMoves(bool gained, HWND other) {
+  const bool within = other && GetAncestor(other, GA_ROOT) == GetAncestor(Window(), GA_ROOT);
+  if (!gained && !within) return;
+  if (gained == entered_) return;
+  entered_ = gained;
+  FocusMoved(gained);
 }
 
 bool TextWidget::LetsThrough(char key) {
@@ -152,12 +167,20 @@ int ListWidget::Selection() const {
 
 void ListWidget::Command(int code) {
   if (code == CBN_DROPDOWN) WidenOpenList();
+  if (code == CBN_CLOSEUP) PostSettled();
   const bool chosen = code == CBN_SELCHANGE;
-  // A list that is closed without a choice may have moved its selection on the way.
-  const bool moved = code == CBN_CLOSEUP && Selection() != control_.ListIndex();
+  // A list that is closed without a choice may have moved its selection on the way; the choice by
+  // mouse is told after the closing.
+  const bool moved = code == kSettled && Selection() != control_.ListIndex();
   if (!chosen && !moved) return;
   stage_.Happens([this] { control_.Choose(Selection()); });
   Show();
+}
+
+void ListWidget::PostSettled() const {
+  const int id = GetDlgCtrlID(Window());
+  PostMessageA(GetParent(Window()), WM_COMMAND, static_cast<WPARAM>(MAKELONG(id, kSettled)),
+               reinterpret_cast<LPARAM>(Window()));
 }
 
 std::string ListWidget::Tip() const {

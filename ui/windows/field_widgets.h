@@ -23,6 +23,7 @@ class TextWidget : public Mirror<TextBox> {
   static LRESULT CALLBACK Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
                                DWORD_PTR self);
   void Typed();
+  void FocusMoves(bool gained, HWND other);
   void FocusMoved(bool gained);
   bool LetsThrough(char key);
   void TakeCaret();
@@ -32,6 +33,7 @@ class TextWidget : public Mirror<TextBox> {
   std::string widest_;
   std::size_t shownCaret_ = 0;
   std::size_t shownSelection_ = 0;
+  bool entered_ = false;  ///< The operator is in the box, though he may have left the window.
   bool typing_ = false;   ///< The operator's change is on its way: the control is shown after it.
   bool showing_ = false;  ///< The change of the native text is our own.
 };
@@ -51,6 +53,7 @@ class ListWidget : public Mirror<DropDownList> {
 
  private:
   int Selection() const;
+  void PostSettled() const;
   int WidestItem() const;
   void ShowItems();
   void WidenOpenList();
