@@ -72,6 +72,9 @@ void Principal::WireControls() {
     if (!cancel) form_.frame.window.End(kExitNormal);
   };
   form_.status.RTLog.onOpenFile = [this] { OpenLogFile(); };
+  // A tick in between could start a server, or show a box that nobody answers any more.
+  form_.frame.window.onSessionMayEnd = [this] { timers_.Hold(true); };
+  form_.frame.window.onSessionGoesOn = [this] { timers_.Hold(false); };
   form_.frame.window.onEndSession = [this] { Form_EndSession(); };
   for (std::size_t i = 0; i < form_.status.bStart.size(); ++i) {
     form_.status.bStart[i].onClick = [this, i] { startStop_.bStart_Click(i); };

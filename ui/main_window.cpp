@@ -36,6 +36,10 @@ void MainWindow::BringToFront() {
 
 void MainWindow::Close() { Raise(onClose); }
 
+void MainWindow::AskForEndOfSession() { Raise(onSessionMayEnd); }
+
+void MainWindow::CallOffEndOfSession() { Raise(onSessionGoesOn); }
+
 void MainWindow::EndSession() { Raise(onEndSession); }
 
 void MainWindow::End(int exitCode) {

@@ -39,7 +39,13 @@ class MainWindow : public Control {
   /// The operator's close request: `onClose` decides what becomes of it.
   void Close();
 
-  /// The system ends the operator's session: he is not asked, and `onEndSession` has no say in it.
+  /// The system asks whether the operator's session may end, which is never refused. Until it tells
+  /// more, nothing is to happen by itself: `onSessionMayEnd`.
+  void AskForEndOfSession();
+  /// The session does not end after all: `onSessionGoesOn`.
+  void CallOffEndOfSession();
+  /// The system ends the operator's session, asked for before or not: he is not asked, and
+  /// `onEndSession` has no say in it.
   void EndSession();
 
   /// Ends the program with this exit code: no event is handled any more. The first call counts.
@@ -49,6 +55,8 @@ class MainWindow : public Control {
 
   std::function<void()> onResize;
   std::function<void()> onClose;
+  std::function<void()> onSessionMayEnd;
+  std::function<void()> onSessionGoesOn;
   std::function<void()> onEndSession;
 
  private:

@@ -37,7 +37,14 @@ std::uint64_t TimerQueue::Now() {
   return now_;
 }
 
+void TimerQueue::Hold(bool held) {
+  if (held_ == held) return;
+  held_ = held;
+  if (onChange) onChange();
+}
+
 Timer* TimerQueue::Earliest() const {
+  if (held_) return nullptr;
   Timer* earliest = nullptr;
   for (Timer* timer : timers_) {
     if (!timer->enabled_) continue;

@@ -50,11 +50,17 @@ class TimerQueue {
  public:
   explicit TimerQueue(TickClock& clock) : clock_(clock) {}
 
-  /// Milliseconds until the next tick, 0 when one is due; nothing when no timer is enabled.
+  /// Milliseconds until the next tick, 0 when one is due; nothing when no timer is enabled, or all
+  /// are held.
   std::optional<std::uint32_t> UntilNext();
 
   /// Runs the one timer that has been due longest, through `dispatch`. False when none was due.
   bool RunNext(const std::function<void(const std::function<void()>&)>& dispatch);
+
+  /// Stops the timers, one that is due included, or lets them go on. What fell due while they were
+  /// held ticks once when they go on, as after any event that took long.
+  void Hold(bool held);
+  bool Held() const { return held_; }
 
   /// Called whenever the next due time may have changed.
   std::function<void()> onChange;
@@ -67,6 +73,7 @@ class TimerQueue {
   TickClock& clock_;
   std::vector<Timer*> timers_;
   std::uint64_t sequence_ = 0;
+  bool held_ = false;
   std::uint64_t now_ = 0;  ///< The tick count continued past its wraps.
 };
 

@@ -338,18 +338,13 @@ TEST_F(Tray, ASecondLauncherInTheSameRootShowsNoIcon) {
   EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher");
 }
 
-class SessionEnd : public Tray {
- protected:
-  void EndSession() {
-    launcher->TheProgram().Dispatch().Run([this] { launcher->Window().EndSession(); });
-  }
-};
+class SessionEnd : public Tray {};
 
 TEST_F(SessionEnd, SavesTheSettingsAndLeavesTheServersWithoutAWord) {
   StartWithAllServers();
   launcher->Check("chkAK", 2);
   launcher->Type("TTO", 2, "90");
-  EndSession();
+  launcher->EndSession();
   EXPECT_TRUE(launcher->Ended());
   EXPECT_EQ(launcher->ExitCode(), kExitNormal);
   EXPECT_EQ(machine.Setting("MapTimeout"), "90");
@@ -362,23 +357,98 @@ TEST_F(SessionEnd, SavesTheSettingsAndLeavesTheServersWithoutAWord) {
 
 TEST_F(SessionEnd, WithoutServersItIsACloseToo) {
   StartLauncher();
-  EndSession();
+  launcher->EndSession();
   EXPECT_TRUE(launcher->Ended());
   EXPECT_EQ(machine.Setting("StartMinimized"), "0");
 }
 
 TEST_F(SessionEnd, UnderAMessageBoxItIsNotHeldUp) {
   StartWithAllServers();
-  machine.boxes.whileNextIsOpen = [this] { EndSession(); };
+  machine.boxes.whileNextIsOpen = [this] { launcher->EndSession(); };
   launcher->Close();  // Refused by a box, under which the operator logs off.
   EXPECT_TRUE(launcher->Ended());
   EXPECT_EQ(machine.Setting("MapTimeout"), "60");
   EXPECT_EQ(machine.processes.Named(kMap).size(), 1U);
 }
 
+// The system asks all programs first and tells them to end later. In between the crash watch took
+// the servers that had ended at the question for crashed ones.
+TEST_F(SessionEnd, NothingTicksBetweenTheQuestionAndTheEnd) {
+  StartWithAllServers();
+  const std::size_t launches = machine.processes.Launches();
+  launcher->AskForEndOfSession();
+  for (const char* server : {kLogin, kChar, kMap}) Crash(server);
+  machine.recorder.Forget();
+  launcher->Pass(1min);
+  EXPECT_EQ(machine.recorder.Calls(), std::vector<std::string>{});
+  EXPECT_EQ(launcher->Log(), "");
+  launcher->EndSession();
+  EXPECT_TRUE(launcher->Ended());
+  EXPECT_EQ(machine.processes.Launches(), launches);
+  EXPECT_EQ(machine.Setting("MapTimeout"), "60");
+  EXPECT_TRUE(machine.boxes.Shown().empty());
+}
+
+TEST_F(SessionEnd, ThatIsCalledOffLetsTheWatchesGoOn) {
+  StartWithAllServers();
+  launcher->AskForEndOfSession();
+  launcher->Pass(20s);
+  Crash(kMap);
+  launcher->Pass(40s);
+  ASSERT_EQ(launcher->Log(), "");
+  launcher->CallOffEndOfSession();
+  machine.recorder.Forget();
+  launcher->Pass(0s);
+  EXPECT_EQ(machine.recorder.CountOf("tray.modify("), 1U) << "a missed tick comes once";
+  EXPECT_EQ(launcher->CountInLog("Map Server crashed, restarting..."), 1U);
+  EXPECT_EQ(machine.processes.Named(kMap).size(), 1U);
+  machine.recorder.Forget();
+  launcher->Pass(60s);
+  EXPECT_EQ(machine.recorder.CountOf("tray.modify("), 30U);
+  EXPECT_FALSE(launcher->Ended());
+  EXPECT_EQ(machine.recorder.CountOf("registry.write"), 0U);
+}
+
+TEST_F(SessionEnd, MayBeAskedForTwiceAndCalledOffUnasked) {
+  StartWithAllServers();
+  launcher->CallOffEndOfSession();
+  launcher->AskForEndOfSession();
+  launcher->AskForEndOfSession();
+  launcher->CallOffEndOfSession();
+  Crash(kMap);
+  launcher->Pass(5s);
+  EXPECT_EQ(launcher->CountInLog("Map Server crashed, restarting..."), 1U);
+}
+
+TEST_F(SessionEnd, SavesOnce) {
+  StartWithAllServers();
+  launcher->AskForEndOfSession();
+  launcher->EndSession();
+  machine.recorder.Forget();
+  launcher->EndSession();
+  launcher->CallOffEndOfSession();
+  launcher->Close();
+  launcher->Pass(1min);
+  EXPECT_EQ(machine.recorder.Calls(), std::vector<std::string>{});
+}
+
+TEST_F(SessionEnd, NothingTicksUnderABoxThatIsUpAtTheQuestion) {
+  StartWithAllServers();
+  machine.boxes.whileNextIsOpen = [this] {
+    launcher->AskForEndOfSession();
+    Crash(kMap);
+    launcher->Pass(1min);
+  };
+  launcher->Close();  // Refused by a box.
+  EXPECT_EQ(launcher->Log(), "");
+  launcher->CallOffEndOfSession();
+  launcher->Pass(5s);
+  EXPECT_EQ(launcher->CountInLog("Map Server crashed, restarting..."), 1U);
+}
+
 TEST_F(SessionEnd, DuringARefusalToStartNothingIsSaved) {
   machine.files.Remove("C:\\srv\\conf\\login_athena.conf");
-  machine.boxes.whileNextIsOpen = [this] { EndSession(); };
+  machine.boxes.whileNextIsOpen = [this] { launcher->EndSession(); };
   launcher = std::make_unique<Launcher>(machine);
   launcher->Start();
   EXPECT_EQ(launcher->ExitCode(), kExitRefused);

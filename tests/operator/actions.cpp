@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include <cwchar>
+#include <vector>
 
 namespace tarvo {
 namespace {
@@ -141,6 +142,35 @@ void GoToPage(HWND launcher, int page) {
     throw OperatorError("no page " + std::to_string(page) + ": 1 to " + std::to_string(pages));
   }
   Send(Tabs(launcher), TCM_SETCURFOCUS, static_cast<WPARAM>(page - 1));
+}
+
+namespace {
+
+BOOL CALLBACK AddOwn(HWND window, LPARAM argument) {
+  auto& windows = *reinterpret_cast<std::vector<HWND>*>(argument);
+  if (ProcessOf(window) == ProcessOf(windows.front()) && window != windows.front()) {
+    windows.push_back(window);
+  }
+  return TRUE;
+}
+
+}  // namespace
+
+void LogOff(HWND launcher, const std::string& step) {
+  if (step != "asked" && step != "ends" && step != "off") {
+    throw OperatorError("log-off wants asked, ends or off");
+  }
+  std::vector<HWND> windows{launcher};
+  EnumWindows(AddOwn, reinterpret_cast<LPARAM>(&windows));
+  for (const HWND window : windows) {
+    if (step == "asked") {
+      if (Send(window, WM_QUERYENDSESSION) == 0) throw OperatorError("a window refuses the end");
+    } else {
+      // Whoever ends may be gone before its last window is told.
+      SendMessageTimeoutA(window, WM_ENDSESSION, step == "ends", 0, SMTO_NORMAL, kPatience,
+                          nullptr);
+    }
+  }
 }
 
 void WindowCommand(HWND launcher, WPARAM command) {

@@ -28,6 +28,9 @@ LRESULT EntryCount(const FoundControl& list);
 void GoToPage(HWND launcher, int page);
 /// A command of the window's own menu: SC_CLOSE, SC_MINIMIZE, SC_RESTORE.
 void WindowCommand(HWND launcher, WPARAM command);
+/// What the system tells every window of a program at the end of the session: "asked" whether it
+/// may end, that it "ends", or that the end is called "off". A message box hinders none of it.
+void LogOff(HWND launcher, const std::string& step);
 
 /// The page that is shown, counted from 1.
 int ShownPage(HWND launcher);

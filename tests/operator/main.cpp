@@ -178,6 +178,8 @@ bool RunOnWindow(const Order& order) {
     WindowCommand(NeedLauncher(order.choice), SC_MAXIMIZE);
   } else if (verb == "restore") {
     WindowCommand(NeedLauncher(order.choice), SC_RESTORE);
+  } else if (verb == "log-off") {
+    LogOff(NeedLauncher(order.choice), OnlyWord(order));
   } else if (verb == "answer") {
     AnswerBox(order);
   } else if (verb == "box") {

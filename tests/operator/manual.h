@@ -14,6 +14,9 @@ inline constexpr char kManual[] =
   operator page N                        goes to page N, counted from 1
   operator close | minimize | maximize | restore   what the buttons of the title bar do
 
+  operator log-off asked|ends|off        what the system tells at a log-off: it asks whether the
+                                         session may end, ends it, or calls the end off
+
   operator answer yes|no|ok              waits for a message box, prints it, presses the button
   operator choose-file PATH              waits for the file dialog, types the path, presses Open
   operator cancel-file                   waits for the file dialog and presses Cancel

@@ -114,6 +114,18 @@ void Launcher::Close() {
   Event([this] { Window().Close(); });
 }
 
+void Launcher::AskForEndOfSession() {
+  Event([this] { Window().AskForEndOfSession(); });
+}
+
+void Launcher::CallOffEndOfSession() {
+  Event([this] { Window().CallOffEndOfSession(); });
+}
+
+void Launcher::EndSession() {
+  Event([this] { Window().EndSession(); });
+}
+
 void Launcher::Pass(std::chrono::milliseconds time) {
   const std::uint64_t end = machine_.clock.Age() + static_cast<std::uint64_t>(time.count());
   TimerQueue& timers = principal_.TheTimers();

@@ -33,6 +33,12 @@ class Launcher final : private RichTextMirror {
   void Check(const std::string& name, std::size_t index, bool checked = true);
   void Close();
 
+  /// The two messages by which the system ends the operator's session, and the one that calls it
+  /// off.
+  void AskForEndOfSession();
+  void CallOffEndOfSession();
+  void EndSession();
+
   /// Lets time pass. A blocking call may make it longer.
   void Pass(std::chrono::milliseconds time);
 

@@ -143,6 +143,28 @@ TEST_F(TimerQueueTest, TellsOfEachChangeOfTheNextDueTime) {
   EXPECT_GT(told, 2);
 }
 
+TEST_F(TimerQueueTest, HeldTimersTickNotAndMakeUpForOneTickAlone) {
+  Timer slow(queue, "slow", 300, true);
+  Timer fast(queue, "fast", 100, true);
+  Note(slow);
+  Note(fast);
+  int told = 0;
+  queue.onChange = [&] { ++told; };
+  queue.Hold(true);
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(queue.UntilNext(), std::nullopt);
+  EXPECT_EQ(After(1000), "");
+  fast.SetEnabled(false);
+  fast.SetEnabled(true);
+  queue.Hold(false);
+  EXPECT_EQ(queue.UntilNext(), 0U);
+  EXPECT_EQ(After(0), "slow ");
+  EXPECT_EQ(After(100), "fast ");
+  told = 0;
+  queue.Hold(false);
+  EXPECT_EQ(told, 0);
+}
+
 TEST_F(TimerQueueTest, ATimerThatIsGoneTicksNoMore) {
   Timer staying(queue, "staying", 100, true);
   Note(staying);

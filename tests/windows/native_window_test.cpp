@@ -145,5 +145,20 @@ TEST_F(ShownWindow, AChoiceByMouseFromADropDownListActsOnce) {
   EXPECT_EQ(chosen, 1);
 }
 
+TEST_F(ShownWindow, DoesNotRefuseTheEndOfTheSessionAndTellsBothMessages) {
+  std::string told;
+  MainWindow& window = form_.frame.window;
+  window.onSessionMayEnd = [&] { told += "asked "; };
+  window.onSessionGoesOn = [&] { told += "off "; };
+  window.onEndSession = [&] { told += "ends "; };
+  EXPECT_EQ(SendMessageA(Window(), WM_QUERYENDSESSION, 0, 0), TRUE);
+  SendMessageA(Window(), WM_ENDSESSION, FALSE, 0);
+  // A service program that has to replace a file asks in the same way.
+  constexpr LPARAM kCloseForUpdate = 1;
+  EXPECT_EQ(SendMessageA(Window(), WM_QUERYENDSESSION, 0, kCloseForUpdate), TRUE);
+  SendMessageA(Window(), WM_ENDSESSION, TRUE, kCloseForUpdate);
+  EXPECT_EQ(told, "asked off asked ends ");
+}
+
 }  // namespace
 }  // namespace tarvo

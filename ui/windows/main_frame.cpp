@@ -221,6 +221,17 @@ void MainFrame::GiveFocus() {
   SetFocus(usable ? lastFocus_ : GetNextDlgTabItem(window_, nullptr, FALSE));
 }
 
+void MainFrame::EndOfSession(bool ends) {
+  stage_.Happens([this, ends] {
+    MainWindow& window = stage_.form.frame.window;
+    if (ends) {
+      window.EndSession();
+    } else {
+      window.CallOffEndOfSession();
+    }
+  });
+}
+
 std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_TIMER:
@@ -232,8 +243,11 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
     case WM_CLOSE:
       stage_.Happens([this] { stage_.form.frame.window.Close(); });
       return 0;
+    case WM_QUERYENDSESSION:
+      stage_.Happens([this] { stage_.form.frame.window.AskForEndOfSession(); });
+      return TRUE;
     case WM_ENDSESSION:
-      if (w) stage_.Happens([this] { stage_.form.frame.window.EndSession(); });
+      EndOfSession(w != FALSE);
       return 0;
     case WM_SIZE:
       Sized(w);

@@ -41,6 +41,7 @@ class MainFrame : private ControlMirror {
   void CompletePages();
   void ShownFromOutside();
 
+  void EndOfSession(bool ends);
   void Sized(WPARAM kind);
   void TakeLook();
   void Arrange();
