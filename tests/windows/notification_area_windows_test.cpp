@@ -79,6 +79,16 @@ TEST_F(WindowsNotificationAreaTest, OtherMessagesAreNoneOfItsBusiness) {
   EXPECT_EQ(restarts, 0);
 }
 
+TEST_F(WindowsNotificationAreaTest, TellsWhetherTheShellHasTheIcon) {
+  area.OpenWindow(kTitle);
+  EXPECT_FALSE(area.Modify({0, "tip"})) << "it was never added";
+  if (!area.Add({0, "tip"})) GTEST_SKIP() << "there is no notification area";
+  EXPECT_TRUE(area.Modify({0, "other"}));
+  EXPECT_FALSE(area.Add({0, "tip"})) << "it is there already";
+  area.Delete();
+  EXPECT_FALSE(area.Modify({0, "tip"}));
+}
+
 TEST_F(WindowsNotificationAreaTest, HearsThatTheShellWasStartedAgain) {
   area.OpenWindow(kTitle);
   PostMessageA(HWND_BROADCAST, RegisterWindowMessageA("TaskbarCreated"), 0, 0);
