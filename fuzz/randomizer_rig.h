@@ -65,6 +65,7 @@ class RandomizerRig final : public tarvo::FileReader,
   }
   bool AppendText(const std::string&, const std::string&) override { return true; }
   void WriteError(const std::string&) override {}
+  void WriteUnicodeError(std::u16string_view) override {}
   std::optional<tarvo::RegistryData> Query(tarvo::Hive, const std::string&,
                                            const std::string&) override {
     return std::nullopt;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace tarvo {
 
@@ -11,6 +12,8 @@ class EventLog {
   /// Writes one entry of type error, source "Tarvo Launcher". Never fails: an entry that cannot be
   /// written is lost.
   virtual void WriteError(const std::string& text) = 0;
+  /// The same for a text with letters that not every ANSI code page has.
+  virtual void WriteUnicodeError(std::u16string_view text) = 0;
 };
 
 }  // namespace tarvo

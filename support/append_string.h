@@ -55,14 +55,21 @@ class BasicAppendString {
 
   /// Extends an empty buffer at once by as many steps as so many characters take. A text that stays
   /// within them lies in one block, and TakeString gives that block instead of a copy.
+  ///
+  /// More than kStepsOnTrust steps are taken only when a kProofParts-th of what is expected has
+  /// been gathered, which is moved once then: a text that turns out short does not fill what a long
+  /// one would.
   void Expect(std::size_t characters) {
     if (!blocks_.empty() || characters > kMostCharacters) return;
     const std::size_t steps = (characters + kStepCharacters - 1) / kStepCharacters;
-    expected_.resize(steps * kStepCharacters);
-    blocks_.push_back({expected_.data(), expected_.size(), nullptr});
-    capacity_ = expected_.size();
-    Open(0);
+    if (steps > kStepsOnTrust) {
+      unproved_ = steps * kStepCharacters;
+    } else {
+      TakeExpected(steps * kStepCharacters);
+    }
   }
+  static constexpr std::size_t kStepsOnTrust = 16;
+  static constexpr std::size_t kProofParts = 32;
 
   /// The text gathered so far. Cuts the buffer down to its used part, so that the next append
   /// extends it again and goes on behind this text.
@@ -136,9 +143,25 @@ class BasicAppendString {
     }
   }
 
+  /// Makes one block of so many characters, with the text gathered so far at its beginning.
+  void TakeExpected(std::size_t characters) {
+    const std::size_t used = UsedCharacters();
+    String text;
+    text.reserve(characters);
+    AppendTo(text);
+    text.resize(characters);
+    *this = BasicAppendString();
+    expected_ = std::move(text);
+    blocks_.push_back({expected_.data(), expected_.size(), nullptr});
+    capacity_ = expected_.size();
+    Open(0);
+    end_ += used;
+  }
+
   /// Makes the capacity suffice for so many more characters.
   void Extend(std::size_t more) {
     if (more > kMostCharacters - UsedCharacters()) throw RuntimeError(Fault::Overflow);
+    if (unproved_ > 0 && UsedCharacters() >= unproved_ / kProofParts) TakeExpected(unproved_);
     while (UsedCharacters() + more > capacity_) {
       AddBlock(kStepCharacters);
       if (blocks_.size() == 1) Open(0);
@@ -155,11 +178,15 @@ class BasicAppendString {
   String Joined() const {
     String text;
     text.reserve(UsedCharacters());
+    AppendTo(text);
+    return text;
+  }
+
+  void AppendTo(String& text) const {
     for (std::size_t i = 0; i < current_; ++i) {
       text.append(blocks_[i].characters, blocks_[i].size);
     }
     if (!blocks_.empty()) text.append(begin_, Used());
-    return text;
   }
 
   /// Becomes a single full block that holds `text`.
@@ -173,7 +200,8 @@ class BasicAppendString {
     *this = std::move(cut);
   }
 
-  String expected_;  // the first block, when there was something to expect
+  String expected_;           // the first block, when there was something to expect
+  std::size_t unproved_ = 0;  // characters that are expected when the text proves long
   std::vector<Block> blocks_;
   std::size_t capacity_ = 0;    // characters in all blocks
   std::size_t current_ = 0;     // the block being filled; those before it are full

@@ -7,8 +7,7 @@
 namespace tarvo {
 namespace {
 
-// "Error en funcion StringtoFile" with the accented o of the ANSI code page.
-constexpr const char* kStringtoFileFailed = "Error en funci\xF3n StringtoFile";
+constexpr std::u16string_view kStringtoFileFailed = u"Error en funci\u00F3n StringtoFile";
 constexpr int kHttp = 4;  // and HTTPS is the next one
 
 void WriteIoError(const std::string& source, EventLog& log) {
@@ -77,7 +76,7 @@ bool Document::XMLExportFile(const std::string& fileName, FileReplacer& files, E
     text = XMLExport();
   } catch (const std::exception&) {
     // A text too long to be put together is a fault of writing the file, which raises nothing.
-    log.WriteError(kStringtoFileFailed);
+    log.WriteUnicodeError(kStringtoFileFailed);
     return false;
   }
   return StringtoFile(text, fileName, files, log);
@@ -86,7 +85,7 @@ bool Document::XMLExportFile(const std::string& fileName, FileReplacer& files, E
 bool Document::StringtoFile(const std::string& text, const std::string& fileName,
                             FileReplacer& files, EventLog& log) {
   if (!files.ReplaceText(fileName, text)) return true;
-  log.WriteError(kStringtoFileFailed);
+  log.WriteUnicodeError(kStringtoFileFailed);
   return false;
 }
 

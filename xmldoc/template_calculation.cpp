@@ -9,13 +9,15 @@
 namespace tarvo {
 namespace {
 
-constexpr const char* kSource = "parse.calculation";
-constexpr int kDivisionByZero = 11;
 constexpr int kRankOfSign = 3;
 
 [[noreturn]] void RaiseNotUnderstood(std::string_view at) {
   RaiseMalformedField("Calculation not understood" +
                       (at.empty() ? std::string() : ": " + std::string(at)));
+}
+
+[[noreturn]] void RaiseOverflow() {
+  RaiseTemplateFault(TemplateFault::CalculationOverflow, Fault::Overflow);
 }
 
 bool IsNumberPart(char c) { return (c >= '0' && c <= '9') || c == '.'; }
@@ -66,7 +68,7 @@ std::string_view Calculation::TakeNumber(std::string_view text) {
   if (!wantsOperand_) RaiseNotUnderstood(text);
   double number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error == std::errc::result_out_of_range) throw RuntimeError(Fault::Overflow, kSource);
+  if (error == std::errc::result_out_of_range) RaiseOverflow();
   if (error != std::errc()) RaiseNotUnderstood(text);
   steps_.push_back({Action::Number, number, 0});
   wantsOperand_ = false;
@@ -153,7 +155,7 @@ double Calculation::Applied(Action action, double left, double right) {
     default:
       break;
   }
-  if (right == 0) throw RuntimeError(kDivisionByZero, kSource, "Division by zero");
+  if (right == 0) RaiseTemplateFault(TemplateFault::DivisionByZero, "Division by zero");
   return action == Action::Divide ? left / right : std::fmod(left, right);
 }
 
@@ -169,8 +171,10 @@ double Calculation::Result(const std::vector<double>& operands) const {
       values.pop_back();
       values.back() = Applied(step.action, values.back(), right);
     }
-    if (std::isnan(values.back())) throw RuntimeError(Fault::InvalidProcedureCall, kSource);
-    if (std::isinf(values.back())) throw RuntimeError(Fault::Overflow, kSource);
+    if (std::isnan(values.back())) {
+      RaiseTemplateFault(TemplateFault::InvalidCalculation, Fault::InvalidProcedureCall);
+    }
+    if (std::isinf(values.back())) RaiseOverflow();
   }
   return values.back() + 0.0;  // a zero without a sign
 }

@@ -3,35 +3,38 @@
 namespace tarvo {
 namespace {
 
-// The accented letters stand in the ANSI code page.
+// The accented letters stand in the western ANSI code page.
 constexpr const char* kNoCondition = "No se ha encontrado una condici\xF3n v\xE1lida";
 constexpr const char* kNoComparison = "No se encuentra la condici\xF3n";
 
-[[noreturn]] void Raise(TemplateFault fault, const char* source, const std::string& description) {
-  throw RuntimeError(static_cast<int>(fault), source, description);
-}
-
 }  // namespace
 
-void RaiseMalformedTag() {
-  Raise(TemplateFault::MalformedTag, "VemtoParser.Maker", "Tag mal formado");
+void RaiseTemplateFault(TemplateFault fault, const std::string& description) {
+  const TemplateFaultRule& rule = kTemplateFaults[static_cast<std::size_t>(fault)];
+  throw RuntimeError(rule.number, rule.source, description);
 }
+
+void RaiseTemplateFault(TemplateFault fault, Fault ofTheRunTime) {
+  RaiseTemplateFault(fault, DescriptionOf(ofTheRunTime));
+}
+
+void RaiseMalformedTag() { RaiseTemplateFault(TemplateFault::MalformedTag, "Tag mal formado"); }
 
 void RaiseMissingBlockEnd(std::string_view expectedTag) {
-  Raise(TemplateFault::MissingBlockEnd, "Vemto.Parser",
-        "Falta el final de bloque:\r\n" + std::string(expectedTag));
+  RaiseTemplateFault(TemplateFault::MissingBlockEnd,
+                     "Falta el final de bloque:\r\n" + std::string(expectedTag));
 }
 
-void RaiseNoCondition() { Raise(TemplateFault::NoCondition, "parse.condition", kNoCondition); }
+void RaiseNoCondition() { RaiseTemplateFault(TemplateFault::NoCondition, kNoCondition); }
 
-void RaiseNoComparison() { Raise(TemplateFault::NoComparison, "parse.condition", kNoComparison); }
+void RaiseNoComparison() { RaiseTemplateFault(TemplateFault::NoComparison, kNoComparison); }
 
 void RaiseMalformedField(const std::string& why) {
-  Raise(TemplateFault::MalformedField, "parse.field", why);
+  RaiseTemplateFault(TemplateFault::MalformedField, why);
 }
 
 void RaiseBeyondBounds(const std::string& why) {
-  Raise(TemplateFault::BeyondBounds, "VemtoParser.Maker", why);
+  RaiseTemplateFault(TemplateFault::BeyondBounds, why);
 }
 
 }  // namespace tarvo

@@ -29,6 +29,16 @@ void StoreValue(const TemplatePath& path, Document& node, std::string_view value
   }
 }
 
+std::int32_t WholeNumber(std::string_view text) {
+  try {
+    return ToInteger(text);
+  } catch (const RuntimeError& fault) {
+    const bool tooLarge = fault.Number() == static_cast<int>(Fault::Overflow);
+    RaiseTemplateFault(tooLarge ? TemplateFault::FieldOverflow : TemplateFault::NoNumber,
+                       fault.Description());
+  }
+}
+
 std::string Middle(const std::vector<std::string>& arguments) {
   const std::string& text = arguments[0];
   std::size_t start = arguments.size() > 1 ? CountArgument(arguments[1]) : 1;
@@ -195,8 +205,10 @@ bool TemplateEvaluator::Format(const Texts& arguments, std::string& result) {
 
 bool TemplateEvaluator::Random(const Texts& arguments, std::string& result) {
   const std::string_view given = WithoutOuterBlanks(arguments[0]);
-  const std::int32_t most = ToInteger(given.empty() ? kDefaultRandom : given);
-  if (most < 1) throw RuntimeError(Fault::InvalidProcedureCall, "parse.field");
+  const std::int32_t most = WholeNumber(given.empty() ? kDefaultRandom : given);
+  if (most < 1) {
+    RaiseTemplateFault(TemplateFault::InvalidArgument, Fault::InvalidProcedureCall);
+  }
   if (ports_.random == nullptr) return false;
   result = std::to_string(ports_.random->Below(static_cast<std::uint32_t>(most)) + 1);
   return true;
@@ -205,7 +217,12 @@ bool TemplateEvaluator::Random(const Texts& arguments, std::string& result) {
 bool TemplateEvaluator::External(const Texts& arguments, std::string& result) {
   if (ports_.components == nullptr) return false;
   const Texts given(arguments.begin() + 2, arguments.end());
-  result = ports_.components->Call(arguments[0], arguments[1], given).value_or(std::string());
+  ComponentAnswer answer = ports_.components->Call(arguments[0], arguments[1], given);
+  if (!answer.done) {
+    RaiseTemplateFault(TemplateFault::ExternalCall,
+                       arguments[0] + "." + arguments[1] + ": " + answer.text);
+  }
+  result = std::move(answer.text);
   return true;
 }
 

@@ -94,7 +94,7 @@ std::string Grouped(const std::string& whole) {
 
 std::string FormatNumber(double value, const NumberPattern& pattern) {
   if (pattern.percent) value *= 100;
-  if (!std::isfinite(value)) throw RuntimeError(Fault::Overflow, "parse.field");
+  if (!std::isfinite(value)) RaiseTemplateFault(TemplateFault::FieldOverflow, Fault::Overflow);
   Digits digits = RoundedDigits(std::fabs(value), pattern.mostFraction);
   digits.whole.erase(0, std::min(digits.whole.find_first_not_of('0'), digits.whole.size()));
   while (digits.fraction.size() > pattern.leastFraction && digits.fraction.back() == '0') {

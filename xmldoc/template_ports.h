@@ -15,7 +15,7 @@ namespace tarvo {
 struct TemplatePorts {
   LocalClock* clock = nullptr;           ///< For the moment "now".
   RandomNumbers* random = nullptr;       ///< For "RANDOM(".
-  ComponentCalls* components = nullptr;  ///< For "ext(".
+  ComponentCalls* components = nullptr;  ///< For "ext("; a call not done is an error.
   Mailer* mailer = nullptr;              ///< For "<sendmail ".
 
   /// Bytes that the output, and every single value on the way to it, may have.

@@ -55,6 +55,7 @@ class BenchPorts final : public FileReader,
   }
   bool AppendText(const std::string&, const std::string&) override { return true; }
   void WriteError(const std::string&) override {}
+  void WriteUnicodeError(std::u16string_view) override {}
   std::optional<RegistryData> Query(Hive, const std::string&, const std::string& name) override {
     const auto found = values.find(name);
     if (found == values.end()) return std::nullopt;

@@ -6,6 +6,7 @@ namespace tarvo {
 namespace {
 
 constexpr std::size_t kLongestText = 31839;
+constexpr const char* kSource = "Tarvo Launcher";
 
 struct EventSourceTraits {
   using Value = HANDLE;
@@ -17,12 +18,24 @@ struct EventSourceTraits {
 
 void WindowsEventLog::WriteError(const std::string& text) { Report(text); }
 
+void WindowsEventLog::WriteUnicodeError(std::u16string_view text) { ReportUnicode(text); }
+
 bool WindowsEventLog::Report(const std::string& text) {
-  const UniqueHandle<EventSourceTraits> source(RegisterEventSourceA(nullptr, "Tarvo Launcher"));
+  const UniqueHandle<EventSourceTraits> source(RegisterEventSourceA(nullptr, kSource));
   if (!source.Valid()) return false;
   const std::string shown = text.substr(0, kLongestText);
   const char* strings[] = {shown.c_str()};
   return ReportEventA(source.Get(), EVENTLOG_ERROR_TYPE, 0, 0, nullptr, 1, 0, strings, nullptr) !=
+         0;
+}
+
+bool WindowsEventLog::ReportUnicode(std::u16string_view text) {
+  const UniqueHandle<EventSourceTraits> source(RegisterEventSourceA(nullptr, kSource));
+  if (!source.Valid()) return false;
+  const std::u16string_view shown = text.substr(0, kLongestText);
+  const std::wstring wide(shown.begin(), shown.end());
+  const wchar_t* strings[] = {wide.c_str()};
+  return ReportEventW(source.Get(), EVENTLOG_ERROR_TYPE, 0, 0, nullptr, 1, 0, strings, nullptr) !=
          0;
 }
 

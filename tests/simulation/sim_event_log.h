@@ -17,6 +17,10 @@ class SimEventLog final : public EventLog {
     recorder_.Note("eventLog.writeError(" + text + ")");
     entries_.push_back(text);
   }
+  /// Shown in the western code page.
+  void WriteUnicodeError(std::u16string_view text) override {
+    WriteError(std::string(text.begin(), text.end()));
+  }
 
   const std::vector<std::string>& Entries() const { return entries_; }
 

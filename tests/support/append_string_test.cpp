@@ -58,6 +58,26 @@ TYPED_TEST(AppendStringOf, TakingWhatWasExpectedGivesTheTextAndLeavesNothing) {
   EXPECT_TRUE(this->builder.TakeString().empty());
 }
 
+// A long document that was emptied made its next export fill as much as the long one had taken.
+TYPED_TEST(AppendStringOf, MuchIsExpectedOnlyOfATextThatProvesLong) {
+  const std::size_t expected = 64 * this->kStep;
+  this->builder.Expect(expected);
+  EXPECT_EQ(this->builder.CapacityBytes(), 0);
+  const auto step = this->Filled(this->kStep);
+  this->builder.AddToString(step);
+  this->builder.AddToString(step);
+  EXPECT_EQ(this->builder.CapacityBytes(), this->Bytes(2 * this->kStep));
+  this->builder.AddToString(this->Filled(7));
+  EXPECT_EQ(this->builder.CapacityBytes(), this->Bytes(expected));
+  EXPECT_EQ(this->builder.UsedBytes(), this->Bytes(2 * this->kStep + 7));
+  this->builder.AddToString(this->Filled(expected));
+  EXPECT_EQ(this->builder.CapacityBytes(), this->Bytes(expected + 3 * this->kStep));
+  EXPECT_EQ(this->builder.TakeString(), step + step + this->Filled(7) + this->Filled(expected));
+  EXPECT_EQ(this->builder.CapacityBytes(), 0);
+  this->builder.AddToString(this->Filled(3));
+  EXPECT_EQ(this->builder.TakeString(), this->Filled(3)) << "nothing is expected any more";
+}
+
 TYPED_TEST(AppendStringOf, NothingIsExpectedBehindATextAlreadyThere) {
   this->builder.AddToString(this->Filled(7));
   this->builder.Expect(10 * this->kStep);

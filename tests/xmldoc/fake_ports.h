@@ -45,7 +45,9 @@ class FaultyFiles : public FileReader, public FileReplacer {
 class RecordedLog : public EventLog {
  public:
   void WriteError(const std::string& text) override { entries.push_back(text); }
+  void WriteUnicodeError(std::u16string_view text) override { unicodeEntries.emplace_back(text); }
   std::vector<std::string> entries;
+  std::vector<std::u16string> unicodeEntries;
 };
 
 /// Answers with `body` and remembers what was asked for.

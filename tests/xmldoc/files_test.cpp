@@ -10,6 +10,7 @@ namespace tarvo {
 namespace {
 
 using Entries = std::vector<std::string>;
+using UnicodeEntries = std::vector<std::u16string>;
 
 const FileFault kDiskFull{112, "There is not enough space on the disk."};
 const FileFault kReadOnly{5, "Access is denied."};
@@ -76,11 +77,13 @@ TEST_F(DocumentFiles, AnExportThatCannotBeWrittenIsLoggedAndTheOldFileIsWhole) {
   document->XMLImport("<r><a>1</a></r>");
   for (const FileFault& fault : {kDiskFull, kReadOnly, kLocked}) {
     FaultyFiles faulty(disk, fault);
-    log.entries.clear();
+    log.unicodeEntries.clear();
     EXPECT_FALSE(document->XMLExportFile("x.xml", faulty, log));
     EXPECT_FALSE(Document::StringtoFile("new", "x.xml", faulty, log));
-    const std::string entry = "Error en funci\xF3n StringtoFile";
-    EXPECT_EQ(log.entries, (Entries{entry, entry}));
+    // In Unicode, as not every code page has the letter; the byte F3 is another one there.
+    const std::u16string entry = u"Error en funci\u00F3n StringtoFile";
+    EXPECT_EQ(log.unicodeEntries, (UnicodeEntries{entry, entry}));
+    EXPECT_EQ(log.entries, Entries{});
     EXPECT_EQ(disk.files["x.xml"], "old");
   }
 }
@@ -91,7 +94,7 @@ TEST_F(DocumentFiles, AnExportTooLongForATextIsLoggedAndRaisesNothing) {
   document->XMLImport(deep + "<b/></a>");
   disk.files["x.xml"] = "old";
   EXPECT_FALSE(document->XMLExportFile("x.xml", disk, log));
-  EXPECT_EQ(log.entries, Entries{"Error en funci\xF3n StringtoFile"});
+  EXPECT_EQ(log.unicodeEntries, UnicodeEntries{u"Error en funci\u00F3n StringtoFile"});
   EXPECT_EQ(disk.files["x.xml"], "old");
 }
 

@@ -281,8 +281,8 @@ TEST(TemplateFields, AskChanceWithinItsRange) {
   ExpectAll({
       {"RANDOM(0)", "5 parse.field: Invalid procedure call or argument"},
       {"RANDOM(-1)", "5 parse.field: Invalid procedure call or argument"},
-      {"RANDOM(2147483648)", "6 : Overflow"},
-      {"RANDOM(x)", "13 : Type mismatch"},
+      {"RANDOM(2147483648)", "6 parse.field: Overflow"},
+      {"RANDOM(x)", "13 parse.field: Type mismatch"},
   });
 }
 
@@ -292,7 +292,10 @@ TEST(TemplateFields, CallExternalComponents) {
   EXPECT_EQ(Filled(kDocument, "<@field ext(Some.Thing;Do)>", fakes.All()), "called");
   EXPECT_EQ(fakes.components.calls,
             (std::vector<std::string>{"Some.Thing.Do(7,b)", "Some.Thing.Do()"}));
-  fakes.components.result.reset();
+  fakes.components.answer = {false, "Invalid class string"};
+  EXPECT_EQ(Filled(kDocument, "[<@field ext(Some.Thing,Do,x)>]", fakes.All()),
+            "10107 parse.external: Some.Thing.Do: Invalid class string");
+  fakes.components.answer = {true, ""};
   EXPECT_EQ(Filled(kDocument, "[<@field ext(Some.Thing,Do)>]", fakes.All()), "[]");
   std::string arguments;
   for (int i = 0; i < 30; ++i) arguments += ",x";

@@ -38,17 +38,17 @@ class RecordedMailer : public Mailer {
   std::vector<MailMessage> mails;
 };
 
-/// Answers with `result` and remembers the calls as "identifier.method(a,b)".
+/// Answers with `answer` and remembers the calls as "identifier.method(a,b)".
 class RecordedComponents : public ComponentCalls {
  public:
-  std::optional<std::string> Call(const std::string& programId, const std::string& method,
-                                  const std::vector<std::string>& arguments) override {
+  ComponentAnswer Call(const std::string& programId, const std::string& method,
+                       const std::vector<std::string>& arguments) override {
     std::string call = programId + "." + method + "(";
     for (const std::string& one : arguments) call += (call.back() == '(' ? "" : ",") + one;
     calls.push_back(call + ")");
-    return result;
+    return answer;
   }
-  std::optional<std::string> result = "called";
+  ComponentAnswer answer{true, "called"};
   std::vector<std::string> calls;
 };
 

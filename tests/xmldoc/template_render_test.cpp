@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string>
 
+#include "tests/xmldoc/template_ports_fake.h"
 #include "xmldoc/tool/template_render.h"
 
 namespace tarvo {
@@ -59,6 +60,25 @@ TEST(XmlToolRender, HasAClockAndChance) {
       {"render", Kept("t", "<@field RANDOM(1)><@field for(now,date,yyyy)>"), Kept("x", "<r/>")});
   EXPECT_EQ(run.output.size(), 5U);
   EXPECT_TRUE(run.output.starts_with("120") || run.output.starts_with("121")) << run.output;
+}
+
+TEST(XmlToolRender, TellsWhereThereAreNoComponents) {
+  const XmlToolRun run =
+      RunXmlTool({"render", Kept("t", "a<@field ext(Some.Thing,Do)>"), Kept("x", "<r/>")});
+  EXPECT_EQ(run.exitCode, 1);
+  EXPECT_EQ(run.output, "");
+  EXPECT_EQ(
+      run.complaint,
+      "xmltool: 10107 parse.external: Some.Thing.Do: This system has no component registry\n");
+}
+
+TEST(XmlToolRender, CallsTheComponentsThatItIsGiven) {
+  RecordedComponents components;
+  const XmlToolRun run = RunXmlTool(
+      {"render", Kept("t", "a<@field ext(Some.Thing,Do,VAR(f))>"), Kept("x", "<r><f>1</f></r>")},
+      components);
+  EXPECT_EQ(run.output, "acalled");
+  EXPECT_EQ(components.calls, std::vector<std::string>{"Some.Thing.Do(1)"});
 }
 
 TEST(XmlToolRender, ShowsTheFieldsOfSeveralFilesAsRows) {

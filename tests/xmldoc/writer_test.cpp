@@ -219,5 +219,18 @@ TEST(ProgramFiles, BecomeAChildOfANodeThatHasANameAlready) {
   EXPECT_EQ(calendar->Childs().Child(0)->Name(), "Calendar");
 }
 
+TEST(Writer, FillsNoMoreForADocumentThatWasEmptied) {
+  std::string text = "<r>";
+  while (text.size() < 8'000'000) text += "<f>a value of some length</f>";
+  const Ref<Document> document = Document::Create();
+  document->XMLImport(text + "</r>");
+  EXPECT_GT(document->XMLExport().size(), text.size());
+  while (document->Fields().Count() > 3)
+    document->Fields().RemoveField(document->Fields().Count() - 1);
+  const std::string exported = document->XMLExport();
+  EXPECT_LT(exported.size(), 300U);
+  EXPECT_LT(exported.capacity(), 1'000'000U) << "as much as the long one was filled";
+}
+
 }  // namespace
 }  // namespace tarvo

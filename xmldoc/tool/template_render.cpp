@@ -41,12 +41,13 @@ XmlToolRun CannotRead(const std::string& path) {
   return {kFailed, {}, "xmltool: cannot read " + path + "\n"};
 }
 
-XmlToolRun Render(const std::string& text, Document& document) {
+XmlToolRun Render(const std::string& text, Document& document, ComponentCalls& components) {
   SystemLocalClock clock;
   SystemRandomNumbers random;
   TemplatePorts ports;
   ports.clock = &clock;
   ports.random = &random;
+  ports.components = &components;
   try {
     return {0, document.HTMLExport(text, nullptr, ports), {}};
   } catch (const RuntimeError& error) {
@@ -72,7 +73,7 @@ void AddAsRows(Document& document, Document& pages) {
   }
 }
 
-XmlToolRun RenderTemplate(const std::vector<std::string>& words) {
+XmlToolRun RenderTemplate(const std::vector<std::string>& words, ComponentCalls& components) {
   const bool rows = words.size() > 2 && words[2] == "--rows";
   StdioFileReader files;
   std::string text;
@@ -85,7 +86,7 @@ XmlToolRun RenderTemplate(const std::vector<std::string>& words) {
     document->XMLImport(content);
     if (rows) AddAsRows(*document, *root);
   }
-  return Render(text, *root);
+  return Render(text, *root, components);
 }
 
 }  // namespace tarvo

@@ -59,12 +59,25 @@ XmlToolRun ShowAttributes(std::string_view text) {
   }
 }
 
+class NoComponents : public ComponentCalls {
+ public:
+  ComponentAnswer Call(const std::string&, const std::string&,
+                       const std::vector<std::string>&) override {
+    return {false, "This system has no component registry"};
+  }
+};
+
 }  // namespace
 
 XmlToolRun RunXmlTool(const std::vector<std::string>& words) {
+  NoComponents none;
+  return RunXmlTool(words, none);
+}
+
+XmlToolRun RunXmlTool(const std::vector<std::string>& words, ComponentCalls& components) {
   const bool byRows = words.size() > 3 && words[2] == "--rows";
   const bool byDocument = words.size() == 3 && words[2] != "--rows";
-  if ((byRows || byDocument) && words[0] == "render") return RenderTemplate(words);
+  if ((byRows || byDocument) && words[0] == "render") return RenderTemplate(words, components);
   const bool stop = words.size() == 3 && words[0] == "dump" && words[2] == "--stop-on-load-error";
   if (words.size() != 2 && !stop) return {kWrongUse, {}, kUse};
   if (words[0] == "dump") return Dump(words[1], stop);
