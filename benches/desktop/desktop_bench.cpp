@@ -40,8 +40,10 @@ class BenchShell final : public NotificationArea, public Icons, public CodePage 
     return ++made;
   }
   void Destroy(IconHandle icon) override { alive -= icon == 0 ? 0 : 1; }
+  bool HasOneByteCharacters() override { return true; }
   bool IsLeadByte(unsigned char) override { return false; }
   std::string Lowered(std::string text) override { return text; }
+  std::string Raised(std::string text) override { return text; }
 
   int size = 16;
   int alive = 0;

@@ -262,6 +262,31 @@ TEST(FieldList, SortsByNameInLowerCaseAndStably) {
   EXPECT_EQ(TreeText(*document), "{C=4,b=1,B=5,A=2,a=3,_=6}");
 }
 
+/// Values of the fields from first to last.
+std::string ValuesOf(Document& document) {
+  std::string values;
+  for (int i = 0; i < document.Fields().Count(); ++i) {
+    values += document.Fields().Field(i)->Value() + " ";
+  }
+  return values;
+}
+
+// Sixteen entries and fewer are in order after a sorting that is not stable, too.
+TEST(FieldList, OfManyEqualNamesKeepsThemInOrder) {
+  const Ref<Document> document = Document::Create();
+  std::string first;
+  std::string second;
+  for (int i = 0; i < 100; ++i) {
+    const std::string number = std::to_string(i);
+    document->Fields().AddField(i % 4 < 2 ? "b" : i % 4 == 2 ? "a" : "A", number);
+    (i % 4 < 2 ? second : first) += number + " ";
+  }
+  document->Fields().Sort(true);
+  EXPECT_EQ(ValuesOf(*document), first + second);
+  document->Fields().Sort(false);
+  EXPECT_EQ(ValuesOf(*document), second + first);
+}
+
 TEST(FieldList, SortsBytesAbove127BehindTheLetters) {
   const Ref<Document> document = WithFields({"\xE9", "z", "\x7F"});
   document->Fields().Sort(true);
@@ -340,6 +365,52 @@ TEST(ChildList, SortsByNameByteForByteAndStably) {
   EXPECT_EQ(TreeText(*document), "{|A{}|B{}|a{one=}|a{}|b{}|\xE9{}}");
   document->Sort(false);
   EXPECT_EQ(TreeText(*document), "{|\xE9{}|b{}|a{one=}|a{}|B{}|A{}}");
+}
+
+TEST(ChildList, OfManyEqualNamesKeepsThemInOrder) {
+  const Ref<Document> document = Document::Create();
+  for (int i = 0; i < 100; ++i) {
+    const int index = document->Childs().AddChild(i % 2 == 0 ? "b" : "a");
+    document->Childs().Child(index)->SetVersion(std::to_string(i));
+  }
+  for (const bool ascending : {true, false}) {
+    document->Sort(ascending);
+    for (int i = 0; i < 100; ++i) {
+      const bool isB = (i < 50) != ascending;
+      const int number = i % 50 * 2 + (isB ? 0 : 1);
+      EXPECT_EQ(document->Childs().Child(i)->Version(), std::to_string(number)) << i;
+    }
+  }
+}
+
+TEST(Keys, TakeOffQuotesOfOneKindAlone) {
+  const Ref<Document> document = Imported("<r><f a=\"x\">bare</f><g/><h/></r>");
+  document->Fields().Field("g")->Parameters().AddParameter("a", "'x\"");
+  document->Fields().Field("h")->Parameters().AddParameter("a", "\"x'");
+  document->Fields().Field("g")->SetValue("single first");
+  document->Fields().Field("h")->SetValue("double first");
+  const std::pair<const char*, const char*> cases[] = {
+      {"@a='x'", "bare"},
+      {"@a=\"x\"", "bare"},
+      {"@a='x\"", "single first"},
+      {"@a=\"x'", "double first"},
+      {"@a=\"'x\"\"", "single first"},
+      {"@a='\"x''", "double first"},
+  };
+  for (const auto& [key, value] : cases) {
+    EXPECT_EQ(document->Fields().Field(key)->Value(), value) << key;
+  }
+}
+
+TEST(Keys, EndAStepNotWithinQuotesOfTheOtherKind) {
+  const Ref<Document> root = Imported("<r><m a=\"it's.2\"><n><f>1</f></n></m></r>");
+  root->Childs().AddChild("o");
+  const Ref<Document> o = root->Childs().Child("o");
+  o->Parameters().AddParameter("a", "1\".2");
+  o->Childs().AddChild("n");
+  o->Childs().Child("n")->Fields().AddField("f", "2");
+  EXPECT_EQ(TreeText(*root->SelectSingleNode("m@a=\"it's.2\".n")), "n{f=1}");
+  EXPECT_EQ(TreeText(*root->SelectSingleNode("o@a='1\".2'.n")), "n{f=2}");
 }
 
 TEST(ParameterList, AddsLooksUpAndRemoves) {

@@ -104,6 +104,23 @@ TEST(TemplateOrder, KnowsEveryValueInAMailWhereverItWasFilled) {
   EXPECT_EQ(fakes.mailer.mails[0].body, evil + evil + evil);
 }
 
+// The one that is open longest is named: it is the first whose end is missing.
+TEST(TemplateOrder, NamesTheOutermostOfTheBlocksWithoutAnEnd) {
+  const std::string missing = "10102 Vemto.Parser: Falta el final de bloque:\r\n<@close ID=\"";
+  const std::pair<const char*, const char*> cases[] = {
+      {"<@open ID=\"b\"><@open ID=\"c\"><@open ID=\"d\">", "b"},
+      {"<@open ID=\"b\"><@close ID=\"b\"><@open ID=\"c\"><@open ID=\"d\">", "c"},
+      {"<@open ID=\"b\"><@open ID=\"c\"><@close ID=\"c\"><@open ID=\"d\">", "b"},
+      // Within a block that ends, of those that it leaves open.
+      {"<@open ID=\"b\"><@open ID=\"c\"><@open ID=\"d\"><@close ID=\"b\">", "c"},
+      {"<@open ID=\"a\"><@open ID=\"b\"><@open ID=\"c\"><@open ID=\"d\"><@close ID=\"b\">", "c"},
+      {"<@open ID=\"b\"><@open ID=\"c\"><@open ID=\"b\"><@open ID=\"d\"><@close ID=\"b\">", "d"},
+  };
+  for (const auto& [source, named] : cases) {
+    EXPECT_EQ(Filled(kDocument, source), missing + named + "\">") << source;
+  }
+}
+
 /// Notes what memory is in use when it is asked.
 class MemoryAtTheEnd : public RandomNumbers {
  public:
