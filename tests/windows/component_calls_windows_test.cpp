@@ -11,6 +11,9 @@
 
 #include "platform/windows/automation_windows.h"
 
+// The interfaces of COM have no virtual destructor: they end by Release.
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
 namespace tarvo {
 namespace {
 
