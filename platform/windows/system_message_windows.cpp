@@ -1,6 +1,19 @@
 #include "platform/windows/system_message_windows.h"
 
+#include <cstdio>
+
 namespace tarvo {
+
+namespace {
+
+/// Results of components are known by their eight hexadecimal digits.
+std::string NumberText(DWORD error) {
+  char text[16] = {};
+  std::snprintf(text, sizeof(text), (error & 0x80000000UL) != 0 ? "0x%08lX" : "%lu", error);
+  return text;
+}
+
+}  // namespace
 
 std::string SystemMessage(DWORD error) {
   char buffer[512] = {};
@@ -9,7 +22,7 @@ std::string SystemMessage(DWORD error) {
       nullptr, error, 0, buffer, sizeof(buffer), nullptr);
   std::string text(buffer, length);
   while (!text.empty() && (text.back() == ' ' || text.back() == '.')) text.pop_back();
-  return text.empty() ? "System error " + std::to_string(error) : text;
+  return text.empty() ? "System error " + NumberText(error) : text;
 }
 
 }  // namespace tarvo

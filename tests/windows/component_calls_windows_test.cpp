@@ -169,9 +169,13 @@ class ComponentCallsWindows : public ::testing::Test {
             GetProcAddress(LoadLibraryA("ole32.dll"), "CoRegisterClassObject")));
     ASSERT_EQ(registerClass(kClass, &factory_, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie_),
               S_OK);
+    // Wine looks for classes in the machine's part alone; Windows lets not everybody write there.
     HKEY key = nullptr;
     const std::string path = std::string(kClassKey) + "\\CLSID";
-    ASSERT_EQ(RegCreateKeyA(HKEY_CURRENT_USER, path.c_str(), &key), 0);
+    if (RegCreateKeyA(HKEY_LOCAL_MACHINE, path.c_str(), &key) != 0) {
+      root_ = HKEY_CURRENT_USER;
+      ASSERT_EQ(RegCreateKeyA(root_, path.c_str(), &key), 0);
+    }
     RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(kClassText), 39 * 2);
     RegCloseKey(key);
   }
@@ -179,8 +183,8 @@ class ComponentCallsWindows : public ::testing::Test {
     const auto revokeClass = reinterpret_cast<decltype(&::CoRevokeClassObject)>(
         reinterpret_cast<void*>(GetProcAddress(LoadLibraryA("ole32.dll"), "CoRevokeClassObject")));
     revokeClass(cookie_);
-    RegDeleteKeyA(HKEY_CURRENT_USER, (std::string(kClassKey) + "\\CLSID").c_str());
-    RegDeleteKeyA(HKEY_CURRENT_USER, kClassKey);
+    RegDeleteKeyA(root_, (std::string(kClassKey) + "\\CLSID").c_str());
+    RegDeleteKeyA(root_, kClassKey);
     EXPECT_EQ(living, 0);
   }
 
@@ -197,6 +201,7 @@ class ComponentCallsWindows : public ::testing::Test {
   Apartment apartment_{Calls()};
   TestFactory factory_;
   DWORD cookie_ = 0;
+  HKEY root_ = HKEY_LOCAL_MACHINE;
 };
 
 TEST_F(ComponentCallsWindows, GivesTheResultAsText) {
