@@ -1,5 +1,7 @@
 #include "supervision/freeze_watch.h"
 
+#include <optional>
+
 #include "tests/simulation/launcher_story.h"
 
 namespace tarvo {
@@ -74,6 +76,48 @@ TEST_F(Freezes, EachServerHasItsOwnWords) {
             "10:00:30 0 Listening Char Server\n"
             "10:00:36 2 Shuting down Map...\n");
   EXPECT_EQ(LastFailure(), "Map: 2026-11-21 10:00:36");
+}
+
+TEST_F(Freezes, EachServersReturnHasItsOwnWords) {
+  const struct {
+    const char* server;
+    const char* back;
+  } cases[] = {{kLogin, "Login server is back!"},
+               {kChar, "Char server is back!"},
+               {kMap, "Map server is back!"}};
+  for (const auto& c : cases) {
+    Watch("300");
+    Freeze(c.server);
+    launcher->Pass(20s);
+    launcher->ForgetLog();
+    Thaw(c.server);
+    launcher->Pass(3s);
+    EXPECT_EQ(launcher->Log().substr(8), std::string(" 0 ") + c.back + "\n");
+    launcher->Click("bStart", 4);
+  }
+}
+
+TEST_F(Freezes, AKillIsToldBeforeItIsDone) {
+  for (const ComponentKind kind : kComponents) {
+    Watch("5");
+    const std::string name = NameOf(kind);
+    const std::string executable = launcher->TheForm().servers.Exes[kind].Text();
+    std::size_t told = 0;
+    std::optional<std::string> failure;
+    machine.recorder.beforeEach = [&] {
+      if (!failure && machine.recorder.Calls().back().starts_with("processes.end(")) {
+        told = launcher->CountInLog("Shuting down " + name + "...");
+        failure = LastFailure();
+      }
+    };
+    Freeze(executable);
+    while (!failure) launcher->Pass(100ms);
+    machine.recorder.beforeEach = nullptr;
+    EXPECT_EQ(told, 1u) << name;
+    EXPECT_EQ(failure->substr(0, name.size() + 2), name + ": ");
+    EXPECT_EQ(launcher->CountInLog(name + " Server crashed, restarting..."), 0u);
+    launcher->Click("bStart", 4);
+  }
 }
 
 TEST_F(Freezes, AServerThatAnswersAgainInTimeIsBackAndWatchedAtItsInterval) {
@@ -245,6 +289,20 @@ TEST_F(Freezes, AFreezeInTheSystemsFirstSecondIsNeverKilled) {
   EXPECT_EQ(launcher->RunningTimers(ComponentKind::Login), "LCtrl TLogin");
 }
 
+TEST_F(Freezes, TheKillIsDueWhateverTheSystemsAge) {
+  constexpr std::uint64_t kDay = 86400000;
+  for (const std::uint64_t age : {kDay, std::uint64_t{0x80000000} - 5000, std::uint64_t{0x80000000},
+                                  30 * kDay, 49 * kDay, 50 * kDay, 75 * kDay}) {
+    launcher.reset();
+    machine.clock.SetTicks(age);
+    Watch("5");
+    Freeze(kLogin);
+    launcher->Pass(20s);
+    EXPECT_EQ(launcher->CountInLog("Shuting down Login..."), 1u) << age;
+    launcher->Click("bStart", 4);
+  }
+}
+
 TEST_F(Freezes, AFreezeAcrossTheWrapOfTheTickCountIsKilledOnlyInANewFreeze) {
   machine.clock.SetTicks(0x100000000 - 20000);
   Watch("5");
@@ -305,6 +363,22 @@ TEST_F(Freezes, TheIntervalOfTheSettingsIsTheProbes) {
   launcher->Check("chkAK", 2, false);
   launcher->Pass(10s);
   EXPECT_EQ(machine.network.Connects().size() - before, 10u);
+}
+
+TEST_F(Freezes, AnIntervalThatIsNotTheUsualOneIsTold) {
+  machine.SetSetting("LoginChkInterval", "15000");
+  machine.SetSetting("CharChkInterval", "500");
+  machine.SetSetting("MapChkInterval", "2500");
+  StartLauncher();
+  const std::string log = launcher->NewLog();
+  EXPECT_NE(log.find(" 1 Login Check Interval: 15 seconds.\n"
+                     "10:00:00 1 Char Check Interval: 1 seconds.\n"
+                     "10:00:00 1 Map Check Interval: 2.5 seconds.\n"),
+            std::string::npos)
+      << log;
+  machine.SetSetting("CharChkInterval", "10000");
+  StartLauncher();
+  EXPECT_EQ(launcher->Log().find("Char Check Interval"), std::string::npos);
 }
 
 TEST_F(Freezes, ClocksSetByHoursDisturbNoFreeze) {
