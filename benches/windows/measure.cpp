@@ -12,8 +12,7 @@
 // Handles are counted in the system's own handle list: Wine answers the plain question with 0.
 
 #include <windows.h>
-// After windows.h, which they need.
-#include <tlhelp32.h>
+// After windows.h, which it needs.
 #include <winternl.h>
 
 #include <cstdint>
@@ -23,29 +22,17 @@
 #include <vector>
 
 #include "benches/windows/object_count.h"
+#include "benches/windows/process_search.h"
 
 namespace {
+
+using tarvo::FindProcess;
 
 double Now() {
   LARGE_INTEGER count, frequency;
   QueryPerformanceCounter(&count);
   QueryPerformanceFrequency(&frequency);
   return static_cast<double>(count.QuadPart) * 1000.0 / static_cast<double>(frequency.QuadPart);
-}
-
-DWORD FindProcess(const char* name, DWORD other = 0) {
-  PROCESSENTRY32 entry{};
-  entry.dwSize = sizeof entry;
-  const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-  DWORD found = 0;
-  for (BOOL more = Process32First(snapshot, &entry); more != 0 && found == 0;
-       more = Process32Next(snapshot, &entry)) {
-    if (lstrcmpiA(entry.szExeFile, name) == 0 && entry.th32ProcessID != other) {
-      found = entry.th32ProcessID;
-    }
-  }
-  CloseHandle(snapshot);
-  return found;
 }
 
 struct WindowSearch {

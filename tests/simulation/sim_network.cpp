@@ -133,7 +133,9 @@ bool SimNetwork::SendFirstPacketOnce(SocketHandle socket) {
 
 bool SimNetwork::Wait(std::uint64_t needed, std::uint32_t given) {
   const bool inTime = patient_ || needed <= given;
-  clock_.Advance(inTime ? needed : given);
+  const std::uint64_t wait = inTime ? needed : given;
+  clock_.Advance(wait);
+  waited_ += wait;
   return inTime;
 }
 

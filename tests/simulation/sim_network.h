@@ -63,6 +63,8 @@ class SimNetwork final : public Sockets {
   int Stops() const { return stops_; }
   /// Questions for the name server that have no answer yet, or one that nobody has fetched.
   std::size_t OpenQuestions() const { return questions_.size(); }
+  /// Milliseconds that callers have waited in all.
+  std::uint64_t Waited() const { return waited_; }
   std::size_t OpenSockets() const { return open_.size(); }
   /// The addresses that were connected to, as they went on the wire.
   const std::vector<SocketAddress>& Connects() const { return connects_; }
@@ -93,6 +95,7 @@ class SimNetwork final : public Sockets {
   std::vector<SocketAddress> connects_;
   std::optional<ProtocolRecord> record_;
   SocketHandle lastSocket_ = 100;
+  std::uint64_t waited_ = 0;
   std::uint32_t nameServerDelay_ = 0;
   bool repeatsAlways_ = false;
   bool patient_ = false;
