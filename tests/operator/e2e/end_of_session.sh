@@ -7,6 +7,7 @@ story_begin "$0" "$@"
 start_launcher
 operate click bStart 3
 expect_log 15 "Listening Map Server"
+operate check chkAK 2
 operate set TTO 2 77
 operate page 1
 operate log-off asked
