@@ -53,8 +53,9 @@ Principal::Principal(const Machine& machine)
       upgrade_({form_, components_, startStop_, log_, upgradeSettings_, machine.fileReader,
                 PatientCopies(machine.fileCopies, machine.tickClock), machine.localClock,
                 machine.messageBoxes, root_.AppFolder(), crashWatch_.UpgradeInProgress}),
+      patientFiles_(machine.fileReplacer, machine.tickClock),
       randomizer_(form_.randomizer, form_.timers.tmr_Calendar, log_, root_,
-                  {machine.fileReader, machine.fileReplacer, machine.eventLog, registry_,
+                  {machine.fileReader, patientFiles_, machine.eventLog, registry_,
                    machine.localClock, machine.random, machine.messageBoxes}) {
   WireControls();
   WireTimers();

@@ -5,6 +5,7 @@
 
 #include "core/component.h"
 #include "core/launcher_settings.h"
+#include "core/patience.h"
 #include "core/per_user_registry.h"
 #include "core/process_control.h"
 #include "core/server_root.h"
@@ -120,6 +121,7 @@ class Principal {
   frmSysTray tray_;
   UpgradeSettings upgradeSettings_;
   ComponentUpgrade upgrade_;
+  PatientReplacer patientFiles_;
   Randomizer randomizer_;
   bool componentsFoundInMemory_ = false;
   bool refusingToClose_ = false;

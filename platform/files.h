@@ -6,10 +6,19 @@
 
 namespace tarvo {
 
-/// Why the system refused a file operation: its error number and its own words.
+/// What kind of reason it was, for whoever decides whether to try again.
+enum class FileTrouble {
+  Missing,   ///< There is no such file or folder.
+  Held,      ///< Another program has the file in use, or it still runs: it may work in a moment.
+  DiskFull,  ///< There is no room, on the disk or in the user's share of it.
+  Refused,   ///< Everything else: no right, a folder of that name, a broken disk.
+};
+
+/// Why the system refused a file operation: its error number, its own words, the kind of reason.
 struct FileFault {
   int number = 0;
   std::string description;
+  FileTrouble trouble = FileTrouble::Refused;
 };
 
 enum class ReadResult {
@@ -27,7 +36,15 @@ class FileReader {
   virtual ReadResult ReadText(const std::string& path, std::string& text) = 0;
 };
 
-/// Replaces whole files: the new text is written beside the old file, flushed and swapped in.
+/// Replaces whole files: the new text is written beside the old file, flushed and swapped in by one
+/// step, so that there is the old file or the new one at every moment. Each call is one attempt:
+/// nothing here waits or tries again.
+///
+/// A file that is replaced stays what it was but for its content: rights, attributes, streams and
+/// the moment of its creation are kept. A symbolic link stays one, and the file that it leads to is
+/// replaced. Of a file with several names (hard links) only the one that is asked for gets the new
+/// content; the others keep the old, since whoever writes through all of them has no old file left
+/// when it fails. A read-only file is refused.
 class FileReplacer {
  public:
   virtual ~FileReplacer() = default;

@@ -20,24 +20,16 @@ Fault NumberFor(FileTrouble trouble) {
   return Fault::PathFileAccess;
 }
 
-[[noreturn]] void Raise(const std::string& what, const CopyFault& fault) {
-  throw RuntimeError(NumberFor(fault.trouble), what + ": " + fault.reason.description +
-                                                   " (system error " +
-                                                   std::to_string(fault.reason.number) + ")");
+[[noreturn]] void Raise(const std::string& what, const FileFault& fault) {
+  throw RuntimeError(NumberFor(fault.trouble), what + ": " + fault.description + " (system error " +
+                                                   std::to_string(fault.number) + ")");
 }
 
 }  // namespace
 
 void PatientCopies::CopyOver(const std::string& source, const std::string& target) {
-  const std::uint32_t begun = clock_.Milliseconds();
-  for (;;) {
-    const auto fault = copies_.CopyOver(source, target);
-    if (!fault) return;
-    const bool patient =
-        fault->trouble == FileTrouble::Held && clock_.Milliseconds() - begun < kLongestHold;
-    if (!patient) Raise("Copying " + source + " to " + target, *fault);
-    clock_.Pause(kBetweenTries);
-  }
+  const auto fault = patience_.Try([&] { return copies_.CopyOver(source, target); });
+  if (fault) Raise("Copying " + source + " to " + target, *fault);
 }
 
 void PatientCopies::MakeFolder(const std::string& path) {

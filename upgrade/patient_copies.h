@@ -1,24 +1,29 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
+#include "core/patience.h"
 #include "platform/clock.h"
 #include "platform/file_copies.h"
 
 namespace tarvo {
 
-/// The upgrade's file operations. A file that is held is tried again for `kLongestHold`
-/// milliseconds, since an executable stays in use for a moment after its process has died. What
-/// fails then, or for any other reason, is a fault of the run time: 53 for what is missing, 61 for
-/// a full disk, 70 for a file in use, 75 for everything else; its source names the files, the
-/// system's own words for the reason and the system's number.
+/// The upgrade's file operations. A file that is held is tried again as `Patience` says. What fails
+/// then, or for any other reason, is a fault of the run time: 53 for what is missing, 61 for a full
+/// disk, 70 for a file in use, 75 for everything else; its source names the files, the system's own
+/// words for the reason and the system's number.
 class PatientCopies {
  public:
-  PatientCopies(FileCopies& copies, TickClock& clock) : copies_(copies), clock_(clock) {}
+  PatientCopies(FileCopies& copies, TickClock& clock) : copies_(copies), patience_(clock) {}
 
   /// Makes `target` a copy of `source`, the last-modified date included, creating or replacing it.
   void CopyOver(const std::string& source, const std::string& target);
+
+  bool SameFile(const std::string& one, const std::string& other) {
+    return copies_.SameFile(one, other);
+  }
+  /// A file that cannot be taken away stays: whoever calls has no more use for it.
+  void Remove(const std::string& path) { copies_.Remove(path); }
 
   bool FolderExists(const std::string& path) { return copies_.FolderExists(path); }
   void MakeFolder(const std::string& path);
@@ -28,12 +33,9 @@ class PatientCopies {
   /// same date.
   std::string DateText(const std::string& path);
 
-  static constexpr std::uint32_t kLongestHold = 5000;
-  static constexpr std::uint32_t kBetweenTries = 100;
-
  private:
   FileCopies& copies_;
-  TickClock& clock_;
+  Patience patience_;
 };
 
 }  // namespace tarvo

@@ -1,18 +1,25 @@
 #pragma once
 
 #include "platform/file_copies.h"
+#include "platform/windows/file_swap_windows.h"
 
 namespace tarvo {
 
-/// Copies by the system's own copy call to a file beside the target, then one rename over it. The
-/// copy does not take the source's read-only mark over, or the next one would be refused.
+/// Copies by the system's own copy call to a file beside the target; see `SwapContent`. The copy
+/// does not take the source's read-only mark over, or the next one would be refused.
 class WindowsFileCopies : public FileCopies {
  public:
-  std::optional<CopyFault> ReadLastModified(const std::string& path,
+  explicit WindowsFileCopies(SwapSteps& steps = SystemSteps()) : steps_(steps) {}
+  std::optional<FileFault> ReadLastModified(const std::string& path,
                                             std::chrono::sys_seconds& time) override;
-  std::optional<CopyFault> CopyOver(const std::string& source, const std::string& target) override;
+  std::optional<FileFault> CopyOver(const std::string& source, const std::string& target) override;
+  bool SameFile(const std::string& one, const std::string& other) override;
+  std::optional<FileFault> Remove(const std::string& path) override;
   bool FolderExists(const std::string& path) override;
-  std::optional<CopyFault> MakeFolder(const std::string& path) override;
+  std::optional<FileFault> MakeFolder(const std::string& path) override;
+
+ private:
+  SwapSteps& steps_;
 };
 
 }  // namespace tarvo

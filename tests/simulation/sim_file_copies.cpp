@@ -6,7 +6,7 @@
 
 namespace tarvo {
 
-std::optional<CopyFault> SimFileCopies::ReadLastModified(const std::string& path,
+std::optional<FileFault> SimFileCopies::ReadLastModified(const std::string& path,
                                                          std::chrono::sys_seconds& time) {
   recorder_.Note("copies.date(" + path + ")");
   if (!files_.Has(path)) return Fault(FileTrouble::Missing, 2, "File not found");
@@ -14,7 +14,7 @@ std::optional<CopyFault> SimFileCopies::ReadLastModified(const std::string& path
   return std::nullopt;
 }
 
-std::optional<CopyFault> SimFileCopies::Obstacle(const std::string& source,
+std::optional<FileFault> SimFileCopies::Obstacle(const std::string& source,
                                                  const std::string& target) {
   if (copiesUntilFault_ > 0 && --copiesUntilFault_ == 0) return scripted_;
   if (IsFolder(target) || Denied(target)) return Fault(FileTrouble::Refused, 5, "Access is denied");
@@ -24,11 +24,12 @@ std::optional<CopyFault> SimFileCopies::Obstacle(const std::string& source,
   return std::nullopt;
 }
 
-std::optional<CopyFault> SimFileCopies::CopyOver(const std::string& source,
+std::optional<FileFault> SimFileCopies::CopyOver(const std::string& source,
                                                  const std::string& target) {
   recorder_.Note("copies.copy(" + source + " to " + target + ")");
+  files_.SpendAttempt();
   if (auto fault = Obstacle(source, target)) return fault;
-  const std::string beside = target + ".tarvo-copy";
+  const std::string beside = files_.RealPath(target) + ".tarvo-copy";
   const std::string text = files_.TextOf(source);
   files_.Put(beside, text.substr(0, text.size() / 2));
   recorder_.Note("copies.write(" + beside + ")");
@@ -40,12 +41,25 @@ std::optional<CopyFault> SimFileCopies::CopyOver(const std::string& source,
   return std::nullopt;
 }
 
+bool SimFileCopies::SameFile(const std::string& one, const std::string& other) {
+  recorder_.Note("copies.same(" + one + " and " + other + ")");
+  return files_.Has(one) && LowerCase(files_.RealPath(one)) == LowerCase(files_.RealPath(other));
+}
+
+std::optional<FileFault> SimFileCopies::Remove(const std::string& path) {
+  recorder_.Note("copies.remove(" + path + ")");
+  if (!files_.Has(path)) return Fault(FileTrouble::Missing, 2, "File not found");
+  if (Held(path)) return Fault(FileTrouble::Held, 32, "The file is in use");
+  files_.Remove(path);
+  return std::nullopt;
+}
+
 bool SimFileCopies::FolderExists(const std::string& path) {
   recorder_.Note("copies.folderExists(" + path + ")");
   return IsFolder(path);
 }
 
-std::optional<CopyFault> SimFileCopies::MakeFolder(const std::string& path) {
+std::optional<FileFault> SimFileCopies::MakeFolder(const std::string& path) {
   recorder_.Note("copies.makeFolder(" + path + ")");
   if (files_.Has(path)) return Fault(FileTrouble::Refused, 183, "The file already exists");
   if (Denied(path)) return Fault(FileTrouble::Refused, 5, "Access is denied");
@@ -54,19 +68,15 @@ std::optional<CopyFault> SimFileCopies::MakeFolder(const std::string& path) {
 }
 
 void SimFileCopies::SetDate(const std::string& path, std::int64_t seconds) {
-  dates_[LowerCase(path)] = seconds;
+  dates_[LowerCase(files_.RealPath(path))] = seconds;
 }
 
 std::int64_t SimFileCopies::DateOf(const std::string& path) const {
-  const auto found = dates_.find(LowerCase(path));
+  const auto found = dates_.find(LowerCase(files_.RealPath(path)));
   return found == dates_.end() ? 0 : found->second;
 }
 
 void SimFileCopies::PutFolder(const std::string& path) { folders_.insert(LowerCase(path)); }
-
-void SimFileCopies::Hold(const std::string& path, std::uint64_t milliseconds) {
-  heldUntil_[LowerCase(path)] = clock_.Age() + milliseconds;
-}
 
 void SimFileCopies::FailCopy(int n, FileTrouble trouble, int number, const std::string& words) {
   copiesUntilFault_ = n;
@@ -78,9 +88,7 @@ void SimFileCopies::DenyWriting(const std::string& folder) {
 }
 
 bool SimFileCopies::Held(const std::string& path) {
-  const auto found = heldUntil_.find(LowerCase(path));
-  if (found != heldUntil_.end() && clock_.Age() < found->second) return true;
-  return !processes_.Named(path.substr(path.rfind('\\') + 1)).empty();
+  return files_.Held(path) || !processes_.Named(path.substr(path.rfind('\\') + 1)).empty();
 }
 
 bool SimFileCopies::Denied(const std::string& path) const {

@@ -13,7 +13,6 @@
 #include "platform/file_copies.h"
 #include "platform/file_dialog.h"
 #include "tests/simulation/call_recorder.h"
-#include "tests/simulation/sim_clock.h"
 #include "tests/simulation/sim_files.h"
 #include "tests/simulation/sim_processes.h"
 #include "tests/simulation/sim_working_folder.h"
@@ -21,50 +20,48 @@
 namespace tarvo {
 
 /// Copies among the files in memory, with the dates that those do not have. The executable of a
-/// process that is still listed is held. A copy is three calls to the recorder, so that a launcher
-/// killed between them leaves what a real one would leave.
+/// process that is still listed is held, as is what a scanner holds. A copy is three calls to the
+/// recorder, so that a launcher killed between them leaves what a real one would leave.
 class SimFileCopies final : public FileCopies {
  public:
-  SimFileCopies(CallRecorder& recorder, SimClock& clock, SimFiles& files, SimProcesses& processes)
-      : recorder_(recorder), clock_(clock), files_(files), processes_(processes) {}
+  SimFileCopies(CallRecorder& recorder, SimFiles& files, SimProcesses& processes)
+      : recorder_(recorder), files_(files), processes_(processes) {}
 
-  std::optional<CopyFault> ReadLastModified(const std::string& path,
+  std::optional<FileFault> ReadLastModified(const std::string& path,
                                             std::chrono::sys_seconds& time) override;
-  std::optional<CopyFault> CopyOver(const std::string& source, const std::string& target) override;
+  std::optional<FileFault> CopyOver(const std::string& source, const std::string& target) override;
+  bool SameFile(const std::string& one, const std::string& other) override;
+  std::optional<FileFault> Remove(const std::string& path) override;
   bool FolderExists(const std::string& path) override;
-  std::optional<CopyFault> MakeFolder(const std::string& path) override;
+  std::optional<FileFault> MakeFolder(const std::string& path) override;
 
   /// A file's last-modified date: so many seconds after 1970. Without one it is 0.
   void SetDate(const std::string& path, std::int64_t seconds);
   std::int64_t DateOf(const std::string& path) const;
   void PutFolder(const std::string& path);
 
-  /// Another program holds the file for so long from now on.
-  void Hold(const std::string& path, std::uint64_t milliseconds);
   /// The n-th copy from now on (1 is the next) fails so, once; those before it succeed.
   void FailCopy(int n, FileTrouble trouble, int number, const std::string& words);
   /// Nobody may write into this folder, or below it.
   void DenyWriting(const std::string& folder);
 
  private:
-  static CopyFault Fault(FileTrouble trouble, int number, const std::string& words) {
-    return {trouble, {number, words}};
+  static FileFault Fault(FileTrouble trouble, int number, const std::string& words) {
+    return {number, words, trouble};
   }
   bool Held(const std::string& path);
   bool Denied(const std::string& path) const;
   bool IsFolder(const std::string& path) const;
-  std::optional<CopyFault> Obstacle(const std::string& source, const std::string& target);
+  std::optional<FileFault> Obstacle(const std::string& source, const std::string& target);
 
   CallRecorder& recorder_;
-  SimClock& clock_;
   SimFiles& files_;
   SimProcesses& processes_;
   std::map<std::string, std::int64_t> dates_;
-  std::map<std::string, std::uint64_t> heldUntil_;
   std::set<std::string> folders_;
   std::vector<std::string> denied_;
   int copiesUntilFault_ = 0;
-  CopyFault scripted_;
+  FileFault scripted_;
 };
 
 /// A file dialog that is answered from a script and remembers what it was asked. It makes the

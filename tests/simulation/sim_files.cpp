@@ -2,12 +2,10 @@
 
 #include <algorithm>
 
-#include "support/text.h"
-
 namespace tarvo {
 
 SimFiles::File* SimFiles::Find(const std::string& path) {
-  const std::string wanted = LowerCase(path);
+  const std::string wanted = LowerCase(RealPath(path));
   const auto found = std::find_if(files_.begin(), files_.end(),
                                   [&](const File& file) { return LowerCase(file.path) == wanted; });
   return found == files_.end() ? nullptr : &*found;
@@ -29,7 +27,9 @@ ReadResult SimFiles::ReadText(const std::string& path, std::string& text) {
 
 std::optional<FileFault> SimFiles::ReplaceText(const std::string& path, const std::string& text) {
   recorder_.Note("files.replace(" + path + ")");
+  SpendAttempt();
   if (protected_.contains(LowerCase(path))) return FileFault{5, "Access is denied."};
+  if (Held(path)) return FileFault{32, "The file is in use", FileTrouble::Held};
   recorder_.Note("files.swap(" + path + ")");
   Put(path, text);
   return std::nullopt;
@@ -42,7 +42,7 @@ bool SimFiles::AppendText(const std::string& path, const std::string& text) {
   if (File* file = Find(path)) {
     file->text += text;
   } else {
-    files_.push_back({path, text});
+    files_.push_back({RealPath(path), text, {}});
   }
   return true;
 }
@@ -67,11 +67,12 @@ void SimFiles::Put(const std::string& path, std::string text) {
   if (File* file = Find(path)) {
     file->text = std::move(text);
   } else {
-    files_.push_back({path, std::move(text)});
+    files_.push_back({RealPath(path), std::move(text), {}});
   }
 }
 
 void SimFiles::Remove(const std::string& path) {
+  if (links_.erase(LowerCase(path)) > 0) return;
   if (const File* file = Find(path)) files_.erase(files_.begin() + (file - files_.data()));
 }
 
@@ -82,6 +83,29 @@ bool SimFiles::Has(const std::string& path) const {
 std::string SimFiles::TextOf(const std::string& path) const {
   const File* file = const_cast<SimFiles*>(this)->Find(path);
   return file ? file->text : std::string();
+}
+
+void SimFiles::Mark(const std::string& path, const std::string& marks) {
+  if (File* file = Find(path)) file->marks = marks;
+}
+
+std::string SimFiles::MarksOf(const std::string& path) const {
+  const File* file = const_cast<SimFiles*>(this)->Find(path);
+  return file ? file->marks : std::string();
+}
+
+std::string SimFiles::RealPath(const std::string& path) const {
+  const auto found = links_.find(LowerCase(path));
+  return found == links_.end() ? path : found->second;
+}
+
+void SimFiles::Hold(const std::string& path, std::uint64_t milliseconds) {
+  heldUntil_[LowerCase(RealPath(path))] = clock_.Age() + milliseconds;
+}
+
+bool SimFiles::Held(const std::string& path) const {
+  const auto found = heldUntil_.find(LowerCase(RealPath(path)));
+  return found != heldUntil_.end() && clock_.Age() < found->second;
 }
 
 void SimFiles::LockForReading(const std::string& path) { locked_.insert(LowerCase(path)); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <set>
@@ -7,17 +8,20 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "support/text.h"
 #include "tests/simulation/call_recorder.h"
+#include "tests/simulation/sim_clock.h"
 
 namespace tarvo {
 
-/// Files in memory, by full path; letter case in paths does not matter.
+/// Files in memory, by full path; letter case in paths does not matter. Beside its text a file has
+/// what it loses when it is removed and made anew: marks, and the links that lead to it.
 class SimFiles final : public FileReader,
                        public FileReplacer,
                        public FileAppender,
                        public FolderLister {
  public:
-  explicit SimFiles(CallRecorder& recorder) : recorder_(recorder) {}
+  SimFiles(CallRecorder& recorder, SimClock& clock) : recorder_(recorder), clock_(clock) {}
 
   bool Exists(const std::string& path) override;
   ReadResult ReadText(const std::string& path, std::string& text) override;
@@ -34,6 +38,27 @@ class SimFiles final : public FileReader,
   /// What the file holds; "" when there is none.
   std::string TextOf(const std::string& path) const;
 
+  /// Rights, attributes and streams of a file that is there, in the test's own words.
+  void Mark(const std::string& path, const std::string& marks);
+  std::string MarksOf(const std::string& path) const;
+  /// Makes `path` a symbolic link.
+  void Link(const std::string& path, const std::string& target) {
+    links_[LowerCase(path)] = target;
+  }
+  bool IsLink(const std::string& path) const { return links_.contains(LowerCase(path)); }
+  /// Where the name leads: through its link, or to itself.
+  std::string RealPath(const std::string& path) const;
+
+  static constexpr std::uint64_t kForGood = UINT64_MAX / 2;
+  /// A scanner has the file open for so long from now on and does not share it for deletion:
+  /// everybody can read it, nobody can replace it.
+  void Hold(const std::string& path, std::uint64_t milliseconds);
+  bool Held(const std::string& path) const;
+  /// Each attempt to replace or copy a file takes so long of itself, as on a slow disk. Whether the
+  /// file is held shows at its end.
+  void SetAttemptTime(std::uint64_t milliseconds) { attemptTime_ = milliseconds; }
+  void SpendAttempt() { clock_.Advance(attemptTime_); }
+
   /// The file is there, but reading it fails.
   void LockForReading(const std::string& path);
   void Unlock(const std::string& path);
@@ -48,10 +73,15 @@ class SimFiles final : public FileReader,
   struct File {
     std::string path;
     std::string text;
+    std::string marks;
   };
   File* Find(const std::string& path);
 
   CallRecorder& recorder_;
+  SimClock& clock_;
+  std::uint64_t attemptTime_ = 0;
+  std::map<std::string, std::string> links_;
+  std::map<std::string, std::uint64_t> heldUntil_;
   std::vector<File> files_;  // In the order of their making, which is the order of listing.
   std::set<std::string> locked_;
   std::set<std::string> protected_;

@@ -33,10 +33,10 @@ class SimMachine {
   CallRecorder recorder;
   SimClock clock;
   SimRegistry registry{recorder};
-  SimFiles files{recorder};
+  SimFiles files{recorder, clock};
   SimWorkingFolder workingFolder{recorder};
   SimProcesses processes{recorder, clock, files, workingFolder};
-  SimFileCopies copies{recorder, clock, files, processes};
+  SimFileCopies copies{recorder, files, processes};
   SimFileDialog fileDialog{recorder, workingFolder};
   SimNetwork network{recorder, clock, processes};
   SimMemory memory{recorder};

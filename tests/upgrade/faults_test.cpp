@@ -74,7 +74,7 @@ TEST_P(EachOfTheSixCopies, MeetsAFullDisk) {
 
 TEST_P(EachOfTheSixCopies, WaitsForATargetThatIsHeldForASecond) {
   StartReady();
-  machine.copies.Hold(StepOf(GetParam()).target, 1000);
+  machine.files.Hold(StepOf(GetParam()).target, 1000);
   PressUpgrade();
   EXPECT_EQ(machine.boxes.NewTexts(), "Upgrade was succesfull!\n");
   EXPECT_EQ(Lying(), LyingBefore(7));
@@ -84,15 +84,50 @@ TEST_P(EachOfTheSixCopies, WaitsForATargetThatIsHeldForASecond) {
 TEST_P(EachOfTheSixCopies, GivesAHeldTargetUpAfterFiveSeconds) {
   const int n = GetParam();
   StartReady();
-  machine.copies.Hold(StepOf(n).target, 1000000000);
+  machine.files.Hold(StepOf(n).target, 1000000000);
   const std::uint64_t begun = machine.clock.Age();
   PressUpgrade();
   const Step step = StepOf(n);
   ExpectFault(
       70, "Permission denied",
       "Copying " + step.source + " to " + step.target + ": The file is in use (system error 32)");
-  EXPECT_EQ(machine.clock.Age() - begun, PatientCopies::kLongestHold);
+  EXPECT_EQ(machine.clock.Age() - begun, Patience::kLongestHold);
   EXPECT_EQ(Lying(), LyingBefore(n));
+}
+
+TEST_P(EachOfTheSixCopies, MayTakeLongerThanThePatience) {
+  StartReady();
+  machine.files.SetAttemptTime(6000);
+  machine.files.Hold(StepOf(GetParam()).target,
+                     static_cast<std::uint64_t>(GetParam()) * 6000u + 1000u);
+  PressUpgrade();
+  EXPECT_EQ(machine.boxes.NewTexts(), "Upgrade was succesfull!\n");
+  EXPECT_EQ(machine.recorder.CountOf("copies.copy"), 7u);
+}
+
+TEST_P(EachOfTheSixCopies, KeepsWhatTheTargetIsBesideItsContent) {
+  StartReady();
+  const std::string target = StepOf(GetParam()).target;
+  if (!machine.files.Has(target)) machine.files.Put(target, "an earlier backup");
+  machine.files.Mark(target, "hidden; the operators alone");
+  PressUpgrade();
+  const ComponentKind kind = kComponents[static_cast<std::size_t>((GetParam() - 1) % 3)];
+  EXPECT_EQ(machine.files.TextOf(target),
+            GetParam() <= 3 ? Old(kind) : std::string("new ") + NameOf(kind));
+  EXPECT_EQ(machine.files.MarksOf(target), "hidden; the operators alone");
+}
+
+TEST_P(EachOfTheSixCopies, GoesWhereTheTargetsLinkLeads) {
+  StartReady();
+  const std::string target = StepOf(GetParam()).target;
+  const std::string old = machine.files.TextOf(target);
+  machine.files.Remove(target);
+  machine.files.Put("D:\\builds\\real.exe", old);
+  machine.files.Link(target, "D:\\builds\\real.exe");
+  PressUpgrade();
+  EXPECT_EQ(machine.boxes.NewTexts(), "Upgrade was succesfull!\n");
+  EXPECT_TRUE(machine.files.IsLink(target));
+  EXPECT_NE(machine.files.TextOf("D:\\builds\\real.exe"), old);
 }
 
 TEST_P(EachOfTheSixCopies, MissesASourceThatWentAfterTheCheck) {
@@ -268,7 +303,7 @@ TEST_F(UpgradeFaults, AFileStillHeldAfterItsProcessDiedIsTriedAgain) {
   machine.recorder.beforeEach = [this] {
     if (machine.recorder.Calls().back() == "boxes.ask(Upgrade was succesfull!)") return;
     if (machine.recorder.Calls().back().starts_with("copies.folderExists")) {
-      machine.copies.Hold(Target(ComponentKind::Map), 700);
+      machine.files.Hold(Target(ComponentKind::Map), 700);
     }
   };
   machine.boxes.AnswerNext(Answer::Yes);
@@ -282,11 +317,11 @@ TEST_F(UpgradeFaults, AFileStillHeldAfterItsProcessDiedIsTriedAgain) {
 TEST_F(UpgradeFaults, TheWaitEndsAcrossAWrapOfTheTickCount) {
   machine.clock.SetTicks(0xFFFFFFFFu - 2000u);
   StartReady();
-  machine.copies.Hold(Target(ComponentKind::Map), 1000000000);
+  machine.files.Hold(Target(ComponentKind::Map), 1000000000);
   const std::uint64_t begun = machine.clock.Age();
   PressUpgrade();
   EXPECT_TRUE(launcher->Ended());
-  EXPECT_EQ(machine.clock.Age() - begun, PatientCopies::kLongestHold);
+  EXPECT_EQ(machine.clock.Age() - begun, Patience::kLongestHold);
 }
 
 TEST_F(UpgradeFaults, AFaultInACrashsUpgradeEndsTheProgramAndStartsNothing) {

@@ -39,14 +39,14 @@ std::uint64_t SizeOf(const std::string& path) {
 
 class WindowsFileCopiesTest : public testing::Test {
  protected:
-  std::optional<CopyFault> Copy(const std::string& source, const std::string& target) {
+  std::optional<FileFault> Copy(const std::string& source, const std::string& target) {
     return copies_.CopyOver(folder_.File(source), folder_.File(target));
   }
   /// The kind of reason and its number; "done" when there was no fault.
-  std::string Outcome(const std::optional<CopyFault>& fault) {
+  std::string Outcome(const std::optional<FileFault>& fault) {
     if (!fault) return "done";
     const char* const names[] = {"missing", "held", "disk full", "refused"};
-    EXPECT_FALSE(fault->reason.description.empty());
+    EXPECT_FALSE(fault->description.empty());
     return names[static_cast<int>(fault->trouble)];
   }
   void ExpectNothingBeside(const std::string& target) {
@@ -74,7 +74,7 @@ TEST_F(WindowsFileCopiesTest, SaysThatAFileWithoutADateIsMissing) {
   const auto fault = copies_.ReadLastModified(folder_.File("none.exe"), time);
   ASSERT_TRUE(fault);
   EXPECT_EQ(Outcome(fault), "missing");
-  EXPECT_EQ(fault->reason.number, ERROR_FILE_NOT_FOUND);
+  EXPECT_EQ(fault->number, ERROR_FILE_NOT_FOUND);
   EXPECT_EQ(time.time_since_epoch().count(), 77);
 }
 
@@ -196,7 +196,7 @@ TEST_F(WindowsFileCopiesTest, MakesAFolderAndTellsItFromAFile) {
   EXPECT_FALSE(copies_.FolderExists(path));
   EXPECT_FALSE(copies_.MakeFolder(path));
   EXPECT_TRUE(copies_.FolderExists(path));
-  EXPECT_EQ(copies_.MakeFolder(path)->reason.number, ERROR_ALREADY_EXISTS);
+  EXPECT_EQ(copies_.MakeFolder(path)->number, ERROR_ALREADY_EXISTS);
   const std::string file = folder_.Write("file", "");
   EXPECT_FALSE(copies_.FolderExists(file));
   EXPECT_EQ(Outcome(copies_.MakeFolder(file)), "refused");
@@ -206,9 +206,99 @@ TEST_F(WindowsFileCopiesTest, MakesAFolderAndTellsItFromAFile) {
 TEST_F(WindowsFileCopiesTest, FaultsAreToldInTheSystemsWords) {
   const auto fault = Copy("none.exe", "old.exe");
   ASSERT_TRUE(fault);
-  EXPECT_EQ(fault->reason.description, SystemMessage(ERROR_FILE_NOT_FOUND));
-  EXPECT_EQ(fault->reason.description.find_first_of("\r\n"), std::string::npos);
+  EXPECT_EQ(fault->description, SystemMessage(ERROR_FILE_NOT_FOUND));
+  EXPECT_EQ(fault->description.find_first_of("\r\n"), std::string::npos);
   EXPECT_EQ(SystemMessage(0x2FFFFFFF), "System error 805306367");
+}
+
+TEST_F(WindowsFileCopiesTest, TellsOneFileUnderTwoNamesFromTwoFiles) {
+  const std::string one = folder_.Write("one.exe", "same");
+  const std::string two = folder_.Write("two.exe", "same");
+  ASSERT_NE(CreateHardLinkA(folder_.File("hard.exe").c_str(), one.c_str(), nullptr), 0);
+  EXPECT_TRUE(copies_.SameFile(one, one));
+  EXPECT_TRUE(copies_.SameFile(one, folder_.File("ONE.EXE")));
+  EXPECT_TRUE(copies_.SameFile(one, folder_.Path() + "\\.\\one.exe"));
+  EXPECT_TRUE(copies_.SameFile(one, folder_.File("hard.exe")));
+  EXPECT_FALSE(copies_.SameFile(one, two));
+  EXPECT_FALSE(copies_.SameFile(one, folder_.File("none.exe")));
+  EXPECT_FALSE(copies_.SameFile(folder_.File("none.exe"), folder_.File("none.exe")));
+  const KernelHandle holder = OpenFile(one, GENERIC_READ, 0);
+  EXPECT_TRUE(copies_.SameFile(one, folder_.File("hard.exe"))) << "while somebody holds it";
+}
+
+TEST_F(WindowsFileCopiesTest, TakesAFileAway) {
+  const std::string path = folder_.Write("a.exe", "a");
+  {
+    const KernelHandle holder = OpenFile(path, GENERIC_READ, FILE_SHARE_READ);
+    EXPECT_EQ(Outcome(copies_.Remove(path)), "held");
+  }
+  EXPECT_EQ(Outcome(copies_.Remove(path)), "done");
+  EXPECT_FALSE(IsThere(path));
+  EXPECT_EQ(Outcome(copies_.Remove(path)), "missing");
+}
+
+/// Lets one step fail, or notes what lies there when it comes.
+class ScriptedSteps : public SwapSteps {
+ public:
+  DWORD flushError = ERROR_SUCCESS;
+  DWORD swapError = ERROR_SUCCESS;
+  std::string watched;
+  std::string seen;
+
+  DWORD Flush(HANDLE file) override {
+    seen += "flush " + BytesOf(watched + ".tarvo-copy") + ", ";
+    return flushError != ERROR_SUCCESS ? flushError : SwapSteps::Flush(file);
+  }
+  DWORD SwapIn(const std::wstring& beside, const std::wstring& target) override {
+    seen += "swap " + BytesOf(watched);
+    return swapError != ERROR_SUCCESS ? swapError : SwapSteps::SwapIn(beside, target);
+  }
+};
+
+class CopyBySteps : public WindowsFileCopiesTest {
+ protected:
+  CopyBySteps() {
+    folder_.Write("new.exe", "new");
+    steps_.watched = folder_.Write("old.exe", "old");
+  }
+  std::string CopyNow() {
+    return Outcome(
+        WindowsFileCopies(steps_).CopyOver(folder_.File("new.exe"), folder_.File("old.exe")));
+  }
+  void ExpectOld() {
+    EXPECT_EQ(BytesOf(folder_.File("old.exe")), "old");
+    ExpectNothingBeside("old.exe");
+  }
+
+  ScriptedSteps steps_;
+};
+
+TEST_F(CopyBySteps, IsOnTheDiskBeforeItTakesTheOldFilesPlace) {
+  EXPECT_EQ(CopyNow(), "done");
+  EXPECT_EQ(steps_.seen, "flush new, swap old");
+}
+
+TEST_F(CopyBySteps, WhatCannotBeFlushedIsNotSwappedIn) {
+  steps_.flushError = ERROR_WRITE_FAULT;
+  EXPECT_EQ(CopyNow(), "refused");
+  ExpectOld();
+}
+
+TEST_F(CopyBySteps, AFullDiskAndAnEndedQuotaAreTold) {
+  for (const DWORD error : {DWORD{ERROR_DISK_FULL}, DWORD{ERROR_HANDLE_DISK_FULL}, DWORD{1295}}) {
+    steps_.flushError = error;
+    EXPECT_EQ(CopyNow(), "disk full") << error;
+    ExpectOld();
+  }
+}
+
+TEST_F(CopyBySteps, AccessDeniedAtTheSwapCountsAsHeld) {
+  steps_.swapError = ERROR_ACCESS_DENIED;
+  EXPECT_EQ(CopyNow(), "held");
+  ExpectOld();
+  steps_.flushError = ERROR_ACCESS_DENIED;
+  EXPECT_EQ(CopyNow(), "refused") << "before the swap it is no right";
+  ExpectOld();
 }
 
 /// A process that copies 4 MB over a target without end is ended at twenty moments: the target is

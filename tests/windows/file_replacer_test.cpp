@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <utility>
 
 #include "platform/windows/handle_windows.h"
 #include "tests/windows/test_folder.h"
@@ -79,7 +80,9 @@ TEST_F(FileReplacerTest, ATargetThatIsOpenElsewhereStaysWhole) {
   const KernelHandle lock(CreateFileA(path_.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                       OPEN_EXISTING, 0, nullptr));
   ASSERT_TRUE(lock.Valid());
-  EXPECT_TRUE(replacer_.ReplaceText(path_, "new text").has_value());
+  const auto fault = replacer_.ReplaceText(path_, "new text");
+  ASSERT_TRUE(fault.has_value());
+  EXPECT_EQ(fault->trouble, FileTrouble::Held);
   ExpectUntouched();
 }
 
@@ -89,76 +92,99 @@ TEST_F(FileReplacerTest, AReadOnlyTargetStaysWhole) {
   SetFileAttributesA(path_.c_str(), FILE_ATTRIBUTE_NORMAL);
   ASSERT_TRUE(fault.has_value());
   EXPECT_EQ(fault->number, ERROR_ACCESS_DENIED);
+  EXPECT_EQ(fault->trouble, FileTrouble::Refused);
   ExpectUntouched();
 }
 
 /// A disk with room for half of what is written.
-class FullDisk : public WindowsFileReplacer {
- protected:
-  bool WriteBytes(void* file, const char* bytes, std::size_t size) override {
-    WindowsFileReplacer::WriteBytes(file, bytes, size / 2);
-    SetLastError(ERROR_DISK_FULL);
-    return false;
+class FullDisk : public SwapSteps {
+ public:
+  explicit FullDisk(DWORD error) : error_(error) {}
+  DWORD Write(HANDLE file, const char* bytes, std::size_t size) override {
+    SwapSteps::Write(file, bytes, size / 2);
+    return error_;
   }
+
+ private:
+  DWORD error_;
 };
 
 TEST_F(FileReplacerTest, AFullDiskLeavesTheOldFileWholeAndNothingBeside) {
-  FullDisk replacer;
-  const auto fault = replacer.ReplaceText(path_, "new text");
-  ASSERT_TRUE(fault.has_value());
-  EXPECT_EQ(fault->number, ERROR_DISK_FULL);
-  EXPECT_NE(fault->description, "");
-  ExpectUntouched();
+  // Quotas have a number of their own, as have disks that fill up behind the system's back.
+  for (const DWORD error : {DWORD{ERROR_DISK_FULL}, DWORD{ERROR_HANDLE_DISK_FULL}, DWORD{1295}}) {
+    FullDisk steps(error);
+    const auto fault = WindowsFileReplacer(steps).ReplaceText(path_, "new text");
+    ASSERT_TRUE(fault.has_value());
+    EXPECT_EQ(fault->number, static_cast<int>(error));
+    EXPECT_EQ(fault->trouble, FileTrouble::DiskFull);
+    EXPECT_NE(fault->description, "");
+    ExpectUntouched();
+  }
 }
 
-class NoFlush : public WindowsFileReplacer {
- protected:
-  bool Flush(void*) override {
-    SetLastError(ERROR_WRITE_FAULT);
-    return false;
-  }
+class NoFlush : public SwapSteps {
+ public:
+  DWORD Flush(HANDLE) override { return ERROR_WRITE_FAULT; }
 };
 
 TEST_F(FileReplacerTest, WhatCannotBeFlushedIsNotSwappedIn) {
-  NoFlush replacer;
-  const auto fault = replacer.ReplaceText(path_, "new text");
+  NoFlush steps;
+  const auto fault = WindowsFileReplacer(steps).ReplaceText(path_, "new text");
   ASSERT_TRUE(fault.has_value());
   EXPECT_EQ(fault->number, ERROR_WRITE_FAULT);
+  EXPECT_EQ(fault->trouble, FileTrouble::Refused);
+  ExpectUntouched();
+}
+
+class RefusedSwap : public SwapSteps {
+ public:
+  DWORD SwapIn(const std::wstring&, const std::wstring&) override { return ERROR_ACCESS_DENIED; }
+};
+
+TEST_F(FileReplacerTest, AccessDeniedAtTheSwapCountsAsHeld) {
+  RefusedSwap steps;
+  const auto fault = WindowsFileReplacer(steps).ReplaceText(path_, "new text");
+  ASSERT_TRUE(fault.has_value());
+  EXPECT_EQ(fault->number, ERROR_ACCESS_DENIED);
+  EXPECT_EQ(fault->trouble, FileTrouble::Held);
   ExpectUntouched();
 }
 
 /// Remembers in which order the steps came.
-class WatchedSteps : public WindowsFileReplacer {
+class WatchedSteps : public SwapSteps {
  public:
+  explicit WatchedSteps(std::string path) : path_(std::move(path)) {}
   std::string steps;
 
- protected:
-  bool WriteBytes(void* file, const char* bytes, std::size_t size) override {
+  DWORD Write(HANDLE file, const char* bytes, std::size_t size) override {
     steps += "write ";
-    return WindowsFileReplacer::WriteBytes(file, bytes, size);
+    return SwapSteps::Write(file, bytes, size);
   }
-  bool Flush(void* file) override {
-    steps += "flush ";
-    return WindowsFileReplacer::Flush(file);
+  DWORD Flush(HANDLE file) override {
+    steps += "flush " + BytesOf(path_ + ".writing") + ", ";
+    return SwapSteps::Flush(file);
   }
-  bool SwapIn(const std::string& beside, const std::string& path) override {
-    steps += BytesOf(path) + " becomes " + BytesOf(beside);
-    return WindowsFileReplacer::SwapIn(beside, path);
+  DWORD SwapIn(const std::wstring& beside, const std::wstring& target) override {
+    steps += BytesOf(path_) + " becomes " + BytesOf(path_ + ".writing");
+    return SwapSteps::SwapIn(beside, target);
   }
+
+ private:
+  std::string path_;
 };
 
 TEST_F(FileReplacerTest, WritesAndFlushesBesideBeforeItSwaps) {
-  WatchedSteps replacer;
-  EXPECT_FALSE(replacer.ReplaceText(path_, "new text").has_value());
-  EXPECT_EQ(replacer.steps, "write flush old text becomes new text");
+  WatchedSteps steps(path_);
+  EXPECT_FALSE(WindowsFileReplacer(steps).ReplaceText(path_, "new text").has_value());
+  EXPECT_EQ(steps.steps, "write flush new text, old text becomes new text");
 }
 
 /// Ends the process, as a power cut would, when the new text is written and not yet swapped in.
-class EndedBeforeTheSwap : public WindowsFileReplacer {
- protected:
-  bool SwapIn(const std::string&, const std::string&) override {
+class EndedBeforeTheSwap : public SwapSteps {
+ public:
+  DWORD SwapIn(const std::wstring&, const std::wstring&) override {
     TerminateProcess(GetCurrentProcess(), 77);
-    return false;
+    return ERROR_SUCCESS;
   }
 };
 
@@ -166,7 +192,8 @@ class EndedBeforeTheSwap : public WindowsFileReplacer {
 TEST(FileReplacerVictim, DISABLED_IsEndedBeforeTheSwap) {
   const char* path = std::getenv(kVictimVariable);
   if (path == nullptr) return;
-  EndedBeforeTheSwap().ReplaceText(path, "new text");
+  EndedBeforeTheSwap steps;
+  WindowsFileReplacer(steps).ReplaceText(path, "new text");
 }
 
 DWORD RunVictim(const std::string& path) {

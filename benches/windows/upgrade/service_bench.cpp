@@ -55,11 +55,11 @@ class TimedProcesses final : public Processes {
 class TimedCopies final : public FileCopies {
  public:
   TimedCopies(FileCopies& real, Moments& moments) : real_(real), moments_(moments) {}
-  std::optional<CopyFault> ReadLastModified(const std::string& path,
+  std::optional<FileFault> ReadLastModified(const std::string& path,
                                             std::chrono::sys_seconds& time) override {
     return real_.ReadLastModified(path, time);
   }
-  std::optional<CopyFault> CopyOver(const std::string& source, const std::string& target) override {
+  std::optional<FileFault> CopyOver(const std::string& source, const std::string& target) override {
     if (moments_.firstCopy == 0) moments_.firstCopy = Now();
     if (moments_.copies == 3 && moments_.fourthCopy == 0) moments_.fourthCopy = Now();
     const auto fault = real_.CopyOver(source, target);
@@ -67,8 +67,12 @@ class TimedCopies final : public FileCopies {
     moments_.lastCopied = Now();
     return fault;
   }
+  bool SameFile(const std::string& one, const std::string& other) override {
+    return real_.SameFile(one, other);
+  }
+  std::optional<FileFault> Remove(const std::string& path) override { return real_.Remove(path); }
   bool FolderExists(const std::string& path) override { return real_.FolderExists(path); }
-  std::optional<CopyFault> MakeFolder(const std::string& path) override {
+  std::optional<FileFault> MakeFolder(const std::string& path) override {
     return real_.MakeFolder(path);
   }
 

@@ -25,6 +25,17 @@ expect_log 5 'conf\battle_athena.conf file.'
 cmp "$(server_file)" "$WINE_DIR/wanted.conf" || fail "a read-only file was changed"
 chmod u+w "$(server_file)"
 
+# A file that is a link stays one, and the file that it leads to is rewritten, with its rights.
+mkdir -p "$WINE_DIR/shared"
+mv "$(server_file)" "$WINE_DIR/shared/real.conf"
+ln -s "$WINE_DIR/shared/real.conf" "$(server_file)"
+sed -i 's/^job_exp_rate:.*/job_exp_rate: 78\r/' "$WINE_DIR/shared/real.conf"
+operate click Command2
+is_rewritten() { cmp -s <(grep -a '^job_exp_rate' "$(server_file)") <(printf 'job_exp_rate: 77\r\n'); }
+await 10 is_rewritten || fail "the file behind the link was not rewritten"
+[[ -L $(server_file) ]] || fail "the link has become a file"
+[[ -z $(ls "$WINE_DIR/shared" | grep -v '^real.conf$') ]] || fail "something was left beside"
+
 # One that is gone is told.
 rm "$(server_file)"
 operate click Command2

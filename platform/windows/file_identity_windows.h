@@ -1,0 +1,24 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace tarvo {
+
+/// A path of the code page for the system's wide calls.
+std::wstring WidePath(const std::string& path);
+
+/// The name under which the file itself lies: where a symbolic link leads, the path else. A file
+/// that is not there, and one that cannot be asked, has the path as it stands.
+std::wstring RealName(const std::string& path);
+
+/// Gives `fresh`, which will take the place of `old` by a rename, what belongs to the old file and
+/// not to its content: rights, moment of creation, attributes, and the named streams that the fresh
+/// one does not have. Its own last-modified date stays.
+///
+/// What the file system does not know (FAT has neither rights nor streams), or the launcher may not
+/// hand on, is left out: a setting that can be saved is worth more than a stream of it.
+void InheritIdentity(const std::wstring& old, const std::wstring& fresh);
+
+}  // namespace tarvo
