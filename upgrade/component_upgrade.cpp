@@ -39,8 +39,9 @@ int ComponentUpgrade::RunUpgrade(int trigger) {
   with_.log.LogStatus("Upgrade in progress...", kNotice);
   if (!MayGoOn(isNew)) return kUpgradeNotAllNew;
   const Marks toRestart = StopRunning(trigger);
-  if (with_.form.upgrade.chk_Opts[0].Checked()) BackUp();
-  Replace();
+  Paths sources = NewFiles();
+  if (with_.form.upgrade.chk_Opts[0].Checked()) BackUp(sources);
+  Replace(sources);
   Remember(dates);
   StartAgain(toRestart);
   if (with_.form.upgrade.chk_Opts[2].Checked()) {
@@ -113,25 +114,52 @@ ComponentUpgrade::Marks ComponentUpgrade::StopRunning(int trigger) {
   return toRestart;
 }
 
-void ComponentUpgrade::BackUp() {
+ComponentUpgrade::Paths ComponentUpgrade::NewFiles() const {
+  Paths paths;
+  for (ComponentKind kind : kComponents) paths[kind] = with_.form.upgrade.nPath[kind].Text();
+  return paths;
+}
+
+void ComponentUpgrade::BackUp(Paths& sources) {
   const std::string folder = with_.appFolder + "\\LBackup";
   if (!with_.copies.FolderExists(folder)) {
     with_.log.LogStatus("Creating LBackup folder (first time)", kExtra);
     with_.copies.MakeFolder(folder);
   }
   const std::string stamp = DateStamp(with_.clock.Now()).substr(0, kDigitsToTheMinute);
+  Paths saved;
+  for (ComponentKind kind : kComponents) {
+    saved[kind] = "\\LBackup\\" + stamp + "_" + with_.form.servers.Exes[kind].Text();
+  }
+  TakeAside(saved, sources);
   for (ComponentKind kind : kComponents) {
     const std::string exe = with_.form.servers.Exes[kind].Text();
-    const std::string saved = "\\LBackup\\" + stamp + "_" + exe;
-    with_.log.LogStatus("Saving " + exe + " as " + saved, kExtra);
-    with_.copies.CopyOver(with_.settings.TargetPath(kind), with_.appFolder + saved);
+    with_.log.LogStatus("Saving " + exe + " as " + saved[kind], kExtra);
+    with_.copies.CopyOver(with_.settings.TargetPath(kind), with_.appFolder + saved[kind]);
   }
 }
 
-void ComponentUpgrade::Replace() {
+void ComponentUpgrade::TakeAside(const Paths& saved, Paths& sources) {
+  for (ComponentKind kind : kComponents) {
+    const auto overwrites = [&](const std::string& backup) {
+      return with_.copies.SameFile(sources[kind], with_.appFolder + backup);
+    };
+    if (std::none_of(saved.begin(), saved.end(), overwrites)) continue;
+    const std::string name = saved[kind].substr(saved[kind].rfind('\\') + 1);
+    const std::string aside = with_.appFolder + "\\LBackup\\new_" + name;
+    with_.copies.CopyOver(sources[kind], aside);
+    sources[kind] = aside;
+  }
+}
+
+void ComponentUpgrade::Replace(const Paths& sources) {
   for (ComponentKind kind : kComponents) {
     with_.log.LogStatus(Doing("Upgrading", kind), kExtra);
-    with_.copies.CopyOver(with_.form.upgrade.nPath[kind].Text(), with_.settings.TargetPath(kind));
+    with_.copies.CopyOver(sources[kind], with_.settings.TargetPath(kind));
+  }
+  const Paths chosen = NewFiles();
+  for (ComponentKind kind : kComponents) {
+    if (sources[kind] != chosen[kind]) with_.copies.Remove(sources[kind]);
   }
 }
 

@@ -18,6 +18,11 @@ namespace tarvo {
 /// Replaces the three server executables of the root by newly built ones, keeps a dated copy of the
 /// old ones in `LBackup`, and starts again what ran. An executable is new when the text of its
 /// last-modified date differs from the one remembered from the upgrade before.
+///
+/// A new executable that the backup is about to write over, since it is the backup of the same
+/// minute, is taken aside first, into `LBackup` under "new_" and the name of its component's
+/// backup, and goes from there when all three are in their places. A fault or a kill in between
+/// leaves it.
 class ComponentUpgrade {
  public:
   /// What the upgrade works with. `UpgradeInProgress` is the program's one flag: true while an
@@ -57,14 +62,17 @@ class ComponentUpgrade {
  private:
   using DateTexts = PerComponent<std::string>;
   using Marks = PerComponent<bool>;
+  using Paths = PerComponent<std::string>;
 
   int CheckPaths();
   int Refuse(int code, const std::string& reason);
   Marks ReadNewDates(DateTexts& dates);
   bool MayGoOn(const Marks& isNew);
   Marks StopRunning(int trigger);
-  void BackUp();
-  void Replace();
+  Paths NewFiles() const;
+  void BackUp(Paths& sources);
+  void TakeAside(const Paths& saved, Paths& sources);
+  void Replace(const Paths& sources);
   void Remember(const DateTexts& dates);
   void StartAgain(const Marks& toRestart);
 

@@ -68,6 +68,32 @@ TEST_F(UpgradeByHand, WithEverythingRunningStopsCopiesAndStartsInOrder) {
             "0 Listening Login Server\n0 Listening Char Server\n0 Listening Map Server\n");
 }
 
+TEST_F(UpgradeByHand, TheMapServerOfAnUpgradePassesTheRandomizersGate) {
+  constexpr char kConf[] = "C:\\srv\\conf\\battle_athena.conf";
+  machine.files.Put("C:\\srv\\randomize.xml",
+                    "<Randomize>\r\n\t<base_exp_rate Min=\"5\" Max=\"9\"/>\r\n</Randomize>\r\n");
+  machine.SetSetting("AutoRandomize", "0");
+  for (const char* limit : {"MaxRndDay", "MaxRndHour"}) machine.SetSetting(limit, "9");
+  StartRunning();
+  machine.random.Script({0.0, 0.5});
+  machine.files.Put(kConf, "base_exp_rate: 100\r\n");
+  machine.boxes.AnswerNext(Answer::Yes);
+  std::string confAtLaunch;
+  machine.recorder.beforeEach = [&] {
+    if (!machine.recorder.Calls().back().ends_with("launch(C:\\srv\\map-server.exe)")) return;
+    confAtLaunch = machine.files.TextOf(kConf);
+  };
+  PressUpgrade();
+  machine.recorder.beforeEach = nullptr;
+  EXPECT_TRUE(
+      NewLines().ends_with("1 Starting Map Server...\n"
+                           "3 Starting Randomizer - Updating battle_athena.conf\n"
+                           "3 > base_exp_rate (5~9): 5\n"
+                           "3 Randomize was succesfull, 1 change(s)\n"
+                           "0 Map Server Started [High Priority]\n"));
+  EXPECT_EQ(confAtLaunch, "base_exp_rate: 5\r\n");
+}
+
 TEST_F(UpgradeByHand, NoToTheQuestionChangesNothing) {
   StartRunning();
   machine.recorder.Forget();
