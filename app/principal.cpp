@@ -49,7 +49,7 @@ Principal::Principal(const Machine& machine)
       lastHour_(form_.frame.Strip, components_, machine.tickClock),
       statusIcons_(machine.icons),
       tray_(machine.notificationArea, machine.codePage, dispatch_),
-      upgradeSettings_(form_, registry_, root_, machine.fileDialog),
+      upgradeSettings_(form_, registry_, root_, machine.fileDialog, machine.messageBoxes),
       upgrade_({form_, components_, startStop_, log_, upgradeSettings_, machine.fileReader,
                 PatientCopies(machine.fileCopies, machine.tickClock), machine.localClock,
                 machine.messageBoxes, root_.AppFolder(), crashWatch_.UpgradeInProgress}),
@@ -143,7 +143,7 @@ void Principal::WireUpgrade() {
       MoveIntoOwnFolder();
     };
     page.nPath[kind].onDrop = [this, kind](const std::string& path) {
-      upgradeSettings_.ChooseNew(kind, path);
+      upgradeSettings_.nPath_Drop(kind, path);
     };
     form_.servers.Exes[kind].onSelect = [this, kind] { upgradeSettings_.ShowTarget(kind); };
   }

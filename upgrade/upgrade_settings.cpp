@@ -4,6 +4,7 @@
 #include "core/registry_text.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
+#include "support/text.h"
 
 namespace tarvo {
 namespace {
@@ -11,6 +12,16 @@ namespace {
 const char* DateName(ComponentKind kind) {
   const char* const names[] = {"LDATE", "CDATE", "MDATE"};
   return names[IndexOf(kind)];
+}
+
+/// Why a dropped file cannot be a new executable; "" when it can.
+std::string DropRefusal(const std::string& path) {
+  const std::string name = LowerCase(path);
+  if (name.ends_with(".exe")) return {};
+  if (name.ends_with(".lnk")) {
+    return "This is a shortcut. Please, drop the executable that it leads to.";
+  }
+  return "Please, drop an executable (*.exe).";
 }
 
 std::string FromName(ComponentKind kind) { return std::string(NameOf(kind)) + "From"; }
@@ -35,6 +46,14 @@ void UpgradeSettings::cmd_nBrowse_Click(ComponentKind kind) {
   const std::string chosen =
       dialog_.AskForFile({"Executables (*.exe)", "*.exe", page_.nPath[kind].Text()});
   if (!chosen.empty()) ChooseNew(kind, chosen);
+}
+
+void UpgradeSettings::nPath_Drop(ComponentKind kind, const std::string& path) {
+  if (const std::string reason = DropRefusal(path); !reason.empty()) {
+    messageBoxes_.Ask({reason + "\r\n" + path, BoxIcon::Exclamation});
+    return;
+  }
+  ChooseNew(kind, path);
 }
 
 void UpgradeSettings::ChooseNew(ComponentKind kind, const std::string& path) {

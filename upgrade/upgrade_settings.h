@@ -4,6 +4,7 @@
 
 #include "core/server_root.h"
 #include "platform/file_dialog.h"
+#include "platform/message_boxes.h"
 #include "platform/registry.h"
 #include "ui/form.h"
 
@@ -16,13 +17,15 @@ namespace tarvo {
 /// that he types is used and not stored. Refused writes go unnoticed.
 class UpgradeSettings {
  public:
-  UpgradeSettings(Form& form, Registry& registry, const ServerRoot& root, FileDialog& dialog)
+  UpgradeSettings(Form& form, Registry& registry, const ServerRoot& root, FileDialog& dialog,
+                  MessageBoxes& messageBoxes)
       : page_(form.upgrade),
         Exes_(form.servers.Exes),
         registry_(registry),
         settingsKey_(root.SettingsKey()),
         appFolder_(root.AppFolder()),
-        dialog_(dialog) {}
+        dialog_(dialog),
+        messageBoxes_(messageBoxes) {}
 
   /// Fills the page, once at start-up, after the executables are chosen. Writes nothing. An
   /// `UpdateMode` that is no 32-bit number is a fault (13, 6) whose source is the value's name; a
@@ -31,8 +34,10 @@ class UpgradeSettings {
 
   /// Asks for the new executable of a component; cancelling changes nothing.
   void cmd_nBrowse_Click(ComponentKind kind);
-  /// The operator has chosen this file by any means: shows and stores its path.
-  void ChooseNew(ComponentKind kind, const std::string& path);
+  /// The operator has dropped this file onto the box of a component: an executable, by the ending
+  /// of its name in any letter case, is chosen. Anything else, a shortcut to an executable as well,
+  /// is refused in a message box and changes nothing.
+  void nPath_Drop(ComponentKind kind, const std::string& path);
   void optMode_Click(std::size_t index);
 
   /// Full path of the executable that will be replaced; it follows the component's chooser.
@@ -48,6 +53,7 @@ class UpgradeSettings {
 
  private:
   void LoadMode();
+  void ChooseNew(ComponentKind kind, const std::string& path);
   std::string Read(const std::string& name, const std::string& defaultText = {});
   void Write(const std::string& name, const std::string& text);
 
@@ -57,6 +63,7 @@ class UpgradeSettings {
   const std::string settingsKey_;
   const std::string appFolder_;
   FileDialog& dialog_;
+  MessageBoxes& messageBoxes_;
 };
 
 }  // namespace tarvo

@@ -24,7 +24,7 @@ struct SettingsDesk {
   Form form{timers};
   ComponentTable components;
   LauncherSettings settings{form, components, machine.registry, root, machine.clock};
-  UpgradeSettings upgradeSettings{form, machine.registry, root, machine.fileDialog};
+  UpgradeSettings upgradeSettings{form, machine.registry, root, machine.fileDialog, machine.boxes};
 };
 
 /// Loads with this one value, of that type, in the registry; what its control shows then, or the

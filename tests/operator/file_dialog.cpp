@@ -73,7 +73,7 @@ void DropFile(HWND launcher, const FoundControl& control, const std::string& pat
   if (place) WriteProcessMemory(process, place, record.data(), record.size(), nullptr);
   if (process) CloseHandle(process);
   if (!place) throw OperatorError("nothing can be dropped onto the launcher");
-  Send(control.window, WM_DROPFILES, reinterpret_cast<WPARAM>(place));
+  SendAndSettle(launcher, control.window, WM_DROPFILES, reinterpret_cast<WPARAM>(place), 0);
 }
 
 }  // namespace tarvo

@@ -116,6 +116,37 @@ TEST_F(UpgradeSettingsStory, ADroppedFileIsChosenAndATypedOneIsNot) {
   EXPECT_EQ(machine.Setting("MapFrom"), "E:\\dropped.exe");
 }
 
+TEST_F(UpgradeSettingsStory, AnExecutableIsDroppedInAnyLetterCase) {
+  StartReady();
+  for (const char* path : {"E:\\a.exe", "E:\\B.EXE", "\\\\host\\share\\c.eXe", "E:\\d.lnk.exe"}) {
+    Do([&] { Page().nPath[0].Drop(path); });
+    EXPECT_EQ(Page().nPath[0].Text(), path);
+    EXPECT_EQ(machine.Setting("LoginFrom"), path);
+  }
+  EXPECT_TRUE(machine.boxes.Shown().empty());
+}
+
+TEST_F(UpgradeSettingsStory, WhatIsNoExecutableIsRefusedWithTheReason) {
+  const struct {
+    const char* path;
+    const char* reason;
+  } table[] = {{"E:\\map-server.exe.lnk",
+                "This is a shortcut. Please, drop the executable that it leads to."},
+               {"E:\\MAP.LNK", "This is a shortcut. Please, drop the executable that it leads to."},
+               {"E:\\map-server", "Please, drop an executable (*.exe)."},
+               {"E:\\builds.zip", "Please, drop an executable (*.exe)."},
+               {"E:\\map.exe.bak", "Please, drop an executable (*.exe)."},
+               {"E:\\mapexe", "Please, drop an executable (*.exe)."}};
+  StartReady();
+  for (const auto& entry : table) {
+    Do([&] { Page().nPath[2].Drop(entry.path); });
+    EXPECT_EQ(machine.boxes.NewTexts(), std::string(entry.reason) + "\r\n" + entry.path + "\n");
+    EXPECT_EQ(machine.boxes.Shown().back().icon, BoxIcon::Exclamation);
+    EXPECT_EQ(Page().nPath[2].Text(), kNewMap) << entry.path;
+    EXPECT_EQ(machine.Setting("MapFrom"), kNewMap) << entry.path;
+  }
+}
+
 TEST_F(UpgradeSettingsStory, ADisabledBoxTakesNoDrop) {
   StartReady();
   Page().nPath[0].SetEnabled(false);

@@ -7,6 +7,8 @@
 
 #include <utility>
 
+#include "platform/windows/late_call.h"
+
 namespace tarvo {
 namespace {
 
@@ -17,12 +19,26 @@ RECT TextPlace(HWND edit) {
   return place;
 }
 
+/// A launcher with administrator rights gets no message from the desktop, which has none, unless
+/// its window asks for it: the drop, and the two by which its record is handed over.
+void LetDropsThrough(HWND window) {
+  using ChangeFilter = BOOL(WINAPI*)(HWND, UINT, DWORD, void*);
+  constexpr DWORD kAllow = 1;               // MSGFLT_ALLOW
+  constexpr UINT kCopyGlobalData = 0x0049;  // No header names it.
+  const auto change = LateCall<ChangeFilter>("user32.dll", "ChangeWindowMessageFilterEx");
+  if (!change) return;
+  for (const UINT message : {UINT{WM_DROPFILES}, UINT{WM_COPYDATA}, kCopyGlobalData}) {
+    change(window, message, kAllow, nullptr);
+  }
+}
+
 }  // namespace
 
 PathWidget::PathWidget(Stage& stage, HWND parent, int id, PathBox& box, std::string widest)
     : TextWidget(stage, parent, id, box, std::move(widest)), box_(box) {
   SetWindowSubclass(Window(), Watch, 0, reinterpret_cast<DWORD_PTR>(this));
   DragAcceptFiles(Window(), TRUE);
+  LetDropsThrough(Window());
 }
 
 std::string PathWidget::Tip() const {

@@ -6,9 +6,10 @@
 
 namespace tarvo {
 
-/// A text box for a file's full path. A file can be dropped onto it, the first of several. While it
-/// has not the keyboard, a path that is too long for it is shown with an ellipsis in its middle,
-/// and its tool tip tells it whole.
+/// A text box for a file's full path. A file can be dropped onto it, the first of several, also
+/// when the launcher has more rights than the desktop that it is dragged from (Windows 7 and
+/// newer). While it has not the keyboard, a path that is too long for it is shown with an ellipsis
+/// in its middle, and its tool tip tells it whole.
 class PathWidget : public TextWidget {
  public:
   PathWidget(Stage& stage, HWND parent, int id, PathBox& box, std::string widest);

@@ -43,7 +43,7 @@ struct UpgradeDesk {
                 ports.fileAppender, ports.localClock,  root.AppFolder()};
   ProcessControl processes;
   StartStop startStop{form, components, processes, log, ports.messageBoxes};
-  UpgradeSettings settings{form, ports.registry, root, ports.fileDialog};
+  UpgradeSettings settings{form, ports.registry, root, ports.fileDialog, ports.messageBoxes};
   bool UpgradeInProgress = false;
   ComponentUpgrade upgrade;
 };

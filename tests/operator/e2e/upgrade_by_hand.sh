@@ -15,6 +15,11 @@ operate cancel-file
 expect_equal "$(operate text nPath 0 | tr -d '\r')" "" "after Cancel"
 operate click cmd_nBrowse 0
 operate choose-file "$(new_path login)"
+operate drop nPath 1 "C:\\Users\\char-server.exe.lnk"
+expect_box "This is a shortcut." ok
+operate drop nPath 1 "C:\\builds.zip"
+expect_box "Please, drop an executable (*.exe)." ok
+expect_equal "$(operate text nPath 1 | tr -d '\r')" "" "after two refused drops"
 operate drop nPath 1 "$(new_path char)"
 operate set nPath 2 "$(new_path map)"
 expect_equal "$(operate text nPath 0 | tr -d '\r')" "$(new_path login)" "the chosen path"
