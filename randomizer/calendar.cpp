@@ -40,8 +40,7 @@ void RandomizerCalendar::ListEntries() {
     lines.push_back(
         CalendarLineOf(entry->Name(), entry->Parameters().Parameter("Restart")->Value()));
   }
-  page_.lstDTRands.Clear();
-  page_.lstDTRands.AddItems(std::move(lines));
+  page_.lstDTRands.SetItems(std::move(lines));
 }
 
 void RandomizerCalendar::cmdCalendar_Click(std::size_t index) {

@@ -73,8 +73,7 @@ void ParameterPanel::RefillRandomizeList() {
   for (int i = 0; i < set->Fields().Count(); ++i) {
     lines.push_back(LineOf(*set->Fields().Field(i)));
   }
-  page_.lstRnd.Clear();
-  page_.lstRnd.AddItems(std::move(lines));
+  page_.lstRnd.SetItems(std::move(lines));
 }
 
 void ParameterPanel::SelectRandomizeListEntry(const std::string& name) {

@@ -126,8 +126,8 @@ void ItemList::RemoveItem(int index) {
   Changed();
 }
 
-void ItemList::Clear() {
-  items_.clear();
+void ItemList::SetItems(std::vector<std::string> items) {
+  items_ = std::move(items);
   ++removals_;
   listIndex_ = -1;
   Changed();

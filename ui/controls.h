@@ -122,8 +122,9 @@ class ItemList : public Control {
   /// Takes an entry out; its selection goes with it, without `onSelect`. An index outside the list
   /// changes nothing.
   void RemoveItem(int index);
-  /// Takes all entries out, without `onSelect`.
-  void Clear();
+  /// Puts these entries in the place of all; the selection goes, without `onSelect`. The mirror is
+  /// told once and never of an empty list between, so that a list on the screen keeps its place.
+  void SetItems(std::vector<std::string> items);
 
   /// Index of the selected entry, -1 without a selection.
   int ListIndex() const { return listIndex_; }

@@ -157,6 +157,19 @@ TEST_F(Panel, RemoveTakesTheSelectedRangeAwayAndWritesTheFile) {
   EXPECT_EQ(RangesFile(), Xml("Randomize", Range("base_exp_rate", "1", "2")));
 }
 
+TEST_F(Panel, TheListIsNeverEmptyOnTheScreenSoThatItKeepsItsPlace) {
+  PutRanges(Range("base_exp_rate", "1", "2") + Range("drop_rate", "3", "4") + Range("x", "5", "6"));
+  Load();
+  const ListOnScreen screen(Page().lstRnd);
+  TypeRange("5", "7");
+  Update();
+  EXPECT_EQ(screen.fewest, 3u);
+  ChooseRange("drop_rate:3 to 4");
+  Remove();
+  EXPECT_EQ(screen.fewest, 2u);
+  EXPECT_EQ(Page().lstRnd.ListIndex(), -1) << "what was selected is gone";
+}
+
 TEST_F(Panel, ARemovedSettingStillShowsItsOldBounds) {
   PutRanges(Range("base_exp_rate", "1", "2"));
   Load();

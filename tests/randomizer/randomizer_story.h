@@ -71,6 +71,22 @@ class RandomizerLife : private RichTextMirror {
   std::string lines_;
 };
 
+/// Sees what a list on the screen does: with how few lines it is shown.
+class ListOnScreen final : private ControlMirror {
+ public:
+  explicit ListOnScreen(ListBox& list) : list_(list) { list.SetMirror(this); }
+  ~ListOnScreen() { list_.SetMirror(nullptr); }
+  ListOnScreen(const ListOnScreen&) = delete;
+  ListOnScreen& operator=(const ListOnScreen&) = delete;
+
+  std::size_t fewest = 1000;
+
+ private:
+  void Refresh(const Control&) override { fewest = std::min(fewest, list_.Items().size()); }
+
+  ListBox& list_;
+};
+
 /// A test as a story: put files on the machine, load, act, compare files, page and log.
 class RandomizerStory : public ::testing::Test {
  protected:

@@ -249,5 +249,22 @@ TEST(ServersPage, HasTheListsAndTextsThatOperatorsKnow) {
   EXPECT_EQ(page.SMinimized.ToolTip(), "Hide the main window at start?");
 }
 
+TEST(ListBox, TakesOtherItemsInOneStep) {
+  ListBox list;
+  list.AddItems({"a", "b", "c"});
+  list.SetListIndex(1);
+  int selected = 0;
+  list.onSelect = [&] { ++selected; };
+  CountingMirror mirror;
+  list.SetMirror(&mirror);
+  const std::size_t removals = list.Removals();
+  list.SetItems({"b", "c"});
+  EXPECT_EQ(list.Items(), (std::vector<std::string>{"b", "c"}));
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_GT(list.Removals(), removals);
+  EXPECT_EQ(mirror.refreshed, 1);
+  EXPECT_EQ(selected, 0);
+}
+
 }  // namespace
 }  // namespace tarvo

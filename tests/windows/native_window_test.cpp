@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/windows/clock_windows.h"
 #include "ui/control_ids.h"
@@ -155,6 +157,32 @@ TEST_F(ShownWindow, DoesNotRefuseTheEndOfTheSessionAndTellsBothMessages) {
   EXPECT_EQ(SendMessageA(Window(), WM_QUERYENDSESSION, 0, kCloseForUpdate), TRUE);
   SendMessageA(Window(), WM_ENDSESSION, TRUE, kCloseForUpdate);
   EXPECT_EQ(told, "asked off asked ends ");
+}
+
+std::vector<std::string> ManyLines(int count) {
+  std::vector<std::string> lines;
+  for (int i = 0; i < count; ++i) lines.push_back("setting_" + std::to_string(i) + ":1 to 2");
+  return lines;
+}
+
+TEST_F(ShownWindow, AListKeepsItsPlaceWhenAnEntryGoesOrAllAreListedAnew) {
+  for (const char* name : {"lstRnd", "lstDTRands"}) {
+    ListBox& list =
+        name == std::string("lstRnd") ? form_.randomizer.lstRnd : form_.randomizer.lstDTRands;
+    list.SetItems(ManyLines(60));
+    const HWND window = Control(name);
+    ASSERT_NE(window, nullptr) << name;
+    ASSERT_EQ(SendMessageA(window, LB_GETCOUNT, 0, 0), 60) << name;
+    SendMessageA(window, LB_SETTOPINDEX, 20, 0);
+    ASSERT_EQ(SendMessageA(window, LB_GETTOPINDEX, 0, 0), 20) << name;
+    list.SetItems(ManyLines(59));
+    EXPECT_EQ(SendMessageA(window, LB_GETCOUNT, 0, 0), 59) << name;
+    EXPECT_EQ(SendMessageA(window, LB_GETTOPINDEX, 0, 0), 20) << name;
+    list.RemoveItem(22);
+    EXPECT_EQ(SendMessageA(window, LB_GETCOUNT, 0, 0), 58) << name;
+    EXPECT_EQ(SendMessageA(window, LB_GETTOPINDEX, 0, 0), 20) << name;
+    EXPECT_EQ(SendMessageA(window, LB_GETCURSEL, 0, 0), LB_ERR) << name;
+  }
 }
 
 }  // namespace
