@@ -14,6 +14,7 @@ declare -A groups=(
   [bench]="cmake ninja-build g++ libpugixml-dev libtinyxml2-dev libctemplate-dev"
   [pictures]="imagemagick xdotool"
   [fuzz]="clang libclang-rt-14-dev"
+  [mutate]="python3-clang libclang-common-14-dev"
 )
 
 missing=()
