@@ -7,10 +7,8 @@
 #include "core/server_configuration.h"
 #include "supervision/memory_watch.h"
 #include "supervision/winsock_error_text.h"
-#include "support/md5.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
-#include "support/text.h"
 #include "ui/window_place.h"
 
 namespace tarvo {
@@ -31,7 +29,7 @@ Principal::Principal(const Machine& machine)
     : machine_(machine),
       letters_(machine.codePage),
       registry_(machine.registry),
-      root_(machine.executablePath),
+      root_(machine.executablePath, machine.codePage),
       timers_(machine.tickClock),
       form_(timers_),
       log_(form_.status.RTLog, form_.servers.WLog, form_.servers.LogH, machine.fileAppender,
@@ -159,10 +157,6 @@ void Principal::WireRandomizer() {
   randomizer_.TheCalendar().restartRunning = [this] { crashWatch_.RestartRunning(); };
 }
 
-std::string Principal::InstanceName() const {
-  return clsMD5().DigestStrToHexStr(LowerCase(root_.WithSeparator()));
-}
-
 void Principal::Start(std::intptr_t nativeWindow) {
   dispatch_.Run([this, nativeWindow] {
     machine_.processes.TurnErrorDialogsOff();
@@ -215,7 +209,10 @@ bool Principal::StartNetworking() {
 }
 
 bool Principal::LoadSettings() {
-  const ConfigurationResult read = ReadServerConfiguration(machine_.fileReader, root_);
+  const ConfigurationResult read =
+      machine_.pathInCodePage
+          ? ReadServerConfiguration(machine_.fileReader, machine_.fileDiagnosis, root_)
+          : RefuseFolderOutsideCodePage();
   if (!read.refusal.empty()) {
     RefuseToStart(read.refusal);
     return false;

@@ -56,7 +56,7 @@ class Principal {
   int StatusCode() const { return lights_.StatusCode(); }
 
   /// The name under which the machine knows this root's one launcher.
-  std::string InstanceName() const;
+  std::string InstanceName() const { return root_.InstanceName(); }
 
   /// Where an upgrade takes over a crash; see `CrashWatch::runUpgrade`.
   CrashWatch& TheCrashWatch() { return crashWatch_; }

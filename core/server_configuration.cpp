@@ -53,14 +53,39 @@ void ReadMapLine(std::string_view line, ServerConfiguration& configuration) {
   TakeHost(line, "map_ip:", map);
 }
 
+constexpr char kNoServerRoot[] =
+    "Please, copy and start this application inside your eAthena / Freya Server Root!";
+
+/// The system's calls take no longer path.
+constexpr std::size_t kLongestPath = 259;
+
+/// What a refusal says of its cause, on a line of its own; nothing when the file is merely not
+/// there.
+std::string CauseLine(FileDiagnosis& diagnosis, const std::string& path) {
+  if (path.size() > kLongestPath) return "\r\nThe path of this folder is too long.";
+  const auto fault = diagnosis.WhyUnreadable(path);
+  if (!fault) return {};
+  return "\r\n" + path + " can't be read: " + fault->description + " (system error " +
+         std::to_string(fault->number) + ")";
+}
+
 }  // namespace
 
-ConfigurationResult ReadServerConfiguration(FileReader& files, const ServerRoot& root) {
+ConfigurationResult RefuseFolderOutsideCodePage() {
+  ConfigurationResult result;
+  result.refusal = std::string(kNoServerRoot) +
+                   "\r\nThe path of this folder has letters that the system's code page does not "
+                   "have.";
+  return result;
+}
+
+ConfigurationResult ReadServerConfiguration(FileReader& files, FileDiagnosis& diagnosis,
+                                            const ServerRoot& root) {
   const std::string folder = root.WithSeparator();
   ConfigurationResult result;
-  if (!files.Exists(folder + "conf\\login_athena.conf")) {
-    result.refusal =
-        "Please, copy and start this application inside your eAthena / Freya Server Root!";
+  const std::string conf = folder + "conf\\";
+  if (!files.Exists(conf + "login_athena.conf")) {
+    result.refusal = kNoServerRoot + CauseLine(diagnosis, conf + "login_athena.conf");
     return result;
   }
   using LineReader = void (*)(std::string_view, ServerConfiguration&);
@@ -68,8 +93,8 @@ ConfigurationResult ReadServerConfiguration(FileReader& files, const ServerRoot&
                                                         {"map_athena.conf", ReadMapLine}};
   for (const auto& [name, readLine] : sources) {
     std::string text;
-    if (!ReadWholeFile(files, folder + "conf\\" + name, text)) {
-      result.refusal = folder + name + " file can't be loaded";
+    if (!ReadWholeFile(files, conf + name, text)) {
+      result.refusal = folder + name + " file can't be loaded" + CauseLine(diagnosis, conf + name);
       return result;
     }
     ForEachLine(text,

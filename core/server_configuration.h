@@ -5,6 +5,7 @@
 
 #include "core/component.h"
 #include "core/server_root.h"
+#include "platform/file_diagnosis.h"
 #include "platform/files.h"
 
 namespace tarvo {
@@ -24,13 +25,18 @@ struct ConfigurationResult {
 
 /// Checks that the folder is a server root and reads conf\char_athena.conf and
 /// conf\map_athena.conf. A file that is there but cannot be read (locked, no right) counts as
-/// missing.
+/// missing; a line more of the refusal names the cause then, and when the folder's path is too long
+/// for the system.
 ///
 /// The files are lines ended by CR LF. A line counts when it begins with a key, letter case
 /// included; of several lines with one key the last counts. The login server's endpoint is the one
 /// at which the char server reaches it. Hosts are kept as they follow their key; blanks around a
 /// port are ignored. Raises type mismatch (13) or overflow (6) for a port that is no 32-bit number.
-ConfigurationResult ReadServerConfiguration(FileReader& files, const ServerRoot& root);
+ConfigurationResult ReadServerConfiguration(FileReader& files, FileDiagnosis& diagnosis,
+                                            const ServerRoot& root);
+
+/// Refuses a folder whose name is not to be had in the system's code page, naming that cause.
+ConfigurationResult RefuseFolderOutsideCodePage();
 
 /// Puts every executable of the root into the three choosers, in the order of the file system.
 void ListExecutables(FolderLister& folders, const ServerRoot& root,

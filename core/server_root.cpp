@@ -1,30 +1,30 @@
 #include "core/server_root.h"
 
+#include "core/path_text.h"
 #include "support/md5.h"
 #include "support/text.h"
 
 namespace tarvo {
 
-ServerRoot::ServerRoot(const std::string& executablePath) {
-  const std::size_t separator = executablePath.rfind('\\');
-  if (separator == std::string::npos) {
+ServerRoot::ServerRoot(const std::string& executablePath, CodePage& codePage) {
+  std::vector<std::size_t> separators = SeparatorsIn(executablePath, codePage);
+  if (separators.empty()) {
     executableName_ = executablePath;
   } else {
-    appFolder_ = executablePath.substr(0, separator);
-    executableName_ = executablePath.substr(separator + 1);
+    appFolder_ = executablePath.substr(0, separators.back());
+    executableName_ = executablePath.substr(separators.back() + 1);
+    separators.pop_back();
   }
-  if (appFolder_.ends_with('\\')) appFolder_.pop_back();
+  if (!separators.empty() && separators.back() + 1 == appFolder_.size()) appFolder_.pop_back();
   if (LowerCase(executableName_).ends_with(".exe")) {
     executableName_.resize(executableName_.size() - 4);
   }
-}
-
-std::string ServerRoot::RootHash() const {
-  std::string root = WithSeparator();
-  for (char& c : root) {
-    if (c == ':' || c == '\\') c = '_';
-  }
-  return clsMD5().DigestStrToHexStr(root);
+  instanceName_ = clsMD5().DigestStrToHexStr(codePage.Lowered(WithSeparator()));
+  std::string marked = WithSeparator();
+  for (const std::size_t place : SeparatorsIn(marked, codePage)) marked[place] = '_';
+  // No code page has a second byte that looks like ":".
+  for (char& c : marked) c = c == ':' ? '_' : c;
+  rootHash_ = clsMD5().DigestStrToHexStr(marked);
 }
 
 }  // namespace tarvo

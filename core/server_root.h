@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/code_page.h"
+
 namespace tarvo {
 
 /// Where all settings of all server roots lie, under HKEY_LOCAL_MACHINE.
@@ -10,8 +12,9 @@ inline constexpr char kSettingsKeyPrefix[] = "Software\\TarvoLab\\Servers\\";
 /// The folder that the launcher stands in, and the names that are made from it.
 class ServerRoot {
  public:
-  /// `executablePath` is the full path of the launcher's executable.
-  explicit ServerRoot(const std::string& executablePath);
+  /// `executablePath` is the full path of the launcher's executable. It is cut, and its marks are
+  /// found, by characters of the code page.
+  ServerRoot(const std::string& executablePath, CodePage& codePage);
 
   /// The folder without a trailing "\"; that of a drive's root is "C:".
   const std::string& AppFolder() const { return appFolder_; }
@@ -22,13 +25,18 @@ class ServerRoot {
 
   /// The MD5 digest of the root with ":" and "\" replaced by "_". Two folders that differ in
   /// nothing but these signs share it.
-  std::string RootHash() const;
+  const std::string& RootHash() const { return rootHash_; }
   /// The registry key of this root's settings.
   std::string SettingsKey() const { return kSettingsKeyPrefix + RootHash(); }
+  /// The name by which the machine knows this root's one launcher, the same in any letter case of
+  /// the path.
+  const std::string& InstanceName() const { return instanceName_; }
 
  private:
   std::string appFolder_;
   std::string executableName_;
+  std::string instanceName_;
+  std::string rootHash_;
 };
 
 }  // namespace tarvo

@@ -17,7 +17,8 @@ class RandomizerRig final : public tarvo::FileReader,
                             public tarvo::LocalClock,
                             public tarvo::TickClock,
                             public tarvo::RandomSource,
-                            public tarvo::MessageBoxes {
+                            public tarvo::MessageBoxes,
+                            public tarvo::CodePage {
  public:
   static constexpr char kServerFile[] = "C:\\srv\\conf\\battle_athena.conf";
   static constexpr char kRanges[] = "C:\\srv\\randomize.xml";
@@ -48,7 +49,7 @@ class RandomizerRig final : public tarvo::FileReader,
   tarvo::Randomizer randomizer{page,
                                calendarTimer,
                                log,
-                               tarvo::ServerRoot("C:\\srv\\tarvo-launcher.exe"),
+                               tarvo::ServerRoot("C:\\srv\\tarvo-launcher.exe", *this),
                                {*this, *this, *this, *this, *this, *this, *this}};
 
  private:
@@ -77,6 +78,10 @@ class RandomizerRig final : public tarvo::FileReader,
   tarvo::LocalTime Now() override { return now; }
   std::uint32_t Milliseconds() override { return 0; }
   void Pause(std::uint32_t) override {}
+  bool HasOneByteCharacters() override { return true; }
+  bool IsLeadByte(unsigned char) override { return false; }
+  std::string Lowered(std::string text) override { return text; }
+  std::string Raised(std::string text) override { return text; }
   void Reseed() override {}
   double Fraction() override { return 0.5; }
   tarvo::Answer Ask(const tarvo::MessageBoxRequest&) override { return tarvo::Answer::Ok; }

@@ -7,6 +7,7 @@
 #include "platform/document_opener.h"
 #include "platform/event_log.h"
 #include "platform/file_copies.h"
+#include "platform/file_diagnosis.h"
 #include "platform/file_dialog.h"
 #include "platform/files.h"
 #include "platform/foreign_windows.h"
@@ -48,7 +49,11 @@ struct Machine {
   RandomSource& random;
   DocumentOpener& documents;
   WorkingFolder& workingFolder;
+  FileDiagnosis& fileDiagnosis;
   std::string executablePath;  ///< Full path of the launcher's own executable.
+  /// False when the path has letters that the system's code page does not have: `executablePath`,
+  /// which has others in their place, names nothing then, or something else.
+  bool pathInCodePage = true;
 };
 
 }  // namespace tarvo

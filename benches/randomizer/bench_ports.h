@@ -20,13 +20,19 @@ class BenchPorts final : public FileReader,
                          public Registry,
                          public LocalClock,
                          public TickClock,
-                         public MessageBoxes {
+                         public MessageBoxes,
+                         public CodePage {
  public:
   explicit BenchPorts(std::string folder) : folder_(std::move(folder)) {}
 
   std::string PathOf(const std::string& path) const {
     return folder_ + "/" + path.substr(path.rfind('\\') + 1);
   }
+
+  bool HasOneByteCharacters() override { return true; }
+  bool IsLeadByte(unsigned char) override { return false; }
+  std::string Lowered(std::string text) override { return text; }
+  std::string Raised(std::string text) override { return text; }
 
   bool Exists(const std::string& path) override { return access(PathOf(path).c_str(), F_OK) == 0; }
   ReadResult ReadText(const std::string& path, std::string& text) override {

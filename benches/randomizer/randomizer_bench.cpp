@@ -38,7 +38,7 @@ struct Life {
       : timers(ports),
         calendarTimer(timers, "tmr_Calendar", 15000),
         log(view, WLog, LogH, ports, ports, "C:\\srv"),
-        randomizer(page, calendarTimer, log, ServerRoot("C:\\srv\\tarvo-launcher.exe"),
+        randomizer(page, calendarTimer, log, ServerRoot("C:\\srv\\tarvo-launcher.exe", ports),
                    {ports, ports, ports, ports, ports, random, ports}) {
     randomizer.WireControls();
   }

@@ -21,4 +21,21 @@ std::string WindowsCodePage::Raised(std::string text) {
   return text;
 }
 
+std::string TextOf(const std::wstring& wide) {
+  const int length = static_cast<int>(wide.size());
+  std::string text(wide.size() * 4, '\0');  // No code page needs more bytes for a letter.
+  const int size = WideCharToMultiByte(CP_ACP, 0, wide.data(), length, text.data(),
+                                       static_cast<int>(text.size()), nullptr, nullptr);
+  text.resize(static_cast<std::size_t>(size));
+  return text;
+}
+
+std::wstring WideTextOf(const std::string& text) {
+  const int length = static_cast<int>(text.size());
+  std::wstring wide(text.size(), L'\0');
+  const int size = MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), length);
+  wide.resize(static_cast<std::size_t>(size));
+  return wide;
+}
+
 }  // namespace tarvo

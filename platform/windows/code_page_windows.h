@@ -12,4 +12,8 @@ class WindowsCodePage final : public CodePage {
   std::string Raised(std::string text) override;
 };
 
+/// The text in the system's code page; a letter that it does not have becomes another.
+std::string TextOf(const std::wstring& wide);
+std::wstring WideTextOf(const std::string& text);
+
 }  // namespace tarvo

@@ -41,11 +41,6 @@ bool EndsWith(const std::string& name, const std::string& loweredEnding) {
          Lowered(name.substr(name.size() - loweredEnding.size())) == loweredEnding;
 }
 
-std::string PatternFor(const std::string& folder) {
-  const bool separated = !folder.empty() && folder.back() == '\\';
-  return folder + (separated ? "*" : "\\*");
-}
-
 }  // namespace
 
 bool WindowsFileReader::Exists(const std::string& path) {
@@ -85,7 +80,7 @@ std::vector<std::string> WindowsFolderLister::FilesEndingWith(const std::string&
                                                               const std::string& ending) {
   std::vector<std::string> names;
   WIN32_FIND_DATAA entry{};
-  const FindHandle search(FindFirstFileA(PatternFor(folder).c_str(), &entry));
+  const FindHandle search(FindFirstFileA((folder + "\\*").c_str(), &entry));
   if (!search.Valid()) return names;
   const std::string loweredEnding = Lowered(ending);
   do {

@@ -6,6 +6,7 @@
 #include "platform/windows/document_opener_windows.h"
 #include "platform/windows/event_log_windows.h"
 #include "platform/windows/file_copies_windows.h"
+#include "platform/windows/file_diagnosis_windows.h"
 #include "platform/windows/file_dialog_windows.h"
 #include "platform/windows/file_replacer_windows.h"
 #include "platform/windows/files_windows.h"
@@ -23,12 +24,12 @@
 namespace tarvo {
 namespace {
 
-std::string OwnExecutablePath() {
-  std::string path(MAX_PATH, '\0');
-  DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+std::wstring OwnExecutablePath() {
+  std::wstring path(MAX_PATH, L'\0');
+  DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
   while (length == path.size()) {  // Cut off: the path is longer.
     path.resize(path.size() * 2);
-    length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
   }
   path.resize(length);
   return path;
@@ -57,6 +58,7 @@ struct WindowsMachine::Adapters {
   WindowsFileReplacer fileReplacer;
   WindowsDocumentOpener documents;
   WindowsWorkingFolder workingFolder;
+  WindowsFileDiagnosis fileDiagnosis;
   WindowsEventLog eventLog;
   MersenneRandom random;
 };
@@ -66,12 +68,33 @@ WindowsMachine::~WindowsMachine() = default;
 
 Machine WindowsMachine::Ports() {
   Adapters& all = *adapters_;
-  return {all.registry,         all.fileReader,     all.fileAppender,   all.folderLister,
-          all.processes,        all.foreignWindows, all.sockets,        all.localClock,
-          all.tickClock,        all.memoryStatus,   all.messageBoxes,   all.instanceLock,
-          all.notificationArea, all.icons,          all.codePage,       all.fileCopies,
-          all.fileDialog,       all.fileReplacer,   all.eventLog,       all.random,
-          all.documents,        all.workingFolder,  OwnExecutablePath()};
+  const std::wstring path = OwnExecutablePath();
+  const std::string text = TextOf(path);
+  return {all.registry,
+          all.fileReader,
+          all.fileAppender,
+          all.folderLister,
+          all.processes,
+          all.foreignWindows,
+          all.sockets,
+          all.localClock,
+          all.tickClock,
+          all.memoryStatus,
+          all.messageBoxes,
+          all.instanceLock,
+          all.notificationArea,
+          all.icons,
+          all.codePage,
+          all.fileCopies,
+          all.fileDialog,
+          all.fileReplacer,
+          all.eventLog,
+          all.random,
+          all.documents,
+          all.workingFolder,
+          all.fileDiagnosis,
+          text,
+          WideTextOf(text) == path};
 }
 
 void WindowsMachine::SetOwner(std::intptr_t window) {

@@ -77,5 +77,65 @@ TEST_F(Surroundings, WhatSomebodyElseStartedKeepsItsDialog) {
   EXPECT_EQ(Process(kMap).id, map);
 }
 
+// Each root's name ends with a character whose second byte is a "\\".
+TEST_F(Surroundings, ARootInAnyCodePageIsAServerRoot) {
+  const struct {
+    int codePage;
+    std::string root;
+  } cases[] = {{932, "C:\\\x95\x5C"},
+               {936, "C:\\\x81\x5C"},
+               {949, "C:\\\xBC\xAD"},
+               {950, "D:\\\xA5\x5C\\\xB3\x5C"},
+               {1251, "C:\\\xD1\xE5\xF0\xE2\xE5\xF0"}};
+  for (const auto& c : cases) {
+    machine.codePage.Use(c.codePage);
+    machine.launcherPath = c.root + "\\tarvo-launcher.exe";
+    machine.PutConf(c.root, UsualCharConf(), UsualMapConf());
+    for (const char* server : {kLogin, kChar, kMap}) {
+      machine.files.Put(c.root + "\\" + server, "MZ");
+    }
+    machine.SetSetting("AutoRandomize", "1");
+    StartWithAllServers();
+    EXPECT_EQ(machine.boxes.NewTexts(), "") << c.codePage;
+    Crash(kLogin);
+    launcher->Pass(5s);
+    EXPECT_EQ(machine.processes.Named(kLogin).size(), 1u) << c.codePage;
+    EXPECT_EQ(launcher->CountInLog("Login Server crashed, restarting..."), 1u) << c.codePage;
+    launcher->Click("bStart", 4);
+    launcher->Choose("Prior", 1, "V-High");
+    launcher->Close();
+    EXPECT_EQ(machine.Setting("CharPri"), "4") << c.codePage;
+    StartLauncher();
+    EXPECT_EQ(launcher->TheForm().servers.Prior[ComponentKind::Char].Text(), "V-High")
+        << c.codePage;
+    launcher->Close();
+  }
+}
+
+TEST_F(Surroundings, AProcessIsKnownByItsNameInTheCodePagesLetterCase) {
+  machine.codePage.Use(932);
+  machine.files.Put("C:\\srv\\\x82\x8D\x95\x5C.exe", "MZ");
+  machine.SetSetting("MapExe", "\x82\x8D\x95\x5C.exe");
+  const ProcessId map = machine.processes.StartForeign("\x82\x6C\x95\x5C.EXE");
+  StartLauncher();
+  launcher->Click("bStart", 2);
+  EXPECT_EQ(launcher->Of(ComponentKind::Map).ProcessId, map);
+  launcher->Click("bStart", 2);
+  launcher->Click("bStart", 2);
+  EXPECT_EQ(machine.processes.Named("\x82\x8D\x95\x5C.exe").size(), 1u);
+  EXPECT_NE(launcher->Of(ComponentKind::Map).ProcessId, map);
+}
+
+TEST_F(Surroundings, AFolderOutsideTheCodePageIsRefusedByItsCause) {
+  // Another root lies where the letters that stand for its own would lead to.
+  machine.launcherPathInCodePage = false;
+  StartLauncher();
+  EXPECT_EQ(machine.boxes.NewTexts(),
+            "Please, copy and start this application inside your eAthena / Freya Server Root!\r\n"
+            "The path of this folder has letters that the system's code page does not have.\n");
+  EXPECT_EQ(machine.boxes.Shown().back().icon, BoxIcon::Critical);
+  EXPECT_EQ(launcher->ExitCode(), kExitRefused);
+}
+
 }  // namespace
 }  // namespace tarvo

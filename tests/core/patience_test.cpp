@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/simulation/sim_code_page.h"
 #include "tests/simulation/sim_files.h"
 
 namespace tarvo {
@@ -24,7 +25,8 @@ class PatienceTest : public testing::Test {
 
   CallRecorder recorder;
   SimClock clock;
-  SimFiles files{recorder, clock};
+  SimCodePage codePage;
+  SimFiles files{recorder, clock, codePage};
   PatientReplacer patient{files, clock};
   std::uint64_t begun = 0;
   std::uint64_t took = 0;

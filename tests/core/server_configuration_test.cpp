@@ -11,7 +11,7 @@ namespace {
 
 class Configuration : public ::testing::Test {
  protected:
-  ConfigurationResult Read() { return ReadServerConfiguration(machine.files, root); }
+  ConfigurationResult Read() { return ReadServerConfiguration(machine.files, machine.files, root); }
 
   /// Reads this char conf beside an empty map conf.
   ServerConfiguration ReadChar(const std::string& text) {
@@ -33,7 +33,7 @@ class Configuration : public ::testing::Test {
   }
 
   SimMachine machine;
-  ServerRoot root{"C:\\srv\\tarvo-launcher.exe"};
+  ServerRoot root{"C:\\srv\\tarvo-launcher.exe", machine.codePage};
 };
 
 TEST_F(Configuration, TakesEachEndpointFromItsFile) {
@@ -203,17 +203,40 @@ TEST_F(Configuration, AMissingOrUnreadableConfIsToldWithTheRootBeforeItsName) {
     SimMachine missing;
     missing.files.Remove(std::string("C:\\srv\\conf\\") + name);
     const std::string refusal = std::string("C:\\srv\\") + name + " file can't be loaded";
-    EXPECT_EQ(ReadServerConfiguration(missing.files, root).refusal, refusal);
+    EXPECT_EQ(ReadServerConfiguration(missing.files, missing.files, root).refusal, refusal);
     SimMachine locked;
     locked.files.LockForReading(std::string("C:\\srv\\conf\\") + name);
-    EXPECT_EQ(ReadServerConfiguration(locked.files, root).refusal, refusal);
+    EXPECT_EQ(ReadServerConfiguration(locked.files, locked.files, root).refusal,
+              refusal + "\r\nC:\\srv\\conf\\" + name +
+                  " can't be read: Access is denied (system error 5)");
+  }
+}
+
+TEST_F(Configuration, AFolderThatMayNotBeReadIsNamedAsTheCause) {
+  machine.files.LockForReading("C:\\srv\\conf\\login_athena.conf");
+  machine.files.HideLocked();
+  EXPECT_EQ(Read().refusal, std::string(kWrongPlace) +
+                                "\r\nC:\\srv\\conf\\login_athena.conf can't be read: Access is "
+                                "denied (system error 5)");
+}
+
+TEST_F(Configuration, APathThatIsTooLongIsNamedAsTheCause) {
+  const std::size_t rest = std::string("C:\\\\conf\\login_athena.conf").size();
+  for (const std::size_t longest : {259U, 260U}) {
+    const ServerRoot deep("C:\\" + std::string(longest - rest, 'd') + "\\l.exe", machine.codePage);
+    EXPECT_EQ(ReadServerConfiguration(machine.files, machine.files, deep).refusal,
+              longest == 259
+                  ? std::string(kWrongPlace)
+                  : std::string(kWrongPlace) + "\r\nThe path of this folder is too long.");
   }
 }
 
 TEST_F(Configuration, InADrivesRootTheRefusalHasOneBackslash) {
   machine.PutConf("C:", "", "");
   machine.files.Remove("C:\\conf\\map_athena.conf");
-  EXPECT_EQ(ReadServerConfiguration(machine.files, ServerRoot("C:\\l.exe")).refusal,
+  EXPECT_EQ(ReadServerConfiguration(machine.files, machine.files,
+                                    ServerRoot("C:\\l.exe", machine.codePage))
+                .refusal,
             "C:\\map_athena.conf file can't be loaded");
 }
 
@@ -245,7 +268,7 @@ TEST_F(Configuration, AFileIsReadWholeOrLeavesTheText) {
 
 TEST_F(Configuration, ARootWithoutExecutablesLeavesTheChoosersEmpty) {
   PerComponent<DropDownList> Exes;
-  ListExecutables(machine.files, ServerRoot("D:\\empty\\l.exe"), Exes);
+  ListExecutables(machine.files, ServerRoot("D:\\empty\\l.exe", machine.codePage), Exes);
   for (const DropDownList& chooser : Exes) EXPECT_TRUE(chooser.Items().empty());
 }
 

@@ -19,7 +19,7 @@ struct SettingsDesk {
   std::string Shown(const std::string& valueName);
 
   SimMachine machine;
-  ServerRoot root{machine.launcherPath};
+  ServerRoot root{machine.launcherPath, machine.codePage};
   TimerQueue timers{machine.clock};
   Form form{timers};
   ComponentTable components;

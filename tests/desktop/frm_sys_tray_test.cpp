@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/simulation/sim_code_page.h"
 #include "tests/simulation/sim_notification_area.h"
 
 namespace tarvo {
@@ -280,8 +281,7 @@ TEST_F(SysTray, TheTipIsCutAt63Bytes) {
 }
 
 TEST_F(SysTray, TheTipIsNeverCutInsideAPairOfBytes) {
-  codePage.firstLeadByte = 0x81;
-  codePage.lastLeadByte = 0x9F;
+  codePage.Use(932);
   const std::string pair = "\x82\xA0";
   std::string pairs;
   for (int i = 0; i < 40; ++i) pairs += pair;
@@ -294,8 +294,7 @@ TEST_F(SysTray, TheTipIsNeverCutInsideAPairOfBytes) {
 }
 
 TEST_F(SysTray, ALoneFirstByteAtTheEndOfTheTipStays) {
-  codePage.firstLeadByte = 0x81;
-  codePage.lastLeadByte = 0x9F;
+  codePage.Use(932);
   EXPECT_EQ(CutTip("name\x82", codePage), "name\x82");
   const std::string full = std::string(62, 'a') + '\x82';
   EXPECT_EQ(CutTip(full, codePage), full);

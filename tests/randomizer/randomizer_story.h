@@ -31,7 +31,7 @@ class RandomizerLife : private RichTextMirror {
         calendarTimer(timers, "tmr_Calendar", 15000),
         view({kStampColour, kInfoColour, kNoticeColour, kAlertColour, kExtraColour}),
         log(view, WLog, LogH, machine.files, machine.clock, "C:\\srv"),
-        root(machine.launcherPath),
+        root(machine.launcherPath, machine.codePage),
         randomizer(page, calendarTimer, log, root,
                    {machine.files, machine.files, machine.eventLog, machine.registry, machine.clock,
                     machine.random, machine.boxes}) {

@@ -31,6 +31,18 @@ Server server;
   for (;;) Sleep(INFINITE);
 }
 
+LONG CALLBACK EndAtOnce(EXCEPTION_POINTERS*) { return EXCEPTION_EXECUTE_HANDLER; }
+
+/// Wine asks no error mode and starts its debugger, which takes seconds: there the server just
+/// ends.
+void CommitFault() {
+  if (GetProcAddress(GetModuleHandleA("ntdll"), "wine_get_version") != nullptr) {
+    SetUnhandledExceptionFilter(&EndAtOnce);
+  }
+  volatile int* volatile nowhere = nullptr;
+  *nowhere = 1;
+}
+
 /// Adds to the rights of this process that nobody may end it. Whoever owns the process can take
 /// that back, and a debugger's privilege passes it by; a supervisor does neither.
 void DenyTermination() {
@@ -90,6 +102,8 @@ LRESULT CALLBACK Obey(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     case kBusy:
       Sleep(static_cast<DWORD>(wParam));
       return 1;
+    case kErrorMode:
+      return static_cast<LRESULT>(GetErrorMode());
     case kState:
       return static_cast<LRESULT>(server.listener->State());
     case kAccepted:
@@ -130,7 +144,11 @@ int Run(HINSTANCE instance, const Behaviour& behaviour) {
     StartListening();
   }
   MSG message{};
-  while (GetMessageA(&message, nullptr, 0, 0) > 0) DispatchMessageA(&message);
+  while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    // Not in the window's procedure: the system may swallow a fault there.
+    if (message.message == kFault) CommitFault();
+    DispatchMessageA(&message);
+  }
   return 0;
 }
 

@@ -23,6 +23,11 @@ inline constexpr UINT kState = WM_APP + 8;  ///< Returns a `PortState`.
 /// goes on. Post it: a sent one comes back that much later.
 inline constexpr UINT kBusy = WM_APP + 9;
 
+/// Commits an access violation, and ends of it unless the system holds it open under an error
+/// dialog.
+inline constexpr UINT kFault = WM_APP + 10;
+inline constexpr UINT kErrorMode = WM_APP + 11;  ///< Returns the error mode of the process.
+
 /// What a server's port does. 0 is left for a window that gave no answer.
 enum class PortState { Closed = 1, Answering = 2, Hanging = 3 };
 

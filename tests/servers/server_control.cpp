@@ -1,6 +1,7 @@
 // Tells a running sample server how to behave, from outside:
 //
-//   server-control <exe-name> crash|close-port|hang|answer|show|hide|busy|die|state|count|pids
+//   server-control <exe-name>
+//   crash|fault|close-port|hang|answer|show|hide|busy|die|state|count|pids
 //   [--pid N]
 //
 // It prints what it did and ends with 0, or says why it could not and ends with 1. `count` and
@@ -98,6 +99,13 @@ bool EndedBy(HWND window, DWORD process, UINT message) {
   return ended;
 }
 
+/// Whether the process ends of it is for its error mode to say.
+int CommitFault(const char* name, HWND window) {
+  if (PostMessageA(window, kFault, 0, 0) == 0) return Refuse(name, "did not obey");
+  std::printf("%s: commits an access violation\n", name);
+  return 0;
+}
+
 int PrintState(const char* name, HWND window) {
   const char* names[] = {"gives no answer", "port closed", "answering", "hanging"};
   const DWORD_PTR state = Send(window, kState);
@@ -117,6 +125,7 @@ int Tell(const char* name, const char* what, DWORD process) {
   if (window == nullptr) return Refuse(name, "process " + id + " has no sample server's window");
   if (std::strcmp(what, "state") == 0) return PrintState(name, window);
   if (std::strcmp(what, "busy") == 0) return KeepBusy(name, window);
+  if (std::strcmp(what, "fault") == 0) return CommitFault(name, window);
   for (const Command& command : kCommands) {
     if (std::strcmp(what, command.name) != 0) continue;
     const bool done = command.ends ? EndedBy(window, process, command.message)
@@ -154,7 +163,7 @@ int main(int count, char** arguments) {
   if (count != 3 && !picked) {
     std::puts(
         "server-control <exe-name> "
-        "crash|close-port|hang|answer|show|hide|busy|die|state|count|pids [--pid N]");
+        "crash|fault|close-port|hang|answer|show|hide|busy|die|state|count|pids [--pid N]");
     return 1;
   }
   const DWORD id = picked ? std::strtoul(arguments[4], nullptr, 10) : 0;

@@ -2,33 +2,41 @@
 
 #include <algorithm>
 
+#include "core/path_text.h"
+
 namespace tarvo {
 
 SimFiles::File* SimFiles::Find(const std::string& path) {
-  const std::string wanted = LowerCase(RealPath(path));
+  const std::string wanted = Lowered(RealPath(path));
   const auto found = std::find_if(files_.begin(), files_.end(),
-                                  [&](const File& file) { return LowerCase(file.path) == wanted; });
+                                  [&](const File& file) { return Lowered(file.path) == wanted; });
   return found == files_.end() ? nullptr : &*found;
 }
 
 bool SimFiles::Exists(const std::string& path) {
   recorder_.Note("files.exists(" + path + ")");
-  return Find(path) != nullptr;
+  return Find(path) != nullptr && !(hideLocked_ && locked_.contains(Lowered(path)));
 }
 
 ReadResult SimFiles::ReadText(const std::string& path, std::string& text) {
   recorder_.Note("files.read(" + path + ")");
   const File* file = Find(path);
   if (!file) return ReadResult::Missing;
-  if (locked_.contains(LowerCase(path))) return ReadResult::Failed;
+  if (locked_.contains(Lowered(path))) return ReadResult::Failed;
   text = file->text;
   return ReadResult::Ok;
+}
+
+std::optional<FileFault> SimFiles::WhyUnreadable(const std::string& path) {
+  recorder_.Note("files.whyUnreadable(" + path + ")");
+  if (!locked_.contains(Lowered(path))) return std::nullopt;
+  return FileFault{5, "Access is denied"};
 }
 
 std::optional<FileFault> SimFiles::ReplaceText(const std::string& path, const std::string& text) {
   recorder_.Note("files.replace(" + path + ")");
   SpendAttempt();
-  if (protected_.contains(LowerCase(path))) return FileFault{5, "Access is denied."};
+  if (protected_.contains(Lowered(path))) return FileFault{5, "Access is denied."};
   if (Held(path)) return FileFault{32, "The file is in use", FileTrouble::Held};
   recorder_.Note("files.swap(" + path + ")");
   Put(path, text);
@@ -50,13 +58,13 @@ bool SimFiles::AppendText(const std::string& path, const std::string& text) {
 std::vector<std::string> SimFiles::FilesEndingWith(const std::string& folder,
                                                    const std::string& ending) {
   recorder_.Note("files.list(" + folder + ")");
-  const std::string beginning = LowerCase(folder) + "\\";
+  const std::string beginning = Lowered(folder) + "\\";
   std::vector<std::string> names;
   for (const File& file : files_) {
-    const std::string lower = LowerCase(file.path);
-    const bool inFolder =
-        lower.starts_with(beginning) && lower.find('\\', beginning.size()) == std::string::npos;
-    if (inFolder && lower.ends_with(LowerCase(ending))) {
+    const std::string lower = Lowered(file.path);
+    const bool inFolder = lower.starts_with(beginning) &&
+                          SeparatorsIn(lower, codePage_).back() == beginning.size() - 1;
+    if (inFolder && lower.ends_with(Lowered(ending))) {
       names.push_back(file.path.substr(beginning.size()));
     }
   }
@@ -72,7 +80,7 @@ void SimFiles::Put(const std::string& path, std::string text) {
 }
 
 void SimFiles::Remove(const std::string& path) {
-  if (links_.erase(LowerCase(path)) > 0) return;
+  if (links_.erase(Lowered(path)) > 0) return;
   if (const File* file = Find(path)) files_.erase(files_.begin() + (file - files_.data()));
 }
 
@@ -95,28 +103,28 @@ std::string SimFiles::MarksOf(const std::string& path) const {
 }
 
 std::string SimFiles::RealPath(const std::string& path) const {
-  const auto found = links_.find(LowerCase(path));
+  const auto found = links_.find(Lowered(path));
   return found == links_.end() ? path : found->second;
 }
 
 void SimFiles::Hold(const std::string& path, std::uint64_t milliseconds) {
-  heldUntil_[LowerCase(RealPath(path))] = clock_.Age() + milliseconds;
+  heldUntil_[Lowered(RealPath(path))] = clock_.Age() + milliseconds;
 }
 
 bool SimFiles::Held(const std::string& path) const {
-  const auto found = heldUntil_.find(LowerCase(RealPath(path)));
+  const auto found = heldUntil_.find(Lowered(RealPath(path)));
   return found != heldUntil_.end() && clock_.Age() < found->second;
 }
 
-void SimFiles::LockForReading(const std::string& path) { locked_.insert(LowerCase(path)); }
+void SimFiles::LockForReading(const std::string& path) { locked_.insert(Lowered(path)); }
 
-void SimFiles::Unlock(const std::string& path) { locked_.erase(LowerCase(path)); }
+void SimFiles::Unlock(const std::string& path) { locked_.erase(Lowered(path)); }
 
 void SimFiles::ProtectFromWriting(const std::string& path, bool protect) {
   if (protect) {
-    protected_.insert(LowerCase(path));
+    protected_.insert(Lowered(path));
   } else {
-    protected_.erase(LowerCase(path));
+    protected_.erase(Lowered(path));
   }
 }
 

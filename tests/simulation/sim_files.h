@@ -7,8 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/code_page.h"
+#include "platform/file_diagnosis.h"
 #include "platform/files.h"
-#include "support/text.h"
 #include "tests/simulation/call_recorder.h"
 #include "tests/simulation/sim_clock.h"
 
@@ -19,9 +20,11 @@ namespace tarvo {
 class SimFiles final : public FileReader,
                        public FileReplacer,
                        public FileAppender,
-                       public FolderLister {
+                       public FolderLister,
+                       public FileDiagnosis {
  public:
-  SimFiles(CallRecorder& recorder, SimClock& clock) : recorder_(recorder), clock_(clock) {}
+  SimFiles(CallRecorder& recorder, SimClock& clock, CodePage& codePage)
+      : recorder_(recorder), clock_(clock), codePage_(codePage) {}
 
   bool Exists(const std::string& path) override;
   ReadResult ReadText(const std::string& path, std::string& text) override;
@@ -31,6 +34,8 @@ class SimFiles final : public FileReader,
   bool AppendText(const std::string& path, const std::string& text) override;
   std::vector<std::string> FilesEndingWith(const std::string& folder,
                                            const std::string& ending) override;
+
+  std::optional<FileFault> WhyUnreadable(const std::string& path) override;
 
   void Put(const std::string& path, std::string text);
   void Remove(const std::string& path);
@@ -42,10 +47,8 @@ class SimFiles final : public FileReader,
   void Mark(const std::string& path, const std::string& marks);
   std::string MarksOf(const std::string& path) const;
   /// Makes `path` a symbolic link.
-  void Link(const std::string& path, const std::string& target) {
-    links_[LowerCase(path)] = target;
-  }
-  bool IsLink(const std::string& path) const { return links_.contains(LowerCase(path)); }
+  void Link(const std::string& path, const std::string& target) { links_[Lowered(path)] = target; }
+  bool IsLink(const std::string& path) const { return links_.contains(Lowered(path)); }
   /// Where the name leads: through its link, or to itself.
   std::string RealPath(const std::string& path) const;
 
@@ -59,9 +62,11 @@ class SimFiles final : public FileReader,
   void SetAttemptTime(std::uint64_t milliseconds) { attemptTime_ = milliseconds; }
   void SpendAttempt() { clock_.Advance(attemptTime_); }
 
-  /// The file is there, but reading it fails.
+  /// The file is there, but reading it fails: access is denied.
   void LockForReading(const std::string& path);
   void Unlock(const std::string& path);
+  /// A file that cannot be read does not even seem to be there, as in a folder without rights.
+  void HideLocked() { hideLocked_ = true; }
   /// The file can be read and cannot be replaced: access is denied.
   void ProtectFromWriting(const std::string& path, bool protect = true);
   /// Every append fails, as in a folder without the right to write or on a full disk.
@@ -76,15 +81,18 @@ class SimFiles final : public FileReader,
     std::string marks;
   };
   File* Find(const std::string& path);
+  std::string Lowered(const std::string& text) const { return codePage_.Lowered(text); }
 
   CallRecorder& recorder_;
   SimClock& clock_;
+  CodePage& codePage_;
   std::uint64_t attemptTime_ = 0;
   std::map<std::string, std::string> links_;
   std::map<std::string, std::uint64_t> heldUntil_;
   std::vector<File> files_;  // In the order of their making, which is the order of listing.
   std::set<std::string> locked_;
   std::set<std::string> protected_;
+  bool hideLocked_ = false;
   bool refuseAppends_ = false;
   bool dropAppends_ = false;
 };

@@ -45,12 +45,17 @@ SimMachine::SimMachine() {
 }
 
 Machine SimMachine::PortsFor(InstanceLock& lock) {
-  return {registry,   files,  files,    files,  processes, processes,     network,     clock,
-          clock,      memory, boxes,    lock,   tray,      icons,         codePage,    copies,
-          fileDialog, files,  eventLog, random, documents, workingFolder, launcherPath};
+  return {registry,  files,         files, files,        processes,
+          processes, network,       clock, clock,        memory,
+          boxes,     lock,          tray,  icons,        codePage,
+          copies,    fileDialog,    files, eventLog,     random,
+          documents, workingFolder, files, launcherPath, launcherPathInCodePage};
 }
 
-std::string SimMachine::SettingsKey() const { return ServerRoot(launcherPath).SettingsKey(); }
+std::string SimMachine::SettingsKey() const {
+  SimCodePage same = codePage;
+  return ServerRoot(launcherPath, same).SettingsKey();
+}
 
 void SimMachine::SetSetting(const std::string& name, const std::string& text) {
   registry.Put(Hive::LocalMachine, SettingsKey(), name, {kRegistryText, text});

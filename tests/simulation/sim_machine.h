@@ -5,6 +5,7 @@
 #include "platform/machine.h"
 #include "tests/simulation/call_recorder.h"
 #include "tests/simulation/sim_clock.h"
+#include "tests/simulation/sim_code_page.h"
 #include "tests/simulation/sim_desktop.h"
 #include "tests/simulation/sim_documents.h"
 #include "tests/simulation/sim_event_log.h"
@@ -33,9 +34,10 @@ class SimMachine {
   CallRecorder recorder;
   SimClock clock;
   SimRegistry registry{recorder};
-  SimFiles files{recorder, clock};
+  SimCodePage codePage;
+  SimFiles files{recorder, clock, codePage};
   SimWorkingFolder workingFolder{recorder};
-  SimProcesses processes{recorder, clock, files, workingFolder};
+  SimProcesses processes{recorder, clock, files, workingFolder, codePage};
   SimFileCopies copies{recorder, files, processes};
   SimFileDialog fileDialog{recorder, workingFolder};
   SimNetwork network{recorder, clock, processes};
@@ -46,9 +48,9 @@ class SimMachine {
   SimLockTable locks;
   SimNotificationArea tray{recorder};
   SimIcons icons;
-  SimCodePage codePage;
   SimDocuments documents{files};
   std::string launcherPath = "C:\\srv\\tarvo-launcher.exe";
+  bool launcherPathInCodePage = true;
 
   /// The ports of one program on this machine.
   Machine PortsFor(InstanceLock& lock);

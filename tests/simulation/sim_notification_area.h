@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "platform/code_page.h"
 #include "platform/icons.h"
 #include "platform/notification_area.h"
 #include "tests/simulation/call_recorder.h"
@@ -111,43 +110,6 @@ class SimIcons final : public Icons {
   IconHandle made = 0;
   std::set<IconHandle> alive;
   Picture last;
-};
-
-/// The western code page, 1252, unless a test names bytes that begin a pair.
-class SimCodePage final : public CodePage {
- public:
-  bool HasOneByteCharacters() override { return firstLeadByte == 0; }
-  bool IsLeadByte(unsigned char byte) override {
-    return firstLeadByte != 0 && byte >= firstLeadByte && byte <= lastLeadByte;
-  }
-  std::string Lowered(std::string text) override {
-    for (char& c : text) c = LoweredByte(c);
-    return text;
-  }
-  std::string Raised(std::string text) override {
-    for (char& c : text) c = RaisedByte(c);
-    return text;
-  }
-  unsigned char firstLeadByte = 0;
-  unsigned char lastLeadByte = 0;
-
- private:
-  static char LoweredByte(char c) {
-    constexpr unsigned char kMultiplied = 0xD7;
-    const auto byte = static_cast<unsigned char>(c);
-    const bool isCapital = byte >= 'A' && byte <= 'Z';
-    const bool isAccented = byte >= 0xC0 && byte <= 0xDE && byte != kMultiplied;
-    if (isCapital || isAccented) return static_cast<char>(byte + 0x20);
-    if (byte == 0x8A || byte == 0x8C || byte == 0x8E) return static_cast<char>(byte + 0x10);
-    return byte == 0x9F ? '\xFF' : c;
-  }
-  static char RaisedByte(char c) {
-    for (int byte = 0; byte < 256; ++byte) {
-      const char capital = static_cast<char>(byte);
-      if (capital != c && LoweredByte(capital) == c) return capital;
-    }
-    return c;
-  }
 };
 
 }  // namespace tarvo

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "support/text.h"
+#include "core/path_text.h"
 
 namespace tarvo {
 namespace {
@@ -24,8 +24,12 @@ FileFault NoMemory() {
 }
 
 SimProcesses::SimProcesses(CallRecorder& recorder, SimClock& clock, const SimFiles& files,
-                           const SimWorkingFolder& workingFolder)
-    : recorder_(recorder), clock_(clock), files_(files), workingFolder_(workingFolder) {
+                           const SimWorkingFolder& workingFolder, CodePage& codePage)
+    : recorder_(recorder),
+      clock_(clock),
+      files_(files),
+      workingFolder_(workingFolder),
+      codePage_(codePage) {
   StartForeign("explorer.exe");
 }
 
@@ -66,7 +70,8 @@ LaunchResult SimProcesses::LaunchHidden(const std::string& executablePath) {
   if (executablesLost_ || !files_.Has(executablePath)) {
     return {0, true, {2, "The system cannot find the file specified"}};
   }
-  const std::string executable = executablePath.substr(executablePath.rfind('\\') + 1);
+  const std::string executable =
+      executablePath.substr(SeparatorsIn(executablePath, codePage_).back() + 1);
   if (const auto& fault = Program(executable).launchFault) return {0, false, *fault};
   ++launches_;
   SimProcess& process = Add(executable);
@@ -139,7 +144,7 @@ int SimProcesses::Show(WindowHandle window, int command) {
 }
 
 SimProgram& SimProcesses::Program(const std::string& executable) {
-  return programs_[LowerCase(executable)];
+  return programs_[codePage_.Lowered(executable)];
 }
 
 ProcessId SimProcesses::StartForeign(const std::string& executable) { return Add(executable).id; }
@@ -169,7 +174,8 @@ std::vector<ProcessId> SimProcesses::Named(const std::string& executable) {
   Settle();
   std::vector<ProcessId> ids;
   for (const SimProcess& process : processes_) {
-    if (LowerCase(process.executable) == LowerCase(executable)) ids.push_back(process.id);
+    if (codePage_.Lowered(process.executable) == codePage_.Lowered(executable))
+      ids.push_back(process.id);
   }
   return ids;
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/code_page.h"
 #include "platform/foreign_windows.h"
 #include "platform/processes.h"
 #include "tests/simulation/call_recorder.h"
@@ -69,7 +70,7 @@ struct SimWindow {
 class SimProcesses final : public Processes, public ForeignWindows {
  public:
   SimProcesses(CallRecorder& recorder, SimClock& clock, const SimFiles& files,
-               const SimWorkingFolder& workingFolder);
+               const SimWorkingFolder& workingFolder, CodePage& codePage);
 
   std::vector<ProcessEntry> Snapshot() override;
   void End(ProcessId id) override;
@@ -129,6 +130,7 @@ class SimProcesses final : public Processes, public ForeignWindows {
   SimClock& clock_;
   const SimFiles& files_;
   const SimWorkingFolder& workingFolder_;
+  CodePage& codePage_;
   std::map<std::string, SimProgram> programs_;
   std::vector<SimProcess> processes_;
   std::vector<SimWindow> windows_;

@@ -17,6 +17,9 @@ struct Seen {
   bool hasOk = false;
   int defaultButton = 0;
   HWND owner = nullptr;
+  bool topmost = false;
+  bool toolWindow = false;  ///< Such a window has no button in the taskbar.
+  bool hasIcon = false;
 };
 
 /// The operator of one box: looks at it as soon as it stands, then does `act`.
@@ -50,6 +53,9 @@ void CALLBACK LookAtBox(HWND, UINT, UINT_PTR timer, DWORD) {
   seen.hasOk = GetDlgItem(box, IDOK) != nullptr || GetDlgItem(box, IDCANCEL) != nullptr;
   seen.defaultButton = DefaultButtonOf(box);
   seen.owner = GetWindow(box, GW_OWNER);
+  seen.topmost = (GetWindowLongA(box, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+  seen.toolWindow = (GetWindowLongA(box, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
+  seen.hasIcon = SendMessageA(box, WM_GETICON, ICON_BIG, 0) != 0;
   current->act(box);
 }
 
@@ -118,6 +124,34 @@ TEST_F(WindowsMessageBoxesTest, ABoxBelongsToTheOwnerWindow) {
     PostMessageA(box, WM_COMMAND, IDOK, 0);
   });
   EXPECT_EQ(operator_.seen.owner, owner);
+  EXPECT_TRUE(ownerBlocked);
+  EXPECT_NE(IsWindowEnabled(owner), 0);
+  EXPECT_FALSE(operator_.seen.topmost);
+  DestroyWindow(owner);
+}
+
+// The box of a launcher in the notification area lay behind all windows, and the taskbar showed no
+// sign of it.
+TEST_F(WindowsMessageBoxesTest, ABoxOfAHiddenOwnerStandsInFrontAndInTheTaskbar) {
+  WNDCLASSA looks{};
+  looks.lpfnWndProc = DefWindowProcA;
+  looks.lpszClassName = "HiddenOwner";
+  looks.hIcon = LoadIconA(nullptr, IDI_APPLICATION);
+  RegisterClassA(&looks);
+  const HWND owner = CreateWindowExA(0, "HiddenOwner", "owner", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200,
+                                     nullptr, nullptr, nullptr, nullptr);
+  ASSERT_NE(owner, nullptr);
+  boxes_.SetOwner(reinterpret_cast<std::intptr_t>(owner));
+  bool ownerBlocked = false;
+  AskAnd({"Text", BoxIcon::Critical, BoxButtons::Ok, false}, [&](HWND box) {
+    ownerBlocked = IsWindowEnabled(owner) == 0;
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+  });
+  EXPECT_TRUE(operator_.seen.shown);
+  EXPECT_EQ(operator_.seen.owner, nullptr);
+  EXPECT_TRUE(operator_.seen.topmost);
+  EXPECT_FALSE(operator_.seen.toolWindow);
+  EXPECT_TRUE(operator_.seen.hasIcon);
   EXPECT_TRUE(ownerBlocked);
   EXPECT_NE(IsWindowEnabled(owner), 0);
   DestroyWindow(owner);

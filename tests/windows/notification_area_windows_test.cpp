@@ -245,6 +245,18 @@ TEST(WindowsCodePageTest, AgreesWithTheSystem) {
   EXPECT_FALSE(codePage.IsLeadByte('A'));
 }
 
+TEST(WindowsCodePageTest, ALetterThatItDoesNotHaveDoesNotComeBack) {
+  if (GetACP() != 1252) GTEST_SKIP() << "code page " << GetACP();
+  EXPECT_EQ(TextOf(L"C:\\srv \u00D1"), "C:\\srv \xD1");
+  EXPECT_EQ(WideTextOf("C:\\srv \xD1"), L"C:\\srv \u00D1");
+  EXPECT_EQ(TextOf(L""), "");
+  EXPECT_EQ(WideTextOf(""), L"");
+  // The first has a letter that looks alike, which names another folder; the second has none.
+  for (const wchar_t* path : {L"C:\\\u0101", L"C:\\\u0441"}) {
+    EXPECT_NE(WideTextOf(TextOf(path)), path);
+  }
+}
+
 TEST(WindowsCodePageTest, LowersEveryLetterOfTheCodePage) {
   WindowsCodePage codePage;
   EXPECT_EQ(codePage.Lowered(""), "");

@@ -80,7 +80,7 @@ TEST_F(WindowsProcessesTest, TellsAMissingFileFromEveryOtherReason) {
                {folder_.File("no folder\\missing.exe"), true, ERROR_PATH_NOT_FOUND},
                {held, false, ERROR_SHARING_VIOLATION},
                {folder_.Write("text.exe", "no program"), false, ERROR_BAD_EXE_FORMAT},
-               {folder_.Path(), false, ERROR_ACCESS_DENIED}};
+               {folder_.File("a|b.exe"), false, ERROR_INVALID_NAME}};
   for (const auto& c : cases) {
     const LaunchResult result = processes_.LaunchHidden(c.path);
     EXPECT_EQ(result.id, 0U) << c.path;
@@ -88,7 +88,32 @@ TEST_F(WindowsProcessesTest, TellsAMissingFileFromEveryOtherReason) {
     EXPECT_EQ(result.reason.number, static_cast<int>(c.error)) << c.path;
     EXPECT_EQ(result.reason.description, SystemMessage(c.error)) << c.path;
   }
+  const LaunchResult noFile = processes_.LaunchHidden(folder_.Path());
+  EXPECT_EQ(noFile.id, 0U);
+  EXPECT_FALSE(noFile.fileMissing);
   EXPECT_EQ(processes_.LaunchHidden("").id, 0U);
+}
+
+TEST_F(WindowsProcessesTest, ErrorDialogsAreOffForThisProgramAndItsChildren) {
+  constexpr UINT kOff = SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX;
+  const UINT former = SetErrorMode(0);
+  processes_.TurnErrorDialogsOff();
+  const UINT own = GetErrorMode();
+  const RunningServer child("map");
+  const auto inherited = static_cast<UINT>(child.Tell(sample::kErrorMode));
+  SetErrorMode(former);
+  EXPECT_EQ(own, kOff);
+  if (GetProcAddress(GetModuleHandleA("ntdll"), "wine_get_version") != nullptr) {
+    GTEST_SKIP() << "under Wine no child inherits an error mode";
+  }
+  EXPECT_EQ(inherited, kOff);
+}
+
+TEST_F(WindowsProcessesTest, AServerThatCommitsAFaultEndsWithItsCode) {
+  const RunningServer server("map");
+  PostMessageA(reinterpret_cast<HWND>(server.Window()), sample::kFault, 0, 0);
+  EXPECT_EQ(WaitForSingleObject(server.Process(), 5000), DWORD{WAIT_OBJECT_0});
+  EXPECT_EQ(server.ExitCode(), DWORD{EXCEPTION_ACCESS_VIOLATION});
 }
 
 TEST_F(WindowsProcessesTest, EndsAProcessWithCodeZero) {

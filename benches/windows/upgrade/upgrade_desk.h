@@ -16,7 +16,7 @@ struct UpgradeDesk {
   UpgradeDesk(const Machine& system, Processes& processPort, FileCopies& copies,
               const std::string& launcherPath, const std::string& newFolder)
       : ports(system),
-        root(launcherPath),
+        root(launcherPath, ports.codePage),
         processes(processPort, ports.foreignWindows, ports.tickClock, ports.codePage,
                   ports.workingFolder, form.servers.Exes, root.AppFolder()),
         upgrade({form, components, startStop, log, settings, ports.fileReader,

@@ -16,3 +16,13 @@ mv "$ROOT/conf/char_athena.conf" "$ROOT/conf/kept-too"
 refused "char_athena.conf file can't be loaded"
 rm "$ROOT/conf/login_athena.conf"
 refused "Please, copy and start this application inside your eAthena / Freya Server Root!"
+
+# Letters that the code page does not have: the cause stands in the same box.
+cyrillic=$WINE_DIR/сервер
+"$E2E_REPOSITORY/scripts/make-demo-root.sh" "$cyrillic"
+launcher_start "$cyrillic"
+LAUNCHER_ROOT=
+shown=$(wine_run "$WINDOWS_BUILD/operator.exe" answer ok --wait 20) || fail "no message box"
+[[ $shown == *"inside your eAthena / Freya Server Root!"* ]] || fail "the box says '$shown'"
+[[ $shown == *"letters that the system's code page does not have."* ]] || fail "the box says '$shown'"
+if launcher_wait; then fail "exit code 0"; fi

@@ -7,3 +7,11 @@ foreach(story IN LISTS stories)
     set_tests_properties(operator.${name} PROPERTIES LABELS operator TIMEOUT 400)
   endif()
 endforeach()
+
+# The stories of the launcher's core once more: the launcher started from another folder, in a root whose
+# name has letters outside of ASCII.
+foreach(name IN ITEMS start_stop crash_restart settings_kept upgrade_on_crash)
+  add_test(NAME operator.${name}.elsewhere COMMAND ${CMAKE_CURRENT_LIST_DIR}/${name}.sh)
+  set_tests_properties(operator.${name}.elsewhere PROPERTIES LABELS operator TIMEOUT 400
+    ENVIRONMENT "TARVO_STORY_ELSEWHERE=1;TARVO_STORY_ROOT=Servidor Ñandú")
+endforeach()

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/files.h"
+
+namespace tarvo {
+
+/// Tells why a file that a program wants is not to be had.
+class FileDiagnosis {
+ public:
+  virtual ~FileDiagnosis() = default;
+  /// The system's reason why the file cannot be opened for reading. Nothing when it can be opened,
+  /// and when it is simply not there.
+  virtual std::optional<FileFault> WhyUnreadable(const std::string& path) = 0;
+};
+
+}  // namespace tarvo
