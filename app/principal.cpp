@@ -28,8 +28,9 @@ constexpr char kWithMoreRights[] =
 Principal::Principal(const Machine& machine)
     : machine_(machine),
       letters_(machine.codePage),
-      registry_(machine.registry),
+      perUserRegistry_(machine.registry),
       root_(machine.executablePath, machine.codePage),
+      registry_(perUserRegistry_, root_.SettingsKey()),
       timers_(machine.tickClock),
       form_(timers_),
       log_(form_.status.RTLog, form_.servers.WLog, form_.servers.LogH, machine.fileAppender,
@@ -64,6 +65,8 @@ Principal::Principal(const Machine& machine)
 
 void Principal::WireControls() {
   dispatch_.onFault = [this](const RuntimeError& fault) { ShowFault(fault); };
+  dispatch_.onOwnFault = [this](OwnFault fault) { machine_.selfRestart.Die(fault); };
+  dispatch_.onQuiet = [this] { OrderRestart(); };
   form_.frame.window.onResize = [this] { Form_Resize(); };
   form_.frame.window.onClose = [this] {
     bool cancel = false;
@@ -88,6 +91,7 @@ void Principal::WireControls() {
   }
   servers.Check2.onClick = [this] { windowOptions_.Check2_Click(); };
   servers.Command1.onClick = [this] { Command1_Click(); };
+  startStop_.cameUnderControl = [this](ComponentKind kind) { NoteUnderControl(kind); };
   startStop_.prepareFreezeWatch = [this](ComponentKind kind) { freezeWatch_.Prepare(kind); };
 }
 
@@ -187,6 +191,7 @@ void Principal::LeaveToTheFirst() {
 
 void Principal::Form_Load() {
   form_.frame.SSTab1.SetPage(1);
+  TakeOver();
   if (!StartNetworking() || !LoadSettings()) return;
   LogConfiguration();
   log_.LogStatus("Launcher Ready!", kInfo);
@@ -194,7 +199,11 @@ void Principal::Form_Load() {
   tray_.SetToolTip(title);
   form_.frame.window.SetTitle(title);
   LookForRunningComponents();
-  AutoStart();
+  if (takenOver_) {
+    Resume();
+  } else {
+    AutoStart();
+  }
   LoadRandomizer();
   if (componentsFoundInMemory_) form_.frame.SSTab1.SetPage(0);
 }
@@ -297,11 +306,11 @@ void Principal::RestoreWindowPlace() {
   if (place) form_.frame.window.SetStanding(*place);
 }
 
-void Principal::SaveSettings() {
-  settings_.Save();
+void Principal::SaveSettings(Registry& registry) {
+  LauncherSettings(form_, components_, registry, root_, machine_.localClock).Save();
   const auto& place = form_.frame.window.Standing();
   if (!place) return;
-  WriteRegistryString(registry_, Hive::LocalMachine, root_.SettingsKey(), kWindowPlace,
+  WriteRegistryString(registry, Hive::LocalMachine, root_.SettingsKey(), kWindowPlace,
                       TextOfPlace(*place));
 }
 
@@ -314,7 +323,7 @@ void Principal::Form_Unload(bool& cancel) {
     return;
   }
   tray_.Unload();
-  SaveSettings();
+  SaveSettings(registry_);
   machine_.sockets.Stop();
 }
 
@@ -329,7 +338,7 @@ void Principal::RefuseToClose() {
 /// As a close, but servers that run do not hinder it: they are left to the system.
 void Principal::Form_EndSession() {
   tray_.Unload();
-  SaveSettings();
+  SaveSettings(registry_);
   machine_.sockets.Stop();
   form_.frame.window.End(kExitNormal);
 }
@@ -350,7 +359,7 @@ void Principal::Command1_Click() {
   log_.LogStatus("Launcher unloaded from memory! (server still running)", kAlert);
   tray_.Unload();
   for (Component& component : components_) component.ProcessId = 0;
-  SaveSettings();
+  SaveSettings(registry_);
   form_.frame.window.End(kExitNormal);
 }
 
@@ -359,6 +368,7 @@ void Principal::ShowFault(const RuntimeError& fault) {
   std::string text =
       "Run-time error '" + std::to_string(fault.Number()) + "':\r\n\r\n" + fault.Description();
   if (!fault.Source().empty()) text += "\r\n\r\n" + fault.Source();
+  machine_.selfRestart.Keep({});
   machine_.messageBoxes.Ask({text, BoxIcon::Critical});
   form_.frame.window.End(kExitFault);
 }

@@ -4,10 +4,12 @@
 #include <string>
 
 #include "core/component.h"
+#include "core/handed_settings.h"
 #include "core/launcher_settings.h"
 #include "core/patience.h"
 #include "core/per_user_registry.h"
 #include "core/process_control.h"
+#include "core/restart_state.h"
 #include "core/server_root.h"
 #include "core/start_stop.h"
 #include "core/status_log.h"
@@ -81,7 +83,13 @@ class Principal {
   void Form_EndSession();
   void OpenLogFile();
   void RestoreWindowPlace();
-  void SaveSettings();
+  void SaveSettings(Registry& registry);
+
+  void TakeOver();
+  void Resume();
+  void NoteUnderControl(ComponentKind kind);
+  void OrderRestart();
+  void KeepOrder();
 
   void SysTrayMouseDown(int button);
   void MenuClick(const std::string& key);
@@ -101,8 +109,9 @@ class Principal {
 
   Machine machine_;
   LettersInUse letters_;
-  PerUserRegistry registry_;
+  PerUserRegistry perUserRegistry_;
   ServerRoot root_;
+  HandedSettings registry_;
   EventDispatch dispatch_;
   TimerQueue timers_;
   Form form_;
@@ -125,6 +134,10 @@ class Principal {
   Randomizer randomizer_;
   bool componentsFoundInMemory_ = false;
   bool refusingToClose_ = false;
+  std::optional<RestartState> takenOver_;  ///< From a launcher that died of a fault of its own.
+  RestartState restartState_;
+  RestartState keptState_;  ///< That the order was made of.
+  RestartOrder restartOrder_;
 };
 
 }  // namespace tarvo

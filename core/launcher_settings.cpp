@@ -115,7 +115,9 @@ void LauncherSettings::LoadRandomizer() {
   limits[0].SetText(ShortestDecimal(NumericValue(Read("MaxRndDay", "1"))));
   limits[1].SetText(ShortestDecimal(NumericValue(Read("MaxRndHour", "1"))));
   const std::string last = Read("LastRandomize", GeneralDate(clock_.Now()));
-  lastRandomize_ = NamingSource("LastRandomize", [&] { return ParseDateTime(last); });
+  lastRandomize_ = NamingSource("LastRandomize", [&last] {
+    return IsNumeric(last) ? DateOfNumber(NumericValue(last)) : ParseDateTime(last);
+  });
   dayRndCnt_ = ReadInteger("DayRndCnt", "0");
   hourRndCnt_ = ReadInteger("HourRndCnt", "0");
 }

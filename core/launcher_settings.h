@@ -22,7 +22,8 @@ namespace tarvo {
 ///
 /// The boxes of the two randomizer limits are crossed with the names of their values, and stored
 /// settings depend on it: `MaxRndDay` holds the limit an hour, `MaxRndHour` that a day. The check
-/// intervals are read and never written: they are set in the registry by hand.
+/// intervals are read and never written: they are set in the registry by hand. `LastRandomize` may
+/// be a date's number as well; 0 is no moment at all.
 class LauncherSettings {
  public:
   LauncherSettings(Form& form, ComponentTable& components, Registry& registry,

@@ -88,6 +88,7 @@ void StartStop::StartComponent(ComponentKind kind) {
   Timer& watch = form_.timers.CrashWatch(kind);
   watch.SetEnabled(false);
   watch.SetEnabled(true);
+  if (cameUnderControl) cameUnderControl(kind);
 }
 
 void StartStop::LaunchOrAdopt(ComponentKind kind) {

@@ -52,6 +52,8 @@ class StartStop {
 
   /// Asked before the map server is looked for and launched.
   std::function<void()> beforeMapServerStarts;
+  /// Told when the component's crash watch has been armed: it is under control from here on.
+  std::function<void(ComponentKind)> cameUnderControl;
   /// The freeze watch's preparation of a component that has just been started.
   std::function<void(ComponentKind)> prepareFreezeWatch;
 

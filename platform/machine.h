@@ -19,6 +19,7 @@
 #include "platform/processes.h"
 #include "platform/random_source.h"
 #include "platform/registry.h"
+#include "platform/self_restart.h"
 #include "platform/sockets.h"
 #include "platform/working_folder.h"
 
@@ -50,6 +51,7 @@ struct Machine {
   DocumentOpener& documents;
   WorkingFolder& workingFolder;
   FileDiagnosis& fileDiagnosis;
+  SelfRestart& selfRestart;
   std::string executablePath;  ///< Full path of the launcher's own executable.
   /// False when the path has letters that the system's code page does not have: `executablePath`,
   /// which has others in their place, names nothing then, or something else.

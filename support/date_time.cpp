@@ -1,6 +1,7 @@
 #include "support/date_time.h"
 
 #include <charconv>
+#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -127,6 +128,11 @@ std::optional<seconds> ReadTime(Scanner& scan) {
   return hours(*hour) + minutes(*minute) + seconds(*second);
 }
 
+local_days DayZero() {
+  using namespace std::chrono_literals;
+  return local_days(1899y / 12 / 30);
+}
+
 }  // namespace
 
 std::string GeneralDate(LocalTime time) { return Compose(time, "-", " ", ":"); }
@@ -146,8 +152,17 @@ LocalTime ParseDateTime(std::string_view text) {
   Scanner timed(trimmed);
   const auto time = ReadTime(timed);
   if (!time || !timed.AtEnd()) throw RuntimeError(Fault::TypeMismatch);
-  using namespace std::chrono_literals;
-  return local_days(1899y / 12 / 30) + *time;
+  return DayZero() + *time;
+}
+
+LocalTime DateOfNumber(double number) {
+  constexpr double kFirst = -657434;       // 0100-01-01
+  constexpr double kBehindLast = 2958466;  // 10000-01-01
+  constexpr double kSecondsInDay = 86400;
+  if (!(number > kFirst - 1 && number < kBehindLast)) throw RuntimeError(Fault::TypeMismatch);
+  const double day = std::trunc(number);
+  const double second = std::round(std::fabs(number - day) * kSecondsInDay);
+  return DayZero() + days(static_cast<int>(day)) + seconds(static_cast<int>(second));
 }
 
 }  // namespace tarvo

@@ -22,4 +22,9 @@ std::string DateStamp(LocalTime time);
 /// this century. Raises type mismatch (13) for every other text.
 LocalTime ParseDateTime(std::string_view text);
 
+/// The moment of a date's number: days since 1899-12-30, the fraction being the time of day, to the
+/// nearest second; before that day the fraction counts forward from its midnight all the same.
+/// Raises type mismatch (13) outside the years 100 to 9999.
+LocalTime DateOfNumber(double number);
+
 }  // namespace tarvo

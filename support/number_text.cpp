@@ -34,6 +34,17 @@ HexDigits ReadHex(std::string_view text) {
   return digits;
 }
 
+/// The value of the hexadecimal digits that the text starts with; 0 for none. More than 32 bits are
+/// a number as large as they say, as decimal digits would be.
+double HexValue(std::string_view text) {
+  const HexDigits hex = ReadHex(text);
+  if (hex.value || hex.count == 0) return hex.value.value_or(0);
+  double value = 0;
+  const auto result =
+      std::from_chars(text.data(), text.data() + hex.count, value, std::chars_format::hex);
+  return result.ec == std::errc() ? value : std::numeric_limits<double>::max();
+}
+
 std::size_t SkipDigits(std::string_view text, std::size_t position) {
   while (position < text.size() && IsDigit(text[position])) ++position;
   return position;
@@ -100,7 +111,7 @@ std::string WithoutSpace(std::string_view text) {
 double NumericValue(std::string_view text) {
   const std::string compact = WithoutSpace(text);
   const std::string_view number = compact;
-  if (IsHexPrefix(number)) return ReadHex(number.substr(2)).value.value_or(0);
+  if (IsHexPrefix(number)) return HexValue(number.substr(2));
   const std::size_t length = DecimalLength(number);
   return length == 0 ? 0 : DecimalValue(number.substr(0, length));
 }

@@ -11,7 +11,8 @@ namespace tarvo {
 
 /// The number that a text starts with; 0 when it starts with none. Blanks, tabs and line feeds are
 /// skipped wherever they stand. "&H" introduces hexadecimal digits, which are the bits of a 32-bit
-/// signed number. An exponent (E or D) is read. Never fails.
+/// signed number, or a number as large as they say when there are more. An exponent (E or D) is
+/// read. Never fails.
 double NumericValue(std::string_view text);
 
 /// Whether the whole text is a number: blanks and tabs around it are ignored, "&H" introduces

@@ -26,12 +26,14 @@ std::string HeaderFor(const std::vector<Colour>& palette) {
          "\\pard\\f0\\fs18\r\n";
 }
 
-void AppendEscaped(std::string& source, std::string_view text) {
+/// Each line of the source begins with the colour, so that none needs the line before it.
+void AppendEscaped(std::string& source, std::string_view text, const std::string& colour) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto byte = static_cast<unsigned char>(text[i]);
     if (text.substr(i, 2) == "\r\n") {
       source += "\\par\r\n";
       ++i;
+      if (i + 1 < text.size()) source += colour;
     } else if (byte == '\\' || byte == '{' || byte == '}') {
       source += '\\';
       source += text[i];
@@ -92,8 +94,9 @@ RichTextView::RichTextView(std::vector<Colour> palette)
 void RichTextView::Append(const ColouredText& piece) {
   const auto entry = std::find(palette_.begin(), palette_.end(), piece.colour);
   const auto index = entry == palette_.end() ? 0 : entry - palette_.begin() + 1;
-  if (piece.text != "\r\n") source_ += "\\cf" + std::to_string(index) + ' ';
-  AppendEscaped(source_, piece.text);
+  const std::string colour = "\\cf" + std::to_string(index) + ' ';
+  if (piece.text != "\r\n") source_ += colour;
+  AppendEscaped(source_, piece.text, colour);
   if (richMirror_) richMirror_->Appended(piece);
 }
 

@@ -67,7 +67,9 @@ bool TimerQueue::RunNext(const std::function<void(const std::function<void()>&)>
   Timer* timer = Earliest();
   if (!timer || timer->due_ > Now()) return false;
   timer->Arm();
+  ++ticking_;
   if (timer->onTick) dispatch(timer->onTick);
+  --ticking_;
   if (onChange) onChange();
   return true;
 }

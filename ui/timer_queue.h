@@ -62,6 +62,9 @@ class TimerQueue {
   void Hold(bool held);
   bool Held() const { return held_; }
 
+  /// Whether a tick is running, what it has opened included.
+  bool Ticking() const { return ticking_ > 0; }
+
   /// Called whenever the next due time may have changed.
   std::function<void()> onChange;
 
@@ -74,6 +77,7 @@ class TimerQueue {
   std::vector<Timer*> timers_;
   std::uint64_t sequence_ = 0;
   bool held_ = false;
+  int ticking_ = 0;
   std::uint64_t now_ = 0;  ///< The tick count continued past its wraps.
 };
 

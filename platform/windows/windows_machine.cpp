@@ -5,6 +5,7 @@
 #include "platform/windows/code_page_windows.h"
 #include "platform/windows/document_opener_windows.h"
 #include "platform/windows/event_log_windows.h"
+#include "platform/windows/fault_guard.h"
 #include "platform/windows/file_copies_windows.h"
 #include "platform/windows/file_diagnosis_windows.h"
 #include "platform/windows/file_dialog_windows.h"
@@ -60,6 +61,7 @@ struct WindowsMachine::Adapters {
   WindowsWorkingFolder workingFolder;
   WindowsFileDiagnosis fileDiagnosis;
   WindowsEventLog eventLog;
+  WindowsSelfRestart selfRestart;
   MersenneRandom random;
 };
 
@@ -93,6 +95,7 @@ Machine WindowsMachine::Ports() {
           all.documents,
           all.workingFolder,
           all.fileDiagnosis,
+          all.selfRestart,
           text,
           WideTextOf(text) == path};
 }

@@ -119,6 +119,22 @@ TEST_F(WholeRandomizer, CountersAreCarriedFromOneLifeToTheNext) {
   EXPECT_EQ(machine.Setting("LastRandomize"), "2026-11-21 10:00:00");
 }
 
+TEST_F(WholeRandomizer, EachCounterIsLoadedFromAndSavedToItsOwnPlace) {
+  PutRange();
+  machine.SetSetting("AutoRandomize", "0");
+  machine.SetSetting("LastRandomize", "2026-11-21 10:00:00");
+  machine.SetSetting("DayRndCnt", "40");
+  machine.SetSetting("HourRndCnt", "7");
+  machine.SetSetting("MaxRndHour", "100");  // The day's limit.
+  machine.SetSetting("MaxRndDay", "10");    // The hour's.
+  StartLauncher();
+  launcher->Pass(5s);
+  launcher->Click("bStart", 2);
+  EXPECT_EQ(machine.Setting("LastRandomize"), "2026-11-21 10:00:05");
+  EXPECT_EQ(machine.Setting("DayRndCnt"), "41");
+  EXPECT_EQ(machine.Setting("HourRndCnt"), "8");
+}
+
 TEST_F(WholeRandomizer, TheCrossedLimitsAreReadFromTheValuesOfTheOtherName) {
   PutRange();
   machine.SetSetting("MaxRndDay", "3");

@@ -94,13 +94,19 @@ TEST_F(Configuration, AKeyCountsAtTheVeryStartOfALineInItsOwnLetters) {
 }
 
 TEST_F(Configuration, OfSeveralLinesWithOneKeyTheLastCounts) {
-  const auto read = ReadChar(
-      "char_port: 1\r\nchar_ip:a\r\nserver_name: A\r\nchar_port: 2\r\nchar_ip:b\r\n"
-      "server_name: B\r\n//char_port: 3\r\n");
-  EXPECT_EQ(read.endpoints[ComponentKind::Char].port, 2);
-  EXPECT_EQ(read.endpoints[ComponentKind::Char].host, "b");
+  const std::string first =
+      "login_port: 1\r\nlogin_ip:a\r\nchar_port: 2\r\nchar_ip:b\r\nserver_name: A\r\n";
+  const std::string second =
+      "login_port: 3\r\nlogin_ip:c\r\nchar_port: 4\r\nchar_ip:d\r\nserver_name: B\r\n";
+  const auto read = ReadChar(first + second + "//char_port: 5\r\n");
+  EXPECT_EQ(read.endpoints[ComponentKind::Login].port, 3);
+  EXPECT_EQ(read.endpoints[ComponentKind::Login].host, "c");
+  EXPECT_EQ(read.endpoints[ComponentKind::Char].port, 4);
+  EXPECT_EQ(read.endpoints[ComponentKind::Char].host, "d");
   EXPECT_EQ(read.serverName, "B");
-  EXPECT_EQ(ReadMap("map_port: 1\r\nmap_port: 2\r\n").endpoints[ComponentKind::Map].port, 2);
+  const auto map = ReadMap("map_port: 1\r\nmap_ip:a\r\nmap_port: 2\r\nmap_ip:b\r\n");
+  EXPECT_EQ(map.endpoints[ComponentKind::Map].port, 2);
+  EXPECT_EQ(map.endpoints[ComponentKind::Map].host, "b");
 }
 
 TEST_F(Configuration, AHostIsKeptAsItFollowsItsKey) {

@@ -26,6 +26,7 @@ TEST(ServerRootNames, FollowFromTheLaunchersPath) {
       {"C:\\my servers\\e A\\run.exe", "C:\\my servers\\e A", "C:\\my servers\\e A\\", "run"},
       {"\\\\host\\share\\root\\l.exe", "\\\\host\\share\\root", "\\\\host\\share\\root\\", "l"},
       {"C:\\srv\\\\l.exe", "C:\\srv", "C:\\srv\\", "l"},
+      {"C:\\srv\\\\\\l.exe", "C:\\srv\\", "C:\\srv\\\\", "l"},
       {"C:\\srv\\l.exe.exe", "C:\\srv", "C:\\srv\\", "l.exe"},
       {"C:\\srv\\launcher", "C:\\srv", "C:\\srv\\", "launcher"},
   };

@@ -114,6 +114,8 @@ TEST(LoadedSettings, AnIntervalIsANumericValueBetweenOneSecondAndSixty) {
         {name, "999999", "60000"},
         {name, "99999999999999999999", "60000"},
         {name, "1e300", "60000"},
+        {name, "&H100000000", "60000"},
+        {name, "&HFFFFFFFF", "1000"},
         {name, "-5000", "1000"},
         {name, "-1e300", "1000"},
         {name, "abc", "1000"},
@@ -229,6 +231,9 @@ TEST(LoadedSettings, CountersAndTheLastMomentAreConverted) {
   }
   ExpectLoaded({{"LastRandomize", "2026-01-02 03:04:05", "2026-01-02 03:04:05"},
                 {"LastRandomize", "1/2/2026 3:04:05 PM", "2026-01-02 15:04:05"},
+                {"LastRandomize", "0", "1899-12-30 00:00:00"},
+                {"LastRandomize", " 46024.5 ", "2026-01-02 12:00:00"},
+                {"LastRandomize", "20260102", "13 LastRandomize"},
                 {"LastRandomize", "", "13 LastRandomize"},
                 {"LastRandomize", "yesterday", "13 LastRandomize"},
                 {"LastRandomize", "2026-13-01", "13 LastRandomize"},

@@ -100,6 +100,21 @@ TEST_F(Log, EachLineGoesIntoTheFileOfItsOwnDay) {
   EXPECT_EQ(File("20270101.log"), "2027-01-01 00:00:00: At midnight\r\n");
 }
 
+TEST_F(Log, ALineThatMidnightOvertakesGoesIntoTheFileOfTheMomentOfWriting) {
+  struct Slow : Pieces {
+    explicit Slow(SimClock& c) : clock(c) {}
+    void Appended(const ColouredText&) override { clock.Advance(1000); }
+    SimClock& clock;
+  } screen(machine.clock);
+  WLog.SetChecked(true);
+  machine.clock.SetLocal(std::chrono::local_days(2026y / 12 / 31) + 23h + 59min + 58s);
+  RTLog.SetRichTextMirror(&screen);
+  log.LogStatus("Overtaken", 0);
+  RTLog.SetRichTextMirror(nullptr);
+  EXPECT_EQ(File("20270101.log"), "2026-12-31 23:59:58: Overtaken\r\n");
+  EXPECT_FALSE(machine.files.Exists("C:\\srv\\20261231.log"));
+}
+
 TEST_F(Log, AClockSetBackWritesIntoTheEarlierDaysFileAgain) {
   WLog.SetChecked(true);
   log.LogStatus("First", 0);

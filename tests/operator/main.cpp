@@ -1,9 +1,11 @@
 #include <windows.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -11,6 +13,7 @@
 #include "boxes.h"
 #include "captions.h"
 #include "clipboard.h"
+#include "faulty/fault_door.h"
 #include "file_dialog.h"
 #include "layout.h"
 #include "manual.h"
@@ -101,6 +104,14 @@ void AnswerDialog(const Order& order) {
   AnswerFileDialog(WaitForFileDialog(order.choice, order.boxPatience), path);
 }
 
+/// Makes the launcher's faulty build fail; any other build takes no notice.
+void Fail(HWND launcher, const std::string& fault) {
+  const auto found = std::find(std::begin(kFaults), std::end(kFaults), fault);
+  if (found == std::end(kFaults)) throw OperatorError("no such fault: " + fault);
+  PostMessageA(launcher, RegisterWindowMessageA(kFaultMessage),
+               static_cast<WPARAM>(found - std::begin(kFaults)), 0);
+}
+
 void ShowBox(const Order& order) {
   const HWND box = FindBox(order.choice);
   if (!box) throw OperatorError("no message box is up");
@@ -184,6 +195,8 @@ bool RunOnWindow(const Order& order) {
     AnswerBox(order);
   } else if (verb == "box") {
     ShowBox(order);
+  } else if (verb == "fault") {
+    Fail(NeedLauncher(order.choice), OnlyWord(order));
   } else {
     return false;
   }

@@ -45,11 +45,19 @@ SimMachine::SimMachine() {
 }
 
 Machine SimMachine::PortsFor(InstanceLock& lock) {
-  return {registry,  files,         files, files,        processes,
-          processes, network,       clock, clock,        memory,
-          boxes,     lock,          tray,  icons,        codePage,
-          copies,    fileDialog,    files, eventLog,     random,
-          documents, workingFolder, files, launcherPath, launcherPathInCodePage};
+  return {registry,     files,
+          files,        files,
+          processes,    processes,
+          network,      clock,
+          clock,        memory,
+          boxes,        lock,
+          tray,         icons,
+          codePage,     copies,
+          fileDialog,   files,
+          eventLog,     random,
+          documents,    workingFolder,
+          files,        selfRestart,
+          launcherPath, launcherPathInCodePage};
 }
 
 std::string SimMachine::SettingsKey() const {

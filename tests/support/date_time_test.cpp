@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "support/runtime_error.h"
 
 namespace tarvo {
@@ -71,6 +73,25 @@ TEST(ParseDateTime, RefusesEverythingElse) {
     } catch (const RuntimeError& fault) {
       EXPECT_EQ(fault.Number(), 13) << text;
     }
+  }
+}
+
+TEST(DateOfNumber, CountsDaysFromTheZeroDateTime) {
+  const struct {
+    double number;
+    LocalTime time;
+  } cases[] = {
+      {0, At(1899y / 12 / 30, 0s)},
+      {1, At(1899y / 12 / 31, 0s)},
+      {0.5, At(1899y / 12 / 30, 12h)},
+      {-1.25, At(1899y / 12 / 29, 6h)},
+      {46347.4390856481, At(2026y / 11 / 21, 10h + 32min + 17s)},
+      {-657434, At(100y / 1 / 1, 0s)},
+      {2958465.75, At(9999y / 12 / 31, 18h)},
+  };
+  for (const auto& c : cases) EXPECT_EQ(DateOfNumber(c.number), c.time) << c.number;
+  for (const double number : {-657435.0, 2958466.0, 1e300, -1e300, std::nan("")}) {
+    EXPECT_THROW(DateOfNumber(number), RuntimeError) << number;
   }
 }
 

@@ -42,6 +42,17 @@ TEST(Md5, TakesAMessageInPiecesOfAnyLength) {
   }
 }
 
+TEST(Md5, CountsTheBitsOfAMessageBeyond512Megabytes) {
+  std::string block;
+  for (int i = 0; i < 1024 * 1024; ++i) block += static_cast<char>(i);
+  clsMD5 md5;
+  for (int i = 0; i < 513; ++i) {
+    md5.MD5Update(block.size(), reinterpret_cast<const std::uint8_t*>(block.data()));
+  }
+  md5.MD5Final();
+  EXPECT_EQ(md5.GetValues(), "037724CE6DAA5B1B90E1B2A25536C1E6");
+}
+
 TEST(Md5, ShowsItsStateAsSignedDecimals) {
   clsMD5 md5;
   EXPECT_EQ(md5.RegisterA(), "1732584193");

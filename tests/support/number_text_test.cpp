@@ -24,15 +24,35 @@ TEST(NumericValue, ReadsTheNumberThatATextStartsWith) {
     const char* text;
     double value;
   } cases[] = {
-      {"", 0},          {"abc", 0},     {"12a", 12},        {"-5", -5},       {"+7", 7},
-      {" 1 2\t3", 123}, {"1.5.2", 1.5}, {".5", 0.5},        {"5.", 5},        {"-", 0},
-      {"1e3x", 1000},   {"1e", 1},      {"1d2", 100},       {"&H202", 0x202}, {"&hff", 255},
-      {"&H", 0},        {"&Hxyz", 0},   {"&HFFFFFFFF", -1}, {"1,5", 1},       {"--1", 0},
-      {"1e-400", 0},    {"0e999", 0},
+      {"", 0},
+      {"abc", 0},
+      {"12a", 12},
+      {"-5", -5},
+      {"+7", 7},
+      {" 1 2\t3", 123},
+      {"1.5.2", 1.5},
+      {".5", 0.5},
+      {"5.", 5},
+      {"-", 0},
+      {"1e3x", 1000},
+      {"1e", 1},
+      {"1d2", 100},
+      {"&H202", 0x202},
+      {"&hff", 255},
+      {"&H", 0},
+      {"&Hxyz", 0},
+      {"&HFFFFFFFF", -1},
+      {"1,5", 1},
+      {"--1", 0},
+      {"1e-400", 0},
+      {"0e999", 0},
+      {"&H100000000", 4294967296.0},
+      {"&HFFFFFFFFFx", 68719476735.0},
   };
   for (const auto& c : cases) EXPECT_EQ(NumericValue(c.text), c.value) << '"' << c.text << '"';
   EXPECT_GT(NumericValue("1e999"), 1e300);
   EXPECT_LT(NumericValue("-1e999"), -1e300);
+  EXPECT_GT(NumericValue("&H" + std::string(1000, 'F')), 1e300);
 }
 
 TEST(NumericValue, BeyondADoublesRangeIsToldByItsDigitsNotByTheSignOfItsExponent) {

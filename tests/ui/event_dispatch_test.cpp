@@ -69,6 +69,40 @@ TEST_F(EventDispatchTest, OtherExceptionsAreFaultsToo) {
   EXPECT_EQ(number, static_cast<int>(Fault::OutOfMemory));
 }
 
+TEST_F(EventDispatchTest, AFaultOfTheProgramsOwnIsToldOnceAndWhileTheDispatchIsOpen) {
+  std::string told;
+  const auto tellIn = [&told](EventDispatch& of) {
+    of.onOwnFault = [&told, &of](OwnFault fault) {
+      told += fault == OwnFault::OutOfMemory ? "memory" : "exception";
+      told += of.Closed() ? " closed;" : " open;";
+    };
+  };
+  tellIn(dispatch);
+  dispatch.Run([] { throw RuntimeError(Fault::Overflow); });
+  EXPECT_EQ(told, "") << "a fault of the run time is none";
+  EventDispatch another;
+  tellIn(another);
+  another.Run([] { throw std::bad_alloc(); });
+  another.Run([] { throw std::bad_alloc(); });
+  EXPECT_EQ(told, "memory open;");
+  EventDispatch third;
+  tellIn(third);
+  third.Run([] { throw std::out_of_range("x"); });
+  EXPECT_EQ(told, "memory open;exception open;");
+}
+
+TEST_F(EventDispatchTest, IsQuietWhenTheOutermostEventHasEnded) {
+  std::string seen;
+  dispatch.onQuiet = [&] { seen += "quiet "; };
+  dispatch.Run([&] {
+    dispatch.Run([&] { seen += "inner "; });
+    seen += "outer ";
+  });
+  EXPECT_EQ(seen, "inner outer quiet ");
+  dispatch.Run([] { throw RuntimeError(Fault::Overflow); });
+  EXPECT_EQ(seen, "inner outer quiet quiet ");
+}
+
 TEST_F(EventDispatchTest, ClosedByHandNothingComesThrough) {
   bool ran = false;
   dispatch.Close();

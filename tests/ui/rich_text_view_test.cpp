@@ -123,6 +123,23 @@ TEST(RichTextView, ALineThatIsTakenOutLeavesTheOthers) {
   EXPECT_EQ(view.Text(), "stamp: second\r\nstamp: third\r\nfourth\r\n");
 }
 
+TEST(RichTextView, AnyLineOfAPieceMayBeTakenOutAndTheOthersKeepItsColour) {
+  RichTextView view({kBlue, kRed});
+  view.Append({kBlue, "stamp: "});
+  view.Append({kRed, "first\r\nsecond\r\nthird\r\n"});
+  EXPECT_EQ(view.Text(), "stamp: first\r\nsecond\r\nthird\r\n");
+  std::string source = view.Source();
+  const std::size_t begin = source.find("\\cf1 stamp");
+  source.erase(begin, source.find("\r\n", begin) + 2 - begin);
+  view.SetSource(source);
+  EXPECT_EQ(view.Text(), "second\r\nthird\r\n");
+  for (const ColouredText& piece : view.Pieces()) {
+    if (piece.text.empty()) continue;
+    EXPECT_EQ(piece.colour, kRed) << piece.text;
+  }
+  EXPECT_TRUE(view.Source().ends_with("\\cf2 third\\par\r\n}\r\n")) << "nothing behind the last";
+}
+
 TEST(RichTextView, TheMirrorIsToldWhatHappened) {
   RichTextView view({kBlue});
   RecordingMirror mirror;

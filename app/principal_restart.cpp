@@ -1,0 +1,64 @@
+// How the launcher comes back after a fault of its own: what it hands on, and what it takes over.
+
+#include <algorithm>
+
+#include "app/principal.h"
+
+namespace tarvo {
+
+void Principal::TakeOver() {
+  takenOver_ = RestartStateOf(machine_.selfRestart.Arguments());
+  if (takenOver_) registry_.Take(takenOver_->settings);
+}
+
+/// What was under control is again, auto start or not; what the operator had stopped stays so.
+void Principal::Resume() {
+  form_.frame.window.SetState(takenOver_->minimized ? WindowState::Minimized : WindowState::Normal);
+  log_.LogStatus("Attention!, the launcher was restarted after a fault of its own.", kAlert);
+  for (ComponentKind kind : kComponents) {
+    // The settings choose the first executable whose name contains the stored text.
+    DropDownList& chooser = form_.servers.Exes[kind];
+    const auto& items = chooser.Items();
+    const auto exact = std::find(items.begin(), items.end(), components_[kind].storedExecutable);
+    if (exact != items.end()) chooser.SetListIndex(static_cast<int>(exact - items.begin()));
+  }
+  for (ComponentKind kind : kComponents) {
+    if (takenOver_->underControl[kind]) startStop_.StartComponent(kind);
+  }
+}
+
+/// Told at once: the event may start others and die of it. That a component was let go counts from
+/// the end of the event on, since an upgrade or a restart stops what it is about to start again.
+void Principal::NoteUnderControl(ComponentKind kind) {
+  restartState_.underControl[kind] = true;
+  KeepOrder();
+}
+
+void Principal::OrderRestart() {
+  for (ComponentKind kind : kComponents) {
+    restartState_.underControl[kind] = form_.timers.CrashWatch(kind).Enabled();
+  }
+  restartState_.minimized = form_.frame.window.State() == WindowState::Minimized;
+  // No tick changes what the operator has set, and ticks are many.
+  if (!timers_.Ticking()) {
+    CollectedSettings settings;
+    SaveSettings(settings);
+    restartState_.settings = settings.Settings();
+  }
+  KeepOrder();
+}
+
+void Principal::KeepOrder() {
+  const bool ending = form_.frame.window.Ended() || dispatch_.Closed();
+  const std::string logFolder =
+      !ending && form_.servers.WLog.Checked() ? root_.AppFolder() : std::string();
+  if (ending == restartOrder_.arguments.empty() && logFolder == restartOrder_.logFolder &&
+      restartState_ == keptState_) {
+    return;
+  }
+  keptState_ = restartState_;
+  restartOrder_ = {ending ? std::string() : ArgumentsOf(restartState_), logFolder};
+  machine_.selfRestart.Keep(restartOrder_);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/component.h"
+
+namespace tarvo {
+
+/// A value of the settings, by its name.
+struct SettingText {
+  std::string name;
+  std::string text;
+
+  bool operator==(const SettingText&) const = default;
+};
+
+/// What a launcher that is started again after a fault of its own takes over from the one that
+/// died.
+struct RestartState {
+  PerComponent<bool> underControl{};
+  bool minimized = false;
+  /// What the operator had set and no close has saved yet.
+  std::vector<SettingText> settings;
+
+  bool operator==(const RestartState&) const = default;
+};
+
+/// The state as arguments of the program: "--resume login,map --minimized --settings
+/// LoginPri=2&...", "--resume none" when nothing was under control. ASCII alone: other bytes of a
+/// setting, blanks, "&", "=" and "%" become "%" and two hexadecimal digits. Settings that would
+/// make it longer than the program can be started with (`kLongestArguments`) are left away, all of
+/// them.
+std::string ArgumentsOf(const RestartState& state);
+
+/// The state that such arguments tell; nothing for any other text: the launcher was started by
+/// somebody else then.
+std::optional<RestartState> RestartStateOf(std::string_view arguments);
+
+}  // namespace tarvo

@@ -1,0 +1,195 @@
+#include "platform/windows/fault_guard.h"
+
+#include <windows.h>
+
+#include <csignal>
+#include <cstdint>
+#include <cstring>
+#include <exception>
+#include <new>
+
+#include "platform/fault_text.h"
+
+namespace tarvo {
+namespace {
+
+constexpr DWORD kShortestLife = 60000;  // Milliseconds.
+constexpr std::size_t kReserve = 1024 * 1024;
+constexpr ULONG kStackAfterOverflow = 128 * 1024;
+constexpr DWORD kNoMemory = 0xC0000017;      // STATUS_NO_MEMORY
+constexpr DWORD kFatalAppExit = 0x40000015;  // STATUS_FATAL_APP_EXIT
+constexpr DWORD kCxxException = 0x20474343;  // As the compiler's own throw raises it.
+constexpr std::size_t kLongestPath = 32768;
+
+/// Everything that a fault needs, in the program's own image.
+struct Guard {
+  const char* version = "";
+  DWORD started = 0;
+  char program[kLongestPath] = {};
+  char commandLine[kLongestPath] = {};
+  bool startsAgain = false;
+  char logFolder[kLongestPath] = {};
+  void* reserve = nullptr;
+  void* lackedMemory = nullptr;  ///< Who asked for memory when there was none.
+  LONG volatile dying = 0;       ///< The thread that is at it.
+  STARTUPINFOA startup{};
+  PROCESS_INFORMATION successor{};
+  FixedText line;
+  FixedText file;
+  FixedText entry;
+};
+
+Guard guard;
+
+bool StartsAgain() { return guard.startsAgain && GetTickCount() - guard.started >= kShortestLife; }
+
+FaultFacts FactsOf(DWORD code, const void* address) {
+  FaultFacts facts;
+  facts.code = code;
+  facts.address = reinterpret_cast<std::uintptr_t>(address);
+  MEMORY_BASIC_INFORMATION page{};
+  const auto own = reinterpret_cast<std::uintptr_t>(GetModuleHandleA(nullptr));
+  if (VirtualQuery(address, &page, sizeof page) != 0 &&
+      reinterpret_cast<std::uintptr_t>(page.AllocationBase) == own) {
+    facts.offset = facts.address - own;
+  }
+  facts.version = guard.version;
+  facts.startsAgain = StartsAgain();
+  return facts;
+}
+
+FaultMoment Now() {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+}
+
+void WriteLine(const FaultFacts& facts) {
+  if (guard.logFolder[0] == '\0') return;
+  const FaultMoment moment = Now();
+  AddDayFile(guard.file, guard.logFolder, moment);
+  AddFaultLine(guard.line, moment, facts);
+  const HANDLE file = CreateFileA(guard.file.Text(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr,
+                                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return;
+  DWORD written = 0;
+  WriteFile(file, guard.line.Text(), static_cast<DWORD>(guard.line.Length()), &written, nullptr);
+  CloseHandle(file);
+}
+
+void StartSuccessor() {
+  guard.startup.cb = sizeof guard.startup;
+  CreateProcessA(guard.program, guard.commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                 &guard.startup, &guard.successor);
+}
+
+void WriteEntry(const FaultFacts& facts) {
+  AddFaultText(guard.entry, facts);
+  const HANDLE source = RegisterEventSourceA(nullptr, "Tarvo Launcher");
+  if (source == nullptr) return;
+  const char* text = guard.entry.Text();
+  ReportEventA(source, EVENTLOG_ERROR_TYPE, 0, 0, nullptr, 1, 0, &text, nullptr);
+  DeregisterEventSource(source);
+}
+
+/// Line, successor, entry; at most once in the life of the program.
+void Tell(DWORD code, const void* address) {
+  const auto thread = static_cast<LONG>(GetCurrentThreadId());
+  const LONG before = InterlockedCompareExchange(&guard.dying, thread, 0);
+  // A fault on the way down ends here; another thread's waits for the end that is coming.
+  if (before == thread) TerminateProcess(GetCurrentProcess(), code);
+  if (before != 0) Sleep(INFINITE);
+  if (guard.reserve) VirtualFree(guard.reserve, 0, MEM_RELEASE);
+  guard.reserve = nullptr;
+  const FaultFacts facts = FactsOf(code, address);
+  WriteLine(facts);
+  if (facts.startsAgain) StartSuccessor();
+  WriteEntry(facts);
+}
+
+[[noreturn]] void DieOf(DWORD code, const void* address) {
+  Tell(code, address);
+  TerminateProcess(GetCurrentProcess(), code);
+  for (;;) Sleep(INFINITE);
+}
+
+LONG WINAPI DieOfException(EXCEPTION_POINTERS* exception) {
+  const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
+  DieOf(record.ExceptionCode, record.ExceptionAddress);
+}
+
+[[noreturn]] void DieOfTerminate() { DieOf(kFatalAppExit, __builtin_return_address(0)); }
+
+void DieOfAbort(int) { DieOf(kFatalAppExit, __builtin_return_address(0)); }
+
+/// Memory is lacking. Whoever asked may know how to go on, so this only notes who it was: the
+/// caller of the operator that called this.
+void NoteLackOfMemory() {
+  void* caller[1] = {};
+  if (CaptureStackBackTrace(2, 1, caller, nullptr) == 1) guard.lackedMemory = caller[0];
+  throw std::bad_alloc();
+}
+
+/// On 64-bit systems before Windows 10 an exception in a window's procedure is otherwise swallowed
+/// on its way through the system, and the program goes on in whatever state it is.
+void LetExceptionsThroughCallbacks() {
+  using GetPolicy = BOOL(WINAPI*)(DWORD*);
+  using SetPolicy = BOOL(WINAPI*)(DWORD);
+  constexpr DWORD kCallbackFilter = 1;
+  const HMODULE kernel = GetModuleHandleA("kernel32.dll");
+  const auto get = reinterpret_cast<GetPolicy>(
+      reinterpret_cast<void*>(GetProcAddress(kernel, "GetProcessUserModeExceptionPolicy")));
+  const auto set = reinterpret_cast<SetPolicy>(
+      reinterpret_cast<void*>(GetProcAddress(kernel, "SetProcessUserModeExceptionPolicy")));
+  DWORD policy = 0;
+  if (get && set && get(&policy)) set(policy & ~kCallbackFilter);
+}
+
+bool Put(char (&room)[kLongestPath], const std::string& text) {
+  const bool fits = text.size() < kLongestPath;
+  std::memcpy(room, text.c_str(), fits ? text.size() + 1 : 0);
+  return fits;
+}
+
+}  // namespace
+
+void WatchForFaults(const char* version) {
+  guard.version = version;
+  guard.started = GetTickCount();
+  const DWORD length = GetModuleFileNameA(nullptr, guard.program, kLongestPath);
+  if (length == 0 || length >= kLongestPath) guard.program[0] = '\0';
+  guard.reserve = VirtualAlloc(nullptr, kReserve, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
+  SetUnhandledExceptionFilter(&DieOfException);
+  LetExceptionsThroughCallbacks();
+  ULONG stack = kStackAfterOverflow;
+  SetThreadStackGuarantee(&stack);
+  std::set_terminate(&DieOfTerminate);
+  std::signal(SIGABRT, &DieOfAbort);
+  std::set_new_handler(&NoteLackOfMemory);
+}
+
+std::string WindowsSelfRestart::Arguments() {
+  const std::string line = GetCommandLineA();
+  // The program's own name, with or without quotes, goes before them.
+  const std::size_t end = line.find(line.starts_with('"') ? '"' : ' ', 1);
+  const std::size_t first = end == line.npos ? end : line.find_first_not_of(' ', end + 1);
+  return first == line.npos ? std::string() : line.substr(first);
+}
+
+void WindowsSelfRestart::Keep(const RestartOrder& order) {
+  guard.startsAgain = false;  // While the rest is on its way a fault finds nothing half.
+  guard.logFolder[0] = '\0';
+  Put(guard.logFolder, order.logFolder);
+  if (order.arguments.empty() || guard.program[0] == '\0') return;
+  guard.startsAgain =
+      Put(guard.commandLine, "\"" + std::string(guard.program) + "\" " + order.arguments);
+}
+
+void WindowsSelfRestart::Die(OwnFault fault) {
+  const bool memory = fault == OwnFault::OutOfMemory;
+  const bool startsAgain = StartsAgain();
+  Tell(memory ? kNoMemory : kCxxException, memory ? guard.lackedMemory : nullptr);
+  if (startsAgain) TerminateProcess(GetCurrentProcess(), memory ? kNoMemory : kCxxException);
+}
+
+}  // namespace tarvo
