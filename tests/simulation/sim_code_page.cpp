@@ -34,22 +34,21 @@ bool SimCodePage::IsLeadByte(unsigned char byte) {
 }
 
 std::string SimCodePage::Lowered(std::string text) {
-  return Changed(std::move(text), [this](unsigned c) { return LoweredCharacter(c); });
+  return Changed(std::move(text), &SimCodePage::LoweredCharacter);
 }
 
 std::string SimCodePage::Raised(std::string text) {
-  return Changed(std::move(text), [this](unsigned c) { return RaisedCharacter(c); });
+  return Changed(std::move(text), &SimCodePage::RaisedCharacter);
 }
 
-std::string SimCodePage::Changed(std::string text,
-                                 const std::function<unsigned(unsigned)>& change) {
+std::string SimCodePage::Changed(std::string text, Change change) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto byte = static_cast<unsigned char>(text[i]);
     if (!IsLeadByte(byte) || i + 1 == text.size()) {
-      text[i] = static_cast<char>(change(byte));
+      text[i] = static_cast<char>((this->*change)(byte));
       continue;
     }
-    const unsigned pair = change(byte * 0x100U + static_cast<unsigned char>(text[i + 1]));
+    const unsigned pair = (this->*change)(byte * 0x100U + static_cast<unsigned char>(text[i + 1]));
     text[i] = static_cast<char>(pair / 0x100);
     text[++i] = static_cast<char>(pair % 0x100);
   }
@@ -58,6 +57,7 @@ std::string SimCodePage::Changed(std::string text,
 
 unsigned SimCodePage::LoweredCharacter(unsigned character) const {
   if (character >= 'A' && character <= 'Z') return character + 0x20;
+  if (character < 0x80) return character;
   for (const Capitals& run : kCapitals) {
     const bool isIn = character >= run.first && character <= run.last;
     if (run.codePage == number_ && isIn) return character + run.distance;
@@ -67,6 +67,7 @@ unsigned SimCodePage::LoweredCharacter(unsigned character) const {
 
 unsigned SimCodePage::RaisedCharacter(unsigned character) const {
   if (character >= 'a' && character <= 'z') return character - 0x20;
+  if (character < 0x80) return character;
   for (const Capitals& run : kCapitals) {
     const bool isIn = character >= run.first + run.distance && character <= run.last + run.distance;
     if (run.codePage == number_ && isIn) return character - run.distance;

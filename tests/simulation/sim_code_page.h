@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "platform/code_page.h"
@@ -19,7 +18,9 @@ class SimCodePage final : public CodePage {
   void Use(int number) { number_ = number; }
 
  private:
-  std::string Changed(std::string text, const std::function<unsigned(unsigned)>& change);
+  using Change = unsigned (SimCodePage::*)(unsigned) const;
+
+  std::string Changed(std::string text, Change change);
   unsigned LoweredCharacter(unsigned character) const;
   unsigned RaisedCharacter(unsigned character) const;
 

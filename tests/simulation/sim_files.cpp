@@ -9,7 +9,7 @@ namespace tarvo {
 SimFiles::File* SimFiles::Find(const std::string& path) {
   const std::string wanted = Lowered(RealPath(path));
   const auto found = std::find_if(files_.begin(), files_.end(),
-                                  [&](const File& file) { return Lowered(file.path) == wanted; });
+                                  [&](const File& file) { return file.lowered == wanted; });
   return found == files_.end() ? nullptr : &*found;
 }
 
@@ -50,7 +50,7 @@ bool SimFiles::AppendText(const std::string& path, const std::string& text) {
   if (File* file = Find(path)) {
     file->text += text;
   } else {
-    files_.push_back({RealPath(path), text, {}});
+    files_.push_back({RealPath(path), Lowered(RealPath(path)), text, {}});
   }
   return true;
 }
@@ -61,7 +61,7 @@ std::vector<std::string> SimFiles::FilesEndingWith(const std::string& folder,
   const std::string beginning = Lowered(folder) + "\\";
   std::vector<std::string> names;
   for (const File& file : files_) {
-    const std::string lower = Lowered(file.path);
+    const std::string& lower = file.lowered;
     const bool inFolder = lower.starts_with(beginning) &&
                           SeparatorsIn(lower, codePage_).back() == beginning.size() - 1;
     if (inFolder && lower.ends_with(Lowered(ending))) {
@@ -75,7 +75,7 @@ void SimFiles::Put(const std::string& path, std::string text) {
   if (File* file = Find(path)) {
     file->text = std::move(text);
   } else {
-    files_.push_back({RealPath(path), std::move(text), {}});
+    files_.push_back({RealPath(path), Lowered(RealPath(path)), std::move(text), {}});
   }
 }
 

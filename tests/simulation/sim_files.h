@@ -77,6 +77,7 @@ class SimFiles final : public FileReader,
  private:
   struct File {
     std::string path;
+    std::string lowered;  ///< The path, as it is looked for.
     std::string text;
     std::string marks;
   };
