@@ -122,9 +122,17 @@ class Rendering:
         self.ranges.append((start, self.length, key))
         self.emit(after)
 
+    def place(self, line, column):
+        return sum(len(text) + 1 for text in self.result.split("\n")[:line - 1]) + column - 1
+
     def blamed(self, line, column):
         """The keys that a compiler's complaint at this place (both from 1) may be about, nearest first."""
-        lines = self.result.split("\n")
-        at = sum(len(text) + 1 for text in lines[:line - 1]) + column - 1
+        at = self.place(line, column)
         hit = [r for r in self.ranges if r[0] <= at < r[1]]
         return [key for _, _, key in sorted(hit, key=lambda r: r[1] - r[0])]
+
+    def declared(self, line, column):
+        """The key of the constant whose name stands at this place, in a list; empty when it is none."""
+        begin, at = self.place(line, 1), self.place(line, column)
+        hit = [r for r in self.ranges if r[2][2] == "constant" and begin <= r[0] <= at]
+        return [max(hit)[2]] if hit else []

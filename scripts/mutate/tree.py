@@ -216,9 +216,9 @@ class Tree:
             name = os.path.normpath(name)
             if name not in self.renderings or (attempt < 12 and any(f in words for f in FOLLOWING)):
                 continue
-            keys = self.renderings[name].blamed(int(line), int(column))
-            if what == "note":
-                keys = [k for k in keys if k[2] == "constant"]
+            rendering = self.renderings[name]
+            find = rendering.declared if what == "note" else rendering.blamed
+            keys = find(int(line), int(column))
             have = self.dropped.setdefault(name, set())
             new = [k for k in keys if k not in have]
             if not new:
