@@ -43,15 +43,18 @@ Guard guard;
 
 bool StartsAgain() { return guard.startsAgain && GetTickCount() - guard.started >= kShortestLife; }
 
+bool InOwnImage(const void* address) {
+  MEMORY_BASIC_INFORMATION page{};
+  return VirtualQuery(address, &page, sizeof page) != 0 &&
+         page.AllocationBase == GetModuleHandleA(nullptr);
+}
+
 FaultFacts FactsOf(DWORD code, const void* address) {
   FaultFacts facts;
   facts.code = code;
   facts.address = reinterpret_cast<std::uintptr_t>(address);
-  MEMORY_BASIC_INFORMATION page{};
-  const auto own = reinterpret_cast<std::uintptr_t>(GetModuleHandleA(nullptr));
-  if (VirtualQuery(address, &page, sizeof page) != 0 &&
-      reinterpret_cast<std::uintptr_t>(page.AllocationBase) == own) {
-    facts.offset = facts.address - own;
+  if (InOwnImage(address)) {
+    facts.offset = facts.address - reinterpret_cast<std::uintptr_t>(GetModuleHandleA(nullptr));
   }
   facts.version = guard.version;
   facts.startsAgain = StartsAgain();
@@ -118,6 +121,25 @@ LONG WINAPI DieOfException(EXCEPTION_POINTERS* exception) {
   DieOf(record.ExceptionCode, record.ExceptionAddress);
 }
 
+/// A fault in the launcher's own code, before anybody may handle it. Nearly all of that code runs
+/// inside callbacks of the system, and there an exception that leaves the callback is swallowed on
+/// Wine, and on some 64-bit versions of Windows: the launcher would go on in whatever state it is.
+/// What goes wrong in the system's code, the system may have means against.
+LONG WINAPI DieOfOwnFault(EXCEPTION_POINTERS* exception) {
+  const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
+  switch (record.ExceptionCode) {
+    case EXCEPTION_ACCESS_VIOLATION:
+    case EXCEPTION_IN_PAGE_ERROR:
+    case EXCEPTION_ILLEGAL_INSTRUCTION:
+    case EXCEPTION_PRIV_INSTRUCTION:
+    case EXCEPTION_INT_DIVIDE_BY_ZERO:
+    case EXCEPTION_DATATYPE_MISALIGNMENT:
+    case EXCEPTION_STACK_OVERFLOW:
+      if (InOwnImage(record.ExceptionAddress)) DieOf(record.ExceptionCode, record.ExceptionAddress);
+  }
+  return EXCEPTION_CONTINUE_SEARCH;
+}
+
 [[noreturn]] void DieOfTerminate() { DieOf(kFatalAppExit, __builtin_return_address(0)); }
 
 void DieOfAbort(int) { DieOf(kFatalAppExit, __builtin_return_address(0)); }
@@ -130,8 +152,8 @@ void NoteLackOfMemory() {
   throw std::bad_alloc();
 }
 
-/// On 64-bit systems before Windows 10 an exception in a window's procedure is otherwise swallowed
-/// on its way through the system, and the program goes on in whatever state it is.
+/// The same for faults in the system's code that a callback has led to, where the system can be
+/// told so.
 void LetExceptionsThroughCallbacks() {
   using GetPolicy = BOOL(WINAPI*)(DWORD*);
   using SetPolicy = BOOL(WINAPI*)(DWORD);
@@ -159,6 +181,7 @@ void WatchForFaults(const char* version) {
   const DWORD length = GetModuleFileNameA(nullptr, guard.program, kLongestPath);
   if (length == 0 || length >= kLongestPath) guard.program[0] = '\0';
   guard.reserve = VirtualAlloc(nullptr, kReserve, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
+  AddVectoredExceptionHandler(1, &DieOfOwnFault);
   SetUnhandledExceptionFilter(&DieOfException);
   LetExceptionsThroughCallbacks();
   ULONG stack = kStackAfterOverflow;

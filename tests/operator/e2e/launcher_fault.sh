@@ -16,6 +16,7 @@ if operate state >/dev/null 2>&1; then fail "a launcher that died at once was st
 
 STARTED=$SECONDS
 start_launcher
+operate check chkAK 2
 operate set TTO 2 77
 operate click bStart 3
 expect_log 15 "Listening Map Server"
