@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/windows/code_page_windows.h"
 #include "platform/windows/late_call.h"
 
 namespace tarvo {
@@ -27,15 +28,6 @@ bool Whole(const AutomationCalls& calls) {
          calls.makeText && calls.freeText && calls.lengthOf && calls.clear && calls.change;
 }
 
-std::string AnsiText(std::wstring_view text) {
-  const int length = static_cast<int>(text.size());
-  const int bytes =
-      WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-  std::string ansi(static_cast<std::size_t>(bytes), '\0');
-  WideCharToMultiByte(CP_ACP, 0, text.data(), length, ansi.data(), bytes, nullptr, nullptr);
-  return ansi;
-}
-
 }  // namespace
 
 const AutomationCalls* LoadAutomationCalls() {
@@ -52,7 +44,7 @@ Apartment::~Apartment() {
 }
 
 Variant::Variant(const AutomationCalls& calls, std::string_view text) : calls_(&calls) {
-  const std::wstring wide = WideText(text);
+  const std::wstring wide = WideTextOf(text);
   value_.vt = VT_BSTR;
   value_.bstrVal = calls.makeText(wide.data(), static_cast<UINT>(wide.size()));
 }
@@ -69,17 +61,9 @@ std::optional<std::string> Variant::Text(HRESULT& fault) {
 }
 
 std::string TakeText(const AutomationCalls& calls, BSTR text) {
-  const std::string ansi = text == nullptr ? std::string() : AnsiText({text, calls.lengthOf(text)});
+  const std::string ansi = text == nullptr ? std::string() : TextOf({text, calls.lengthOf(text)});
   calls.freeText(text);
   return ansi;
-}
-
-std::wstring WideText(std::string_view text) {
-  const int bytes = static_cast<int>(text.size());
-  const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), bytes, nullptr, 0);
-  std::wstring wide(static_cast<std::size_t>(length), L'\0');
-  MultiByteToWideChar(CP_ACP, 0, text.data(), bytes, wide.data(), length);
-  return wide;
 }
 
 }  // namespace tarvo

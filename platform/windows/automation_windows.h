@@ -62,6 +62,4 @@ class Variant {
 /// The text of a BSTR, which may be none; it is freed.
 std::string TakeText(const AutomationCalls& calls, BSTR text);
 
-std::wstring WideText(std::string_view text);
-
 }  // namespace tarvo

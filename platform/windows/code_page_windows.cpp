@@ -21,7 +21,7 @@ std::string WindowsCodePage::Raised(std::string text) {
   return text;
 }
 
-std::string TextOf(const std::wstring& wide) {
+std::string TextOf(std::wstring_view wide) {
   const int length = static_cast<int>(wide.size());
   std::string text(wide.size() * 4, '\0');  // No code page needs more bytes for a letter.
   const int size = WideCharToMultiByte(CP_ACP, 0, wide.data(), length, text.data(),
@@ -30,7 +30,7 @@ std::string TextOf(const std::wstring& wide) {
   return text;
 }
 
-std::wstring WideTextOf(const std::string& text) {
+std::wstring WideTextOf(std::string_view text) {
   const int length = static_cast<int>(text.size());
   std::wstring wide(text.size(), L'\0');
   const int size = MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), length);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "platform/code_page.h"
 
 namespace tarvo {
@@ -13,7 +16,7 @@ class WindowsCodePage final : public CodePage {
 };
 
 /// The text in the system's code page; a letter that it does not have becomes another.
-std::string TextOf(const std::wstring& wide);
-std::wstring WideTextOf(const std::string& text);
+std::string TextOf(std::wstring_view wide);
+std::wstring WideTextOf(std::string_view text);
 
 }  // namespace tarvo

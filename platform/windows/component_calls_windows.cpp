@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/windows/automation_windows.h"
+#include "platform/windows/code_page_windows.h"
 #include "platform/windows/handle_windows.h"
 #include "platform/windows/system_message_windows.h"
 
@@ -35,7 +36,7 @@ ComponentAnswer Exception(const AutomationCalls& calls, EXCEPINFO& exception) {
 
 HRESULT Create(const AutomationCalls& calls, const std::string& programId, Component& component) {
   CLSID id = {};
-  const HRESULT known = calls.classOf(WideText(programId).c_str(), &id);
+  const HRESULT known = calls.classOf(WideTextOf(programId).c_str(), &id);
   if (FAILED(known)) return known;
   void* created = nullptr;
   const HRESULT result = calls.create(id, nullptr, kAnyProcess, kDispatch, &created);
@@ -73,7 +74,7 @@ ComponentAnswer WindowsComponentCalls::Call(const std::string& programId, const 
   Component component;
   const HRESULT created = Create(*calls, programId, component);
   if (FAILED(created)) return Fault(created);
-  std::wstring name = WideText(method);
+  std::wstring name = WideTextOf(method);
   wchar_t* names = name.data();
   DISPID id = 0;
   const HRESULT known = component.Get()->GetIDsOfNames(kNone, &names, 1, LOCALE_USER_DEFAULT, &id);

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/windows/file_identity_windows.h"
+#include "platform/windows/code_page_windows.h"
 #include "platform/windows/handle_windows.h"
 
 namespace tarvo {
@@ -55,7 +55,7 @@ Outcome WindowsFileCopies::ReadLastModified(const std::string& path,
 
 Outcome WindowsFileCopies::CopyOver(const std::string& source, const std::string& target) {
   return SwapContent(target, L".tarvo-copy", steps_, [&](const std::wstring& beside) {
-    return CopyBeside(WidePath(source), beside);
+    return CopyBeside(WideTextOf(source), beside);
   });
 }
 

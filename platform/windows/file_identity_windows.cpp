@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/windows/code_page_windows.h"
 #include "platform/windows/handle_windows.h"
 
 namespace tarvo {
@@ -69,16 +70,8 @@ void InheritCreation(const FILETIME& created, const FILETIME& written, const std
 
 }  // namespace
 
-std::wstring WidePath(const std::string& path) {
-  const int size = static_cast<int>(path.size());
-  const int length = MultiByteToWideChar(CP_ACP, 0, path.data(), size, nullptr, 0);
-  std::wstring wide(static_cast<std::size_t>(length), L'\0');
-  MultiByteToWideChar(CP_ACP, 0, path.data(), size, wide.data(), length);
-  return wide;
-}
-
 std::wstring RealName(const std::string& path) {
-  std::wstring name = WidePath(path);
+  std::wstring name = WideTextOf(path);
   const KernelHandle file = Open(name, 0);
   const DWORD size =
       file.Valid() ? GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED) : 0;

@@ -6,9 +6,6 @@
 
 namespace tarvo {
 
-/// A path of the code page for the system's wide calls.
-std::wstring WidePath(const std::string& path);
-
 /// The name under which the file itself lies: where a symbolic link leads, the path else. A file
 /// that is not there, and one that cannot be asked, has the path as it stands.
 std::wstring RealName(const std::string& path);

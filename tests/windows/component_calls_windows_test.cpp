@@ -10,6 +10,7 @@
 #include <map>
 
 #include "platform/windows/automation_windows.h"
+#include "platform/windows/code_page_windows.h"
 
 // The interfaces of COM have no virtual destructor: they end by Release.
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
@@ -29,7 +30,7 @@ constexpr IID kFactoryId = {1, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 const AutomationCalls& Calls() { return *LoadAutomationCalls(); }
 
 BSTR NewText(const std::string& text) {
-  const std::wstring wide = WideText(text);
+  const std::wstring wide = WideTextOf(text);
   return Calls().makeText(wide.data(), static_cast<UINT>(wide.size()));
 }
 
