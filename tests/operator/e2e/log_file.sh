@@ -19,7 +19,6 @@ operate select Prior 0 Norm
 expect_log 5 "Login Server running with Norm priority."
 grep -q "running with Norm priority\." "$file" || fail "an orange line is missing in the file"
 operate select LogH 0 "Only Errors"
-await_server login
 server crash login
 expect_log 10 "Login Server crashed, restarting..."
 if grep -q crashed "$file"; then fail "a red line in the file"; fi

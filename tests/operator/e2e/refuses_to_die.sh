@@ -6,7 +6,7 @@ echo refuse-to-die >"$ROOT/login-server.behaviour"
 start_launcher
 operate click bStart 0
 expect_log 10 "Login Server Started!"
-await_server login
+server state login
 expect_count login 1
 operate click bStart 0
 expect_log 15 "[login-server.exe] refuses to end, still in memory!"

@@ -96,10 +96,8 @@ await() {
   done
 }
 
-server() { wine_run "$WINDOWS_BUILD/servers/server-control.exe" "$2-server.exe" "$1"; }
-
 # A server opens its window a moment after its start, and obeys from then on.
-await_server() { await 10 server state "$1" >/dev/null 2>&1 || fail "$1 did not come up"; }
+server() { await 10 wine_run "$WINDOWS_BUILD/servers/server-control.exe" "$2-server.exe" "$1"; }
 
 server_count() { server count "$1" | tr -d '\r' | grep -oE '[0-9]+' | tail -1; }
 server_pid() { server pids "$1" | tr -d '\r' | grep -oE '[0-9]+' | tail -1; }
