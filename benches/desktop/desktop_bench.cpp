@@ -29,8 +29,12 @@ class BenchShell final : public NotificationArea, public Icons, public CodePage 
  public:
   void OpenWindow(const std::string&) override {}
   void CloseWindow() override {}
-  void Add(const NotificationIcon& icon) override { shown = icon.icon; }
-  void Modify(const NotificationIcon& icon) override { shown = icon.icon; }
+  bool Add(const NotificationIcon& icon) override { return Show(icon); }
+  bool Modify(const NotificationIcon& icon) override { return Show(icon); }
+  bool Show(const NotificationIcon& icon) {
+    shown = icon.icon;
+    return true;
+  }
   void Delete() override { shown = 0; }
   std::optional<std::size_t> ShowMenu(const std::vector<MenuEntry>&) override { return {}; }
   int NotificationSize() override { return size; }
