@@ -141,6 +141,7 @@ TEST_F(UpgradeSettingsStory, WhatIsNoExecutableIsRefusedWithTheReason) {
   for (const auto& entry : table) {
     Do([&] { Page().nPath[2].Drop(entry.path); });
     EXPECT_EQ(machine.boxes.NewTexts(), std::string(entry.reason) + "\r\n" + entry.path + "\n");
+    ASSERT_FALSE(machine.boxes.Shown().empty()) << entry.path;
     EXPECT_EQ(machine.boxes.Shown().back().icon, BoxIcon::Exclamation);
     EXPECT_EQ(Page().nPath[2].Text(), kNewMap) << entry.path;
     EXPECT_EQ(machine.Setting("MapFrom"), kNewMap) << entry.path;
