@@ -100,7 +100,7 @@ class Finder:
             way = "false" if text[begin:end] == "true" else "true"
             self.add(name, begin, end, "expression", [(way, f"is {way}")])
         elif kind == Kind.STRING_LITERAL:
-            self.words(name, begin, end, text)
+            self.words(cursor, name, begin, end, text)
         elif kind == Kind.UNARY_OPERATOR:
             self.unary(cursor, name, begin, end, text)
         if kind.is_expression():
@@ -135,7 +135,7 @@ class Finder:
         elif whole.startswith("-"):
             self.add(name, begin, end, "expression", [(f"+({rest})", "- is gone")])
 
-    def words(self, name, begin, end, text):
+    def words(self, cursor, name, begin, end, text):
         whole = text[begin:end]
         if not whole.startswith('"') or not whole.endswith('"') or not plain(whole):
             return
@@ -145,7 +145,9 @@ class Finder:
         if letters:
             at = letters[len(letters) // 2]
             other = whole[:at] + ("#" if whole[at] == "~" else "~") + whole[at + 1:]
-            self.add(name, begin, end, "expression", [(one_line(other), f"is {one_line(other)}")])
+            empty = '"' + "\\0" * (cursor.type.element_count - 1) + '"'  # of the same type
+            ways = [(one_line(other), f"is {one_line(other)}"), (empty, "is empty")]
+            self.add(name, begin, end, "expression", ways)
 
     def statements(self, cursor, kind, name, text):
         """Calls and assignments that stand as statements, and conditions without an operator."""
@@ -181,17 +183,28 @@ class Finder:
         run = []
         for child in list(cursor.get_children()) + [None]:
             if child is not None and self.is_statement(child, text):
-                run.append((child.extent.start.offset, child.extent.end.offset))
+                run.append((child.extent.start.offset, child.extent.end.offset, self.is_call(child)))
                 continue
-            parts = [one_line(text[a:b]) for a, b in run]
-            if len(run) > 1 and all(plain(text[a:b]) for a, b in run):
+            parts = [one_line(text[a:b]) for a, b, _ in run]
+            if len(run) > 1 and all(plain(text[a:b]) for a, b, _ in run):
                 ways = []
                 for i in range(len(parts) - 1):
                     order = parts[:i] + [parts[i + 1], parts[i]] + parts[i + 2:]
-                    if parts[i] != parts[i + 1]:
+                    if parts[i] != parts[i + 1] and run[i][2] and run[i + 1][2]:
                         ways.append(("; ".join(order) + ";", f"{parts[i]}; and {parts[i + 1]}; swapped"))
-                self.add(name, run[0][0], text.index(";", run[-1][1]) + 1, "swap", ways)
+                if ways:
+                    self.add(name, run[0][0], text.index(";", run[-1][1]) + 1, "swap", ways)
             run = []
+
+    @staticmethod
+    def is_call(cursor):
+        """A call of a function, not an assignment, which in a class's case is a call as well."""
+        while cursor.kind in (Kind.UNEXPOSED_EXPR, Kind.PAREN_EXPR):
+            inside = list(cursor.get_children())
+            if len(inside) != 1:
+                return False
+            cursor = inside[0]
+        return cursor.kind == Kind.CALL_EXPR and not cursor.spelling.startswith("operator")
 
     def constant(self, cursor, kind, name, begin, end, text):
         """A constexpr declaration becomes one that is worked out when the program starts."""
