@@ -76,7 +76,8 @@ TEST_F(PatienceTest, SlowAttemptsEndAfterHalfAMinuteButNotBeforeTheFifth) {
   const struct {
     std::uint64_t attempt;
     std::size_t tries;
-  } table[] = {{100, 51}, {400, 51}, {1000, 28}, {2000, 15}, {7000, 5}, {60000, 5}};
+  } table[] = {{100, 51}, {400, 51}, {1000, 28}, {2000, 15},
+               {5919, 6}, {5920, 5}, {7000, 5},  {60000, 5}};
   for (const auto& entry : table) {
     recorder.Forget();
     files.SetAttemptTime(entry.attempt);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 #include "core/handed_settings.h"
 #include "platform/self_restart.h"
 #include "tests/simulation/sim_registry.h"
@@ -27,6 +29,19 @@ TEST(RestartState, IsWrittenAsArguments) {
   EXPECT_EQ(ArgumentsOf(state),
             "--resume login,map --minimized --settings "
             "LoginPri=2&MapExe=map%20server%20%26%3D%25%22%E4.exe&CharExe=");
+}
+
+TEST(RestartState, WritesLettersDigitsAndFourSignsAsTheyAre) {
+  const std::string plain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._,";
+  for (int byte = 1; byte < 256; ++byte) {
+    const char c = static_cast<char>(byte);
+    char escaped[4];
+    std::snprintf(escaped, sizeof escaped, "%%%02X", static_cast<unsigned>(byte));
+    RestartState state;
+    state.settings = {{"A", std::string(1, c)}};
+    const std::string text = plain.find(c) == plain.npos ? std::string(escaped) : std::string(1, c);
+    EXPECT_EQ(ArgumentsOf(state), "--resume none --settings A=" + text) << byte;
+  }
 }
 
 TEST(RestartState, ComesBackAsItWas) {
@@ -124,6 +139,12 @@ TEST_F(HandedSettingsTest, UntilTheyAreWrittenOrErased) {
   registry.Take({{"A", "handed"}});
   registry.Erase(Hive::LocalMachine, kKey, "A");
   EXPECT_EQ(Read(), "(none)");
+}
+
+TEST_F(HandedSettingsTest, StayWhenTheSameNameIsWrittenElsewhere) {
+  EXPECT_TRUE(registry.WriteText(Hive::LocalMachine, "Software\\Y", "A", "another"));
+  registry.Erase(Hive::CurrentUser, kKey, "A");
+  EXPECT_EQ(Read(), "handed");
 }
 
 TEST(CollectedSettings, KeepWhatIsWrittenInOrder) {

@@ -29,6 +29,7 @@ TEST(ServerRootNames, FollowFromTheLaunchersPath) {
       {"C:\\srv\\\\\\l.exe", "C:\\srv\\", "C:\\srv\\\\", "l"},
       {"C:\\srv\\l.exe.exe", "C:\\srv", "C:\\srv\\", "l.exe"},
       {"C:\\srv\\launcher", "C:\\srv", "C:\\srv\\", "launcher"},
+      {"launcher.exe", "", "\\", "launcher"},
   };
   for (const auto& c : cases) {
     const ServerRoot root = RootOf(c.path);
@@ -43,6 +44,7 @@ TEST(RootHash, DigestsTheRootWithItsMarksReplaced) {
   EXPECT_EQ(RootOf("C:\\Servers\\eA\\l.exe").RootHash(),
             clsMD5().DigestStrToHexStr("C__Servers_eA_"));
   EXPECT_EQ(RootOf("C:\\l.exe").RootHash(), clsMD5().DigestStrToHexStr("C__"));
+  EXPECT_EQ(RootOf("\\\\host\\srv\\l.exe").RootHash(), clsMD5().DigestStrToHexStr("__host_srv_"));
 }
 
 TEST(RootHash, IsSharedByFoldersThatDifferInTheirMarksAlone) {
@@ -79,6 +81,7 @@ TEST(ServerRootNames, AreCutByCharactersOfTheCodePage) {
 TEST(RootHash, ReplacesCharactersAndNoHalves) {
   const char* path = "C:\\\x95\x5C\x5Cl.exe";
   EXPECT_EQ(RootOf(path, 932).RootHash(), clsMD5().DigestStrToHexStr("C__\x95\x5C_"));
+  EXPECT_EQ(RootOf("\x95\x5C\x5Cl.exe", 932).RootHash(), clsMD5().DigestStrToHexStr("\x95\x5C_"));
   EXPECT_EQ(RootOf("C:\\\xD1\\l.exe", 1252).RootHash(), clsMD5().DigestStrToHexStr("C__\xD1_"));
   EXPECT_EQ(RootOf("C:\\\x95\x5Cl.exe", 1251).RootHash(), clsMD5().DigestStrToHexStr("C__\x95_"));
 }
