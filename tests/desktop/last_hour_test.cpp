@@ -114,6 +114,28 @@ TEST_F(LastHourStory, TellsWhatHappenedWhileTheOperatorWasAway) {
             "Map, last hour: trouble 0.5 min, healthy 2.5 min, stopped 1 min");
 }
 
+TEST_F(LastHourStory, SaysSoBeforeItHasSeenAnything) {
+  StartLauncher();
+  EXPECT_EQ(Strip(ComponentKind::Char).ToolTip(), "Char, last hour: nothing seen");
+}
+
+TEST_F(LastHourStory, KeepsItsWordsWhileNothingChanges) {
+  StartLauncher();
+  launcher->Pass(10s);
+  StatusStrip& strip = launcher->TheForm().frame.Strip[ComponentKind::Login];
+  strip.SetToolTip("as it was");
+  launcher->Pass(2s);
+  EXPECT_EQ(strip.ToolTip(), "as it was");
+}
+
+TEST_F(LastHourStory, TellsOfAServerThatNobodyWatches) {
+  StartLauncher();
+  launcher->Check("chkAK", 0, false);
+  launcher->Click("bStart", 0);
+  launcher->Pass(40s);
+  EXPECT_EQ(Strip(ComponentKind::Login).ToolTip(), "Login, last hour: not watched 1 min");
+}
+
 TEST_F(LastHourStory, AnHourLaterTheTroubleIsGone) {
   StartWithAllServers();
   Crash(kMap);

@@ -30,6 +30,18 @@ TEST(StatusCode, HasOneNumberForEachCombinationButOne) {
   EXPECT_FALSE(StatusCodeFor(State(1), State(2), State(1)));
 }
 
+TEST(StatusCode, StandsForItsStatesAndAnyOtherNumberForNothingWatched) {
+  for (int code = 0; code <= 25; ++code) {
+    const PerComponent<AlarmState> states = StatesOfCode(code);
+    EXPECT_EQ(StatusCodeFor(states[ComponentKind::Login], states[ComponentKind::Char],
+                            states[ComponentKind::Map]),
+              code);
+  }
+  for (int code : {-1, 26, 1000}) {
+    for (AlarmState state : StatesOfCode(code)) EXPECT_EQ(state, AlarmState::NotWatched) << code;
+  }
+}
+
 TEST(StatusLightsShown, AreRedGreenAndGrey) {
   EXPECT_EQ(LightColourFor(AlarmState::Trouble), 255u);
   EXPECT_EQ(LightColourFor(AlarmState::Healthy), 49152u);
@@ -74,6 +86,9 @@ TEST(FreeMemory, IsAShareOfAtLeastTwoDigitsAndMegabytesWithTwoDecimals) {
       {{8589934592, 17179869184, 8589934592, 17179869184}, "50% (16,384.00 MB)"},
       {{1099511627776, 1099511627776, 0, 0}, "100% (1,048,576.00 MB)"},
       {{0, 0, 0, 0}, "00% (0.00 MB)"},
+      {{kMegabyte, 0, 0, 0}, "00% (1.00 MB)"},
+      {{0, 1, 0, 0}, "00% (0.00 MB)"},
+      {{1, 1, 0, 0}, "100% (0.00 MB)"},
   };
   for (const auto& c : cases) EXPECT_EQ(MemoryText(c.figures), c.text);
 }

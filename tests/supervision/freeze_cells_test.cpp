@@ -208,6 +208,7 @@ TEST(AutokillTime, BecomesTheNumberThatItsTextStartsWith) {
   } cases[] = {{"", ""},
                {"15", "15"},
                {"007", "007"},
+               {"009", "009"},
                {"12a", "12"},
                {"abc", "0"},
                {"1 5", "15"},

@@ -289,6 +289,19 @@ TEST_F(Freezes, AFreezeInTheSystemsFirstSecondIsNeverKilled) {
   EXPECT_EQ(launcher->RunningTimers(ComponentKind::Login), "LCtrl TLogin");
 }
 
+TEST_F(Freezes, AFreezeInTheSystemsNextSecondIsKilled) {
+  machine.clock.SetTicks(1000);
+  StartLauncher();
+  launcher->Check("chkAK", 0);
+  launcher->Type("TTO", 0, "5");
+  machine.processes.StartForeign(kLogin);
+  Freeze(kLogin);
+  launcher->Click("bStart", 0);
+  ASSERT_EQ(launcher->Of(ComponentKind::Login).FreezeStart, 1);
+  launcher->Pass(20s);
+  EXPECT_EQ(launcher->CountInLog("Shuting down Login..."), 1u);
+}
+
 TEST_F(Freezes, TheKillIsDueWhateverTheSystemsAge) {
   constexpr std::uint64_t kDay = 86400000;
   for (const std::uint64_t age : {kDay, std::uint64_t{0x80000000} - 5000, std::uint64_t{0x80000000},
