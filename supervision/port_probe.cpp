@@ -39,7 +39,6 @@ std::int16_t PortToShort(std::int32_t port) {
 }
 
 bool PortProbe::IsPortListening(const std::string& host, std::int32_t port) {
-  lastError_ = 0;
   const SocketHandle socket = CreateTcpSocket();
   const int result = ConnectSocket(socket, host, port);
   sockets_.Close(socket);

@@ -284,12 +284,14 @@ TEST(LoadedSettings, AnyAutoStartTurnsToTheFirstPage) {
 }
 
 TEST(LoadedSettings, AnAutokillTimeCanBeEditedWhenItsBoxIsChecked) {
-  SettingsDesk desk;
-  desk.machine.SetSetting("CharAutoKillEnabled", "1");
-  ASSERT_EQ(desk.Load(), "loaded");
-  EXPECT_FALSE(desk.form.servers.TTO[ComponentKind::Login].Enabled());
-  EXPECT_TRUE(desk.form.servers.TTO[ComponentKind::Char].Enabled());
-  EXPECT_FALSE(desk.form.servers.TTO[ComponentKind::Map].Enabled());
+  for (ComponentKind checked : kComponents) {
+    SettingsDesk desk;
+    desk.machine.SetSetting(std::string(NameOf(checked)) + "AutoKillEnabled", "1");
+    ASSERT_EQ(desk.Load(), "loaded");
+    for (ComponentKind kind : kComponents) {
+      EXPECT_EQ(desk.form.servers.TTO[kind].Enabled(), kind == checked);
+    }
+  }
 }
 
 TEST(LoadedSettings, StartMinimizedMinimizesTheWindowLastOfAll) {

@@ -335,6 +335,16 @@ TEST_F(UpgradeAfterCrash, TheWatchGoesOnAndAsksAgainAtEachCheckUntilTheServerIsB
             "10:00:25 0 Map Server Started [High Priority]\n");
 }
 
+TEST_F(UpgradeAfterCrash, AServerThatIsLeftToItCountsAsStopped) {
+  launcher->Click("optMode", 2);
+  result = 0;
+  CrashAll();
+  launcher->Pass(5s);
+  for (ComponentKind kind : kComponents) EXPECT_EQ(launcher->Of(kind).ProcessId, 0u);
+  launcher->Close();
+  EXPECT_TRUE(launcher->Ended());
+}
+
 TEST_F(UpgradeAfterCrash, WhileOneRunsACrashBeginsNoOther) {
   launcher->Click("optMode", 2);
   launcher->TheProgram().TheCrashWatch().UpgradeInProgress = true;

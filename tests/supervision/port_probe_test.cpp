@@ -109,6 +109,19 @@ TEST_F(Probe, AnyResultOfAConnectButZeroIsNotListening) {
   EXPECT_TRUE(PortProbe(sockets).IsPortListening("127.0.0.1", 40000));
 }
 
+TEST_F(Probe, AConnectThatCannotBeTriedComesBackAsMinusOne) {
+  EXPECT_EQ(probe.ConnectSocket(0, "127.0.0.1", 40000), -1);
+  const SocketHandle socket = probe.CreateTcpSocket();
+  EXPECT_EQ(probe.ConnectSocket(socket, "", 40000), -1);
+  EXPECT_EQ(probe.ConnectSocket(socket, "127.0.0.1", 0), -1);
+  EXPECT_EQ(probe.ConnectSocket(socket, "no.such.host", 40000), -1);
+}
+
+TEST_F(Probe, ThePortOneIsTried) {
+  EXPECT_FALSE(Listening("127.0.0.1", 1));
+  EXPECT_EQ(machine.network.Connects().size(), 1u);
+}
+
 TEST_F(Probe, TheHandleZeroIsNoSocket) {
   machine.network.SetNextSocket(0);
   EXPECT_FALSE(Listening("127.0.0.1"));
@@ -151,6 +164,10 @@ TEST_F(Probe, AHostsFirstAddressCountsWithAsManyBytesAsItHas) {
   EXPECT_FALSE(Listening("short"));
   EXPECT_FALSE(Listening("all-ones"));
   EXPECT_EQ(machine.network.Connects().size(), 2u);
+  machine.network.AddHost("none", {});
+  EXPECT_FALSE(Listening("none"));
+  const SocketAddress& last = machine.network.Connects().back();
+  EXPECT_EQ(std::vector<int>(last.begin() + 4, last.begin() + 8), (std::vector<int>{0, 0, 0, 0}));
 }
 
 TEST_F(Probe, WithoutASocketNothingIsTriedAndTheHandleIsClosedAllTheSame) {

@@ -39,6 +39,11 @@ TEST_F(ProbeByName, BlanksAroundANameAreIgnoredAndTabsAreNot) {
   }
 }
 
+TEST_F(ProbeByName, ANameWithoutBlanksIsTriedAsAnAddressOnce) {
+  Listening("no.such.host");
+  EXPECT_EQ(machine.recorder.CountOf("sockets.dotted"), 1u);
+}
+
 TEST_F(ProbeByName, ADottedAddressWithBlanksAroundItAsksNobody) {
   machine.network.AddHost("127.0.0.1", {10, 0, 0, 5});
   for (const char* host : {"127.0.0.1", " 127.0.0.1", "127.0.0.1  "}) {
