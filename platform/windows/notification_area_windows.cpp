@@ -7,28 +7,21 @@
 #include <utility>
 
 #include "platform/windows/notification_record.h"
+#include "platform/windows/window_class.h"
 
 namespace tarvo {
 namespace {
 
 constexpr char kClass[] = "TarvoSysTray";
+
 HWND ToNative(std::intptr_t window) { return reinterpret_cast<HWND>(window); }
 
 LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-  auto* area = reinterpret_cast<WindowsNotificationArea*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  auto* area = OwnerOf<WindowsNotificationArea>(window);
   if (area && area->TakeMessage(message, l)) return 0;
   // Whoever asks every window of the program to close means the main one, and that may refuse.
   if (message == WM_CLOSE) return 0;
   return DefWindowProcA(window, message, w, l);
-}
-
-void RegisterClassOnce(HINSTANCE instance) {
-  WNDCLASSA record{};
-  if (GetClassInfoA(instance, kClass, &record)) return;
-  record.lpfnWndProc = Procedure;
-  record.hInstance = instance;
-  record.lpszClassName = kClass;
-  RegisterClassA(&record);
 }
 
 /// The entries' numbers are their indices plus 1: 0 says that nothing was chosen.
@@ -65,11 +58,11 @@ WindowsNotificationArea::~WindowsNotificationArea() {
 void WindowsNotificationArea::OpenWindow(const std::string& title) {
   if (window_ != 0) return;
   const HINSTANCE instance = GetModuleHandleA(nullptr);
-  RegisterClassOnce(instance);
+  RegisterOnce(WindowClass(instance, kClass, Procedure));
   const HWND window = CreateWindowExA(WS_EX_TOOLWINDOW, kClass, title.c_str(), WS_POPUP, 0, 0, 0, 0,
                                       nullptr, nullptr, instance, nullptr);
   window_ = reinterpret_cast<std::intptr_t>(window);
-  SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  SetOwner(window, this);
   shellRestarted_ = RegisterWindowMessageA("TaskbarCreated");
   // A launcher with administrator's rights would not hear the shell, which has none.
   ChangeWindowMessageFilterEx(window, shellRestarted_, MSGFLT_ALLOW, nullptr);
@@ -79,7 +72,7 @@ void WindowsNotificationArea::CloseWindow() {
   if (window_ == 0) return;
   if (menuIsUp_) EndMenu();
   const HWND window = ToNative(std::exchange(window_, 0));
-  SetWindowLongPtrA(window, GWLP_USERDATA, 0);
+  SetOwner<WindowsNotificationArea>(window, nullptr);
   DestroyWindow(window);
 }
 

@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "ui/readable.h"
+#include "ui/windows/drawing.h"
 #include "ui/windows/look.h"
 
 namespace tarvo {
@@ -38,31 +39,24 @@ Colour InkColour(const ButtonFace& face) {
 }
 
 void FillRounded(HDC target, const RECT& area, const ButtonFace& face) {
-  const HPEN pen = CreatePen(PS_SOLID, 1, BorderColour(face));
-  const HBRUSH brush = CreateSolidBrush(FaceColour(face));
-  const HGDIOBJ penBefore = SelectObject(target, pen);
-  const HGDIOBJ brushBefore = SelectObject(target, brush);
+  SetDCPenColor(target, BorderColour(face));
+  SetDCBrushColor(target, FaceColour(face));
+  const Selected pen(target, GetStockObject(DC_PEN));
+  const Selected brush(target, GetStockObject(DC_BRUSH));
   RoundRect(target, area.left, area.top, area.right, area.bottom, face.corner, face.corner);
-  SelectObject(target, brushBefore);
-  SelectObject(target, penBefore);
-  DeleteObject(brush);
-  DeleteObject(pen);
 }
 
 void DrawCaption(HDC target, RECT area, const ButtonFace& face, HFONT font) {
-  const HGDIOBJ before = SelectObject(target, font);
+  const Selected selected(target, font);
   SetBkMode(target, TRANSPARENT);
   SetTextColor(target, InkColour(face));
   if (face.pressed) OffsetRect(&area, 1, 1);
   DrawTextA(target, Marked(face.caption, face.accessKey).c_str(), -1, &area,
             DT_CENTER | DT_VCENTER | DT_SINGLELINE | (face.showKey ? 0U : DT_HIDEPREFIX));
-  SelectObject(target, before);
 }
 
 void DrawAll(HDC target, const RECT& area, const ButtonFace& face, HFONT font) {
-  const HBRUSH behind = CreateSolidBrush(face.behind);
-  FillRect(target, &area, behind);
-  DeleteObject(behind);
+  Fill(target, area, face.behind);
   FillRounded(target, area, face);
   DrawCaption(target, area, face, font);
   if (!face.focused) return;
@@ -84,14 +78,9 @@ std::string Marked(std::string caption, char accessKey) {
 }
 
 void DrawButtonFace(HDC target, const RECT& area, const ButtonFace& face, HFONT font) {
-  const HDC memory = CreateCompatibleDC(target);
-  const HBITMAP bitmap = CreateCompatibleBitmap(target, area.right, area.bottom);
-  const HGDIOBJ before = SelectObject(memory, bitmap);
-  DrawAll(memory, area, face, font);
-  BitBlt(target, 0, 0, area.right, area.bottom, memory, 0, 0, SRCCOPY);
-  SelectObject(memory, before);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
+  const Canvas canvas(target, {area.right, area.bottom});
+  DrawAll(canvas.Target(), area, face, font);
+  canvas.Show();
 }
 
 }  // namespace tarvo

@@ -1,10 +1,9 @@
 #include "ui/windows/button_widgets.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 
 #include "ui/windows/button_face.h"
+#include "ui/windows/subclass.h"
 
 namespace tarvo {
 namespace {
@@ -82,7 +81,7 @@ OptionWidget::OptionWidget(Stage& stage, HWND parent, int id, OptionButton& opti
                            const std::string& text)
     : Mirror(stage, option) {
   Create(parent, "BUTTON", text, WS_TABSTOP | WS_GROUP | BS_RADIOBUTTON, 0, id);
-  SetWindowSubclass(Window(), Focus, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&OptionWidget::Focus>(Window(), *this);
   Attach();
 }
 
@@ -94,15 +93,12 @@ void OptionWidget::Command(int code) {
 
 void OptionWidget::Access() { Press(Window()); }
 
-LRESULT CALLBACK OptionWidget::Focus(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                     DWORD_PTR self) {
-  auto* option = reinterpret_cast<OptionWidget*>(self);
+LRESULT OptionWidget::Focus(UINT message, WPARAM w, LPARAM l) {
   // The arrow keys, too, would press the option that they go to.
   if (message == WM_GETDLGCODE) return DLGC_BUTTON;
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Focus, id);
-  if (message == WM_SETFOCUS) option->focusing_ = true;
-  const LRESULT answer = DefSubclassProc(window, message, w, l);
-  if (message == WM_SETFOCUS) option->focusing_ = false;
+  if (message == WM_SETFOCUS) focusing_ = true;
+  const LRESULT answer = DefSubclassProc(Window(), message, w, l);
+  if (message == WM_SETFOCUS) focusing_ = false;
   return answer;
 }
 

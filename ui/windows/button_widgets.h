@@ -52,8 +52,7 @@ class OptionWidget : public Mirror<OptionButton> {
   void Show() override;
 
  private:
-  static LRESULT CALLBACK Focus(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                DWORD_PTR self);
+  LRESULT Focus(UINT message, WPARAM w, LPARAM l);
   bool focusing_ = false;  ///< The native button reports a click because it gets the keyboard.
 };
 

@@ -1,6 +1,7 @@
 #include "ui/windows/dpi.h"
 
 #include "platform/windows/late_call.h"
+#include "ui/windows/drawing.h"
 
 namespace tarvo {
 namespace {
@@ -14,9 +15,7 @@ using ParametersForDpiCall = BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT);
 }  // namespace
 
 int SystemDpi() {
-  const HDC screen = GetDC(nullptr);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-  ReleaseDC(nullptr, screen);
+  const int dpi = GetDeviceCaps(ScreenContext().Get(), LOGPIXELSY);
   return dpi > 0 ? dpi : kPlainDpi;
 }
 

@@ -1,8 +1,7 @@
 #include "ui/windows/drawn_button.h"
 
-#include <commctrl.h>
-
 #include "ui/control_ids.h"
+#include "ui/windows/subclass.h"
 
 namespace tarvo {
 
@@ -10,7 +9,7 @@ DrawnButton::DrawnButton(Stage& stage, HWND parent, int id, CommandButton& butto
                          const std::string& name)
     : Mirror(stage, button) {
   Create(parent, "BUTTON", name, WS_TABSTOP | BS_OWNERDRAW, 0, id);
-  SetWindowSubclass(Window(), Track, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&DrawnButton::Track>(Window(), *this);
 }
 
 void DrawnButton::Command(int code) {
@@ -54,14 +53,11 @@ void DrawnButton::SetHot(bool hot) {
   TrackMouseEvent(&request);
 }
 
-LRESULT CALLBACK DrawnButton::Track(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                    DWORD_PTR self) {
-  auto* button = reinterpret_cast<DrawnButton*>(self);
-  if (message == WM_MOUSEMOVE) button->SetHot(true);
-  if (message == WM_MOUSELEAVE) button->SetHot(false);
+LRESULT DrawnButton::Track(UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_MOUSEMOVE) SetHot(true);
+  if (message == WM_MOUSELEAVE) SetHot(false);
   if (message == WM_ERASEBKGND) return 1;
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Track, id);
-  return DefSubclassProc(window, message, w, l);
+  return DefSubclassProc(Window(), message, w, l);
 }
 
 }  // namespace tarvo

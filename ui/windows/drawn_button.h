@@ -24,8 +24,7 @@ class DrawnButton : public Mirror<CommandButton> {
   ButtonFace FaceNow(const DRAWITEMSTRUCT& item) const;
 
  private:
-  static LRESULT CALLBACK Track(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                DWORD_PTR self);
+  LRESULT Track(UINT message, WPARAM w, LPARAM l);
   void SetHot(bool hot);
 
   bool hot_ = false;  ///< The mouse is over it.

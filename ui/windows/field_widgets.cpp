@@ -1,14 +1,12 @@
 #include "ui/windows/field_widgets.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <utility>
 
+#include "ui/windows/subclass.h"
+
 namespace tarvo {
 namespace {
-
-constexpr UINT_PTR kKeysId = 1;
 
 /// A list's notification of our own, posted when it closes.
 constexpr int kSettled = 0x7F00;
@@ -29,7 +27,7 @@ TextWidget::TextWidget(Stage& stage, HWND parent, int id, TextBox& box, std::str
     : Mirror(stage, box), widest_(std::move(widest)) {
   Create(parent, "EDIT", box.Text(), WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, id);
   if (box.MaxLength() > 0) SendMessageA(Window(), EM_LIMITTEXT, box.MaxLength(), 0);
-  SetWindowSubclass(Window(), Keys, kKeysId, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&TextWidget::Keys>(Window(), *this);
   Attach();
 }
 
@@ -42,16 +40,13 @@ void TextWidget::Command(int code) {
   if (code == EN_CHANGE && !showing_ && !typing_) Typed();
 }
 
-LRESULT CALLBACK TextWidget::Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                  DWORD_PTR self) {
-  auto* widget = reinterpret_cast<TextWidget*>(self);
-  if (message == WM_CHAR && !widget->LetsThrough(KeyOf(w))) return 0;
+LRESULT TextWidget::Keys(UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_CHAR && !LetsThrough(KeyOf(w))) return 0;
   // Unlike Ctrl+V these keys make no character for the filter to see.
-  if (IsKeyOfPasting(message, w) && widget->control_.onKeyPress) return 0;
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Keys, id);
-  const LRESULT result = DefSubclassProc(window, message, w, l);
+  if (IsKeyOfPasting(message, w) && control_.onKeyPress) return 0;
+  const LRESULT result = DefSubclassProc(Window(), message, w, l);
   const bool focusMoves = message == WM_SETFOCUS || message == WM_KILLFOCUS;
-  if (focusMoves) widget->FocusMoves(message == WM_SETFOCUS, reinterpret_cast<HWND>(w));
+  if (focusMoves) FocusMoves(message == WM_SETFOCUS, reinterpret_cast<HWND>(w));
   return result;
 }
 

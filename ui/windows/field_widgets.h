@@ -20,8 +20,7 @@ class TextWidget : public Mirror<TextBox> {
   void Show() override;
 
  private:
-  static LRESULT CALLBACK Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                               DWORD_PTR self);
+  LRESULT Keys(UINT message, WPARAM w, LPARAM l);
   void Typed();
   void FocusMoves(bool gained, HWND other);
   void FocusMoved(bool gained);

@@ -1,6 +1,7 @@
 #include "ui/windows/heading_widgets.h"
 
 #include "ui/colour.h"
+#include "ui/windows/drawing.h"
 #include "ui/windows/panel.h"
 
 namespace tarvo {
@@ -9,15 +10,6 @@ namespace {
 constexpr Colour kAmber = Rgb(255, 236, 179);
 constexpr Colour kAmberFrame = Rgb(224, 160, 32);
 constexpr Colour kAmberInk = Rgb(102, 51, 0);
-
-void FillFramed(HDC target, const RECT& area, Colour ground, Colour frame) {
-  const HBRUSH fill = CreateSolidBrush(ground);
-  FillRect(target, &area, fill);
-  DeleteObject(fill);
-  const HBRUSH line = CreateSolidBrush(frame);
-  FrameRect(target, &area, line);
-  DeleteObject(line);
-}
 
 }  // namespace
 
@@ -49,20 +41,19 @@ int WarningWidget::Overhang() const { return stage_.look.Px(Panel::kCardPadding)
 void WarningWidget::Draw(const DRAWITEMSTRUCT& item) {
   const Look& look = stage_.look;
   const bool plain = HighContrast();
-  FillFramed(item.hDC, item.rcItem, plain ? GetSysColor(COLOR_WINDOW) : kAmber,
-             plain ? GetSysColor(COLOR_WINDOWTEXT) : kAmberFrame);
+  Fill(item.hDC, item.rcItem, plain ? GetSysColor(COLOR_WINDOW) : kAmber);
+  DrawFrame(item.hDC, item.rcItem, plain ? GetSysColor(COLOR_WINDOWTEXT) : kAmberFrame);
   const int sign = look.Px(16);
   const int top = static_cast<int>(item.rcItem.bottom - sign) / 2;
   DrawIconEx(item.hDC, look.Px(8), top, LoadIcon(nullptr, IDI_WARNING), sign, sign, 0, nullptr,
              DI_NORMAL);
   RECT room = item.rcItem;
   room.left += look.Px(32);
-  const HGDIOBJ before = SelectObject(item.hDC, look.BoldFont());
+  const Selected font(item.hDC, look.BoldFont());
   SetBkMode(item.hDC, TRANSPARENT);
   SetTextColor(item.hDC, plain ? GetSysColor(COLOR_WINDOWTEXT) : kAmberInk);
   DrawTextA(item.hDC, TextOf(Window()).c_str(), -1, &room,
             DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
-  SelectObject(item.hDC, before);
 }
 
 }  // namespace tarvo

@@ -5,13 +5,13 @@
 #include <vector>
 
 #include "ui/controls.h"
-#include "ui/windows/widget.h"
+#include "ui/windows/painted_widget.h"
 
 namespace tarvo {
 
 /// A status light: a drawn window whose text is its component's name and state, and whose colour
 /// can be asked for from outside by the property `kLightColourProperty`.
-class LightWidget : public Mirror<Light> {
+class LightWidget : public PaintedWidget<Light> {
  public:
   LightWidget(Stage& stage, HWND parent, int id, Light& light, std::string name);
   Extent Natural() const override;
@@ -22,12 +22,9 @@ class LightWidget : public Mirror<Light> {
 
  protected:
   void Show() override;
+  void Paint(HDC target) override;
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
-  static void RegisterClassOnce(HINSTANCE instance);
-  void Paint();
-
   std::string name_;
   std::vector<std::uint32_t> picture_;  ///< What was drawn last; empty when it is out of date.
   int size_ = 0;

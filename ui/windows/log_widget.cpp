@@ -1,7 +1,5 @@
 #include "ui/windows/log_widget.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -9,6 +7,7 @@
 #include "ui/readable.h"
 #include "ui/windows/dpi.h"
 #include "ui/windows/log_text.h"
+#include "ui/windows/subclass.h"
 
 namespace tarvo {
 namespace {
@@ -38,7 +37,7 @@ LogWidget::LogWidget(Stage& stage, HWND parent, int id, RichTextView& view) : Mi
          WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | ES_NOHIDESEL, 0,
          id);
   search_.Of(Window());
-  SetWindowSubclass(Window(), Keys, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&LogWidget::Keys>(Window(), *this);
   SendMessageA(Window(), EM_EXLIMITTEXT, 0, 0x7FFFFFF);
   SendMessageA(Window(), EM_SETUNDOLIMIT, 0, 0);
   SendMessageA(Window(), EM_SETBKGNDCOLOR, TRUE, 0);
@@ -260,17 +259,14 @@ void LogWidget::Do(LogCommand command) {
   }
 }
 
-LRESULT CALLBACK LogWidget::Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                 DWORD_PTR self) {
-  auto& log = *reinterpret_cast<LogWidget*>(self);
-  log.CatchUp();
+LRESULT LogWidget::Keys(UINT message, WPARAM w, LPARAM l) {
+  CatchUp();
   // Tab and Escape belong to the window around it: the log is for reading.
   if (message == WM_GETDLGCODE) return DLGC_WANTARROWS;
-  if (message == WM_KEYDOWN && log.Key(w)) return 0;
-  if (message == WM_CONTEXTMENU) return log.Do(AskLogMenu(window, l)), 0;
-  if (log.search_.Take(message, l)) return 0;
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Keys, id);
-  return DefSubclassProc(window, message, w, l);
+  if (message == WM_KEYDOWN && Key(w)) return 0;
+  if (message == WM_CONTEXTMENU) return Do(AskLogMenu(Window(), l)), 0;
+  if (search_.Take(message, l)) return 0;
+  return DefSubclassProc(Window(), message, w, l);
 }
 
 }  // namespace tarvo

@@ -43,8 +43,7 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
     LONG gone = 0;       ///< Letters taken off the beginning since then.
   };
 
-  static LRESULT CALLBACK Keys(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                               DWORD_PTR self);
+  LRESULT Keys(UINT message, WPARAM w, LPARAM l);
   bool ShowsEnd() const;
   LONG Length() const;
   LONG HeightOf(LONG letter) const;

@@ -38,48 +38,29 @@ COLORREF TabPageColour(HWND window) {
   COLORREF colour = GetSysColor(COLOR_3DFACE);
   if (!themes.Active()) return colour;
   const HTHEME theme = themes.Open(window, L"TAB");
-  const HDC screen = GetDC(nullptr);
-  const HDC memory = CreateCompatibleDC(screen);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, 16, 16);
-  const HGDIOBJ before = SelectObject(memory, bitmap);
+  const ScreenContext screen;
+  const Canvas canvas(screen.Get(), {16, 16});
   const RECT whole = {0, 0, 16, 16};
-  if (theme && SUCCEEDED(themes.DrawBackground(theme, memory, TABP_BODY, 0, &whole, nullptr))) {
-    colour = GetPixel(memory, 8, 8);
+  if (theme &&
+      SUCCEEDED(themes.DrawBackground(theme, canvas.Target(), TABP_BODY, 0, &whole, nullptr))) {
+    colour = GetPixel(canvas.Target(), 8, 8);
   }
-  SelectObject(memory, before);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
-  ReleaseDC(nullptr, screen);
   if (theme) themes.Close(theme);
   return colour;
 }
 
 }  // namespace
 
-Look::~Look() {
-  Drop();
-  DeleteDC(measuring_);
-}
-
 void Look::Renew(HWND window) {
-  Drop();
+  extents_.clear();
   dpi_ = DpiOf(window);
   fontRecord_ = MessageFontAt(dpi_);
-  font_ = CreateFontIndirectW(&fontRecord_);
+  font_.Reset(CreateFontIndirectW(&fontRecord_));
   LOGFONTW bold = fontRecord_;
   bold.lfWeight = FW_BOLD;
-  boldFont_ = CreateFontIndirectW(&bold);
+  boldFont_.Reset(CreateFontIndirectW(&bold));
   pageColour_ = TabPageColour(window);
-  pageBrush_ = CreateSolidBrush(pageColour_);
-}
-
-void Look::Drop() {
-  for (const HGDIOBJ object : {HGDIOBJ(font_), HGDIOBJ(boldFont_), HGDIOBJ(pageBrush_)}) {
-    if (object) DeleteObject(object);
-  }
-  extents_.clear();
-  font_ = boldFont_ = nullptr;
-  pageBrush_ = nullptr;
+  pageBrush_.Reset(CreateSolidBrush(pageColour_));
 }
 
 /// A field draws its text 3 pixels under its upper edge at any resolution. With little more than
@@ -95,11 +76,10 @@ Extent Look::TextExtent(const std::string& text, bool bold, bool plain) const {
 }
 
 Extent Look::Measure(const std::string& text, bool bold, bool plain) const {
-  const HGDIOBJ before = SelectObject(measuring_, bold ? boldFont_ : font_);
+  const Selected font(measuring_.Get(), bold ? BoldFont() : Font());
   RECT box{};
-  DrawTextA(measuring_, text.c_str(), static_cast<int>(text.size()), &box,
+  DrawTextA(measuring_.Get(), text.c_str(), static_cast<int>(text.size()), &box,
             DT_CALCRECT | DT_SINGLELINE | (plain ? DT_NOPREFIX : 0U));
-  SelectObject(measuring_, before);
   return {static_cast<int>(box.right), static_cast<int>(box.bottom)};
 }
 

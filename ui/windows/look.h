@@ -7,17 +7,13 @@
 #include <tuple>
 
 #include "ui/grid.h"
+#include "ui/windows/drawing.h"
 
 namespace tarvo {
 
 /// Fonts and measures of the window at its present resolution, and the brush of its pages.
 class Look {
  public:
-  Look() = default;
-  ~Look();
-  Look(const Look&) = delete;
-  Look& operator=(const Look&) = delete;
-
   /// Takes the system's settings over anew; fonts handed out before are gone after this.
   void Renew(HWND window);
 
@@ -25,8 +21,8 @@ class Look {
   /// So many pixels as `at100` are at 100 %.
   int Px(int at100) const { return MulDiv(at100, dpi_, 96); }
 
-  HFONT Font() const { return font_; }
-  HFONT BoldFont() const { return boldFont_; }
+  HFONT Font() const { return font_.Get(); }
+  HFONT BoldFont() const { return boldFont_.Get(); }
   const LOGFONTW& FontRecord() const { return fontRecord_; }
 
   /// The one height of every field, check box and line of text in a row.
@@ -35,23 +31,22 @@ class Look {
   Extent TextExtent(const std::string& text, bool bold = false, bool plain = false) const;
 
   /// What lies behind the controls of a page, and behind those around the pages.
-  HBRUSH PageBrush() const { return pageBrush_; }
+  HBRUSH PageBrush() const { return pageBrush_.Get(); }
   COLORREF PageColour() const { return pageColour_; }
 
  private:
   using Measured = std::tuple<std::string, bool, bool>;
 
-  void Drop();
   Extent Measure(const std::string& text, bool bold, bool plain) const;
 
-  HDC measuring_ = CreateCompatibleDC(nullptr);
+  MemoryContext measuring_{CreateCompatibleDC(nullptr)};
   /// Captions are measured over and over while pages are laid out, and the system is slow at it.
   mutable std::map<Measured, Extent> extents_;
   int dpi_ = 96;
   LOGFONTW fontRecord_{};
-  HFONT font_ = nullptr;
-  HFONT boldFont_ = nullptr;
-  HBRUSH pageBrush_ = nullptr;
+  tarvo::Font font_;
+  tarvo::Font boldFont_;
+  Brush pageBrush_;
   COLORREF pageColour_ = 0;
 };
 

@@ -2,11 +2,10 @@
 
 #include <algorithm>
 
+#include "platform/windows/window_class.h"
 #include "ui/control_ids.h"
 #include "ui/windows/common_controls.h"
-#include "ui/windows/dpi.h"
 #include "ui/windows/resource_ids.h"
-#include "ui/windows/screens.h"
 
 #ifndef WM_DPICHANGED
 #define WM_DPICHANGED 0x02E0
@@ -15,6 +14,7 @@
 namespace tarvo {
 namespace {
 
+constexpr int kLogPage = 0;
 constexpr int kMargin = 8;  ///< Around the tab view, at 100 %.
 
 HICON LoadLauncherIcon(HINSTANCE instance, int width, int height) {
@@ -32,16 +32,11 @@ Stage& Begun(Stage& stage, HWND window) {
 
 HWND MainFrame::CreateMainWindow(HINSTANCE instance) {
   LoadCommonControls();
-  WNDCLASSEXA record{};
-  record.cbSize = sizeof record;
-  record.lpfnWndProc = Procedure;
-  record.hInstance = instance;
+  WNDCLASSEXA record = WindowClass(instance, kMainWindowClass, Procedure);
   record.hIcon = LoadLauncherIcon(instance, SM_CXICON, SM_CYICON);
   record.hIconSm = LoadLauncherIcon(instance, SM_CXSMICON, SM_CYSMICON);
-  record.hCursor = LoadCursor(nullptr, IDC_ARROW);
   record.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
-  record.lpszClassName = kMainWindowClass;
-  RegisterClassExA(&record);
+  RegisterOnce(record);
   return CreateWindowExA(WS_EX_CONTROLPARENT, kMainWindowClass, "",
                          WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, 0, 0,
                          nullptr, nullptr, instance, nullptr);
@@ -53,10 +48,15 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
       header_(Begun(stage_, window_), window_),
       tabs_(stage_, window_, NumberOf("SSTab1"), form.frame.SSTab1,
             {"Status", "Servers", "Server Battle Randomizer ", "Upgrade"}),
+      place_(window_, form.frame.window, stage_.look, [this] { return SmallestClient(); }),
+      scroll_(window_, stage_.look, [this] { Arrange(); }),
+      keys_(
+          window_, tabs_, [this]() -> Panel& { return ShownPage(); },
+          [this] { return GetDlgItem(Page(kLogPage).Window(), NumberOf("RTLog")); }),
       timers_(stage_, timers, window_) {
-  SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  SetOwner(window_, this);
   tabs_.TakeLook();
-  TakeFirstPlace();
+  place_.TakeFirst();
   form.frame.window.SetMirror(this);
   ShowAsWanted();
   PostMessageA(window_, kCompletePagesMessage, 0, 0);
@@ -69,7 +69,7 @@ MainFrame::~MainFrame() {
   for (const auto& page : pages_) {
     if (page) page->Detach();
   }
-  SetWindowLongPtrA(window_, GWLP_USERDATA, 0);
+  SetOwner<MainFrame>(window_, nullptr);
   DestroyWindow(window_);
 }
 
@@ -83,7 +83,7 @@ void MainFrame::ShowAsWanted() {
     PostQuitMessage(wanted.ExitCode());
     return;
   }
-  TakeStanding();
+  place_.TakeWanted();
   const bool visible = IsWindowVisible(window_) != FALSE;
   const bool iconic = IsIconic(window_) != FALSE;
   const bool toFront = wanted.Visible() && frontRequests_ != wanted.FrontRequests();
@@ -120,8 +120,8 @@ void MainFrame::Sized(WPARAM kind) {
   RECT client{};
   GetClientRect(window_, &client);
   // The first show tells the size once more.
-  if (!barsChange_ && !EqualRect(&client, &arranged_)) Arrange();
-  TellPlace();
+  if (!scroll_.BarsChange() && !EqualRect(&client, &arranged_)) Arrange();
+  place_.Report();
   if (!iconic_) return;
   iconic_ = false;
   stage_.Happens([&window] { window.SetState(WindowState::Normal); });
@@ -147,7 +147,7 @@ void MainFrame::TakeLook() {
 }
 
 void MainFrame::Arrange() {
-  const RECT whole = Surface();
+  const RECT whole = scroll_.Surface(SmallestClient());
   GetClientRect(window_, &arranged_);
   const LONG margin = stage_.look.Px(kMargin);
   const LONG headerEnd = whole.top + header_.Smallest().height;
@@ -175,31 +175,6 @@ Extent MainFrame::SmallestClient() const {
           header.height + inside.height + frame.height + margin};
 }
 
-Extent MainFrame::SmallestWindow() const {
-  const Extent client = SmallestClient();
-  RECT around{0, 0, client.width, client.height};
-  GrowToWindow(around, window_, stage_.look.Dpi());
-  return {static_cast<int>(around.right - around.left),
-          static_cast<int>(around.bottom - around.top)};
-}
-
-/// The size that shows everything, unless the screen is smaller.
-Extent MainFrame::LeastWindow() const {
-  const Extent smallest = SmallestWindow();
-  const Place screen = ScreenOf(window_);
-  return {std::min(smallest.width, screen.width), std::min(smallest.height, screen.height)};
-}
-
-void MainFrame::Limit(MINMAXINFO& limits) const {
-  const Extent least = LeastWindow();
-  limits.ptMinTrackSize = {least.width, least.height};
-}
-
-void MainFrame::MoveTo(const RECT& place) {
-  SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
-               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 void MainFrame::FollowMouse(const MSG& message) {
   if (message.message < WM_MOUSEFIRST || message.message > WM_MOUSELAST) return;
   header_.Follow(message);
@@ -208,7 +183,11 @@ void MainFrame::FollowMouse(const MSG& message) {
 
 bool MainFrame::Take(MSG& message) {
   FollowMouse(message);
-  return TakeKey(message);
+  if (message.hwnd != window_ && !IsChild(window_, message.hwnd))
+    return keys_.TakeOfDialog(message);
+  const bool taken = keys_.Take(message);
+  scroll_.FollowFocus();
+  return taken;
 }
 
 void MainFrame::KeepFocus(bool active) {
@@ -253,10 +232,10 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       Sized(w);
       return 0;
     case WM_MOVE:
-      TellPlace();
+      place_.Report();
       return 0;
     case WM_DISPLAYCHANGE:
-      KeepWithinReach();
+      place_.KeepWithinReach();
       break;
     case WM_SHOWWINDOW:
       if (w && l == 0) ShownFromOutside();
@@ -266,13 +245,13 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       break;
     case WM_HSCROLL:
     case WM_VSCROLL:
-      Scrolled(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(w));
+      scroll_.Scrolled(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(w));
       return 0;
     case WM_MOUSEWHEEL:
-      Wheeled(static_cast<short>(HIWORD(w)));
+      scroll_.Wheeled(static_cast<short>(HIWORD(w)));
       return 0;
     case WM_GETMINMAXINFO:
-      Limit(*reinterpret_cast<MINMAXINFO*>(l));
+      place_.Limit(*reinterpret_cast<MINMAXINFO*>(l));
       return 0;
     case WM_NOTIFY:
       if (reinterpret_cast<const NMHDR*>(l)->code == TCN_SELCHANGE) tabs_.Chosen();
@@ -285,7 +264,7 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       return 0;
     case WM_DPICHANGED:
       TakeLook();
-      MoveTo(*reinterpret_cast<const RECT*>(l));
+      place_.MoveTo(*reinterpret_cast<const RECT*>(l));
       return 0;
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
@@ -299,7 +278,7 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
 }
 
 LRESULT CALLBACK MainFrame::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-  auto* frame = reinterpret_cast<MainFrame*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  auto* frame = OwnerOf<MainFrame>(window);
   const std::optional<LRESULT> answer = frame ? frame->Handle(message, w, l) : std::nullopt;
   return answer ? *answer : DefWindowProcA(window, message, w, l);
 }

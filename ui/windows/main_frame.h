@@ -6,6 +6,9 @@
 #include <memory>
 #include <optional>
 
+#include "ui/windows/frame_keys.h"
+#include "ui/windows/frame_place.h"
+#include "ui/windows/frame_scroll.h"
 #include "ui/windows/header_panel.h"
 #include "ui/windows/stage.h"
 #include "ui/windows/tab_widget.h"
@@ -46,40 +49,19 @@ class MainFrame : private ControlMirror {
   void TakeLook();
   void Arrange();
   Extent SmallestClient() const;
-  Extent SmallestWindow() const;
-  Extent LeastWindow() const;
-  void Limit(MINMAXINFO& limits) const;
-  void MoveTo(const RECT& place);
-  void TakeFirstPlace();
-  void TakePlace(const Place& place);
-  Place Enlarged(Place place) const;
-  void TakeStanding();
-  void TellPlace();
-  void KeepWithinReach();
   void Restoring();
-
-  RECT Surface();
-  Extent RoomWithoutBars() const;
-  void ScrollTo(int bar, int position);
-  void Scrolled(int bar, int code);
-  void Wheeled(int turn);
-  void FollowFocus();
-
   void KeepFocus(bool active);
   void GiveFocus();
-
   void FollowMouse(const MSG& message);
-  bool TakeKey(MSG& message);
-  bool PageKey(const MSG& message);
-  bool SearchKey(const MSG& message);
-  bool DialogKey(MSG& message);
-  bool AccessKey(const MSG& message);
   Panel& ShownPage() { return Page(stage_.form.frame.SSTab1.Page()); }
 
   Stage stage_;
   HWND window_;
   HeaderPanel header_;
   TabWidget tabs_;
+  FramePlace place_;
+  FrameScroll scroll_;
+  FrameKeys keys_;
   RECT arranged_{};
   RECT pageRoom_{};
   std::array<std::unique_ptr<Panel>, 4> pages_;  ///< In the order of their tabs.
@@ -87,9 +69,6 @@ class MainFrame : private ControlMirror {
   HWND lastFocus_ = nullptr;
   int frontRequests_ = 0;
   bool iconic_ = false;
-  bool barsChange_ = false;    ///< Scroll bars come or go, which changes the window's size.
-  HWND followed_ = nullptr;    ///< The focus that was last brought into view.
-  std::optional<Place> told_;  ///< The place that program and window agree on.
 };
 
 }  // namespace tarvo

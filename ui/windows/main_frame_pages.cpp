@@ -2,10 +2,8 @@
 // After windows.h, which it needs.
 #include <commctrl.h>
 
-#include "ui/window_place.h"
 #include "ui/windows/main_frame.h"
 #include "ui/windows/randomizer_panel.h"
-#include "ui/windows/screens.h"
 #include "ui/windows/servers_panel.h"
 #include "ui/windows/status_panel.h"
 #include "ui/windows/upgrade_panel.h"
@@ -45,7 +43,7 @@ void KeepPopupsOpen() { EnumThreadWindows(GetCurrentThreadId(), KeepOpen, 0); }
 /// Shows the window painted, with the one page that is to be seen.
 void MainFrame::ShowFirst() {
   ShownPage();
-  if (!told_) told_ = PlaceOf(window_);  // Where nobody moved it needs no telling.
+  place_.KeepQuiet();
   ShowWindow(window_, SW_SHOW);
   UpdateWindow(window_);
 }
@@ -68,10 +66,7 @@ void MainFrame::CompletePages() {
   KeepPopupsOpen();
   const Extent needed = SmallestClient();
   if (arranged_.right >= needed.width && arranged_.bottom >= needed.height) return;
-  const Place place = PlaceOf(window_);
-  if (!IsIconic(window_) && Enlarged(place) != place) {
-    TakePlace(FittedInto(Enlarged(place), ScreenOf(window_)));
-  }
+  place_.Enlarge();
   Arrange();
 }
 

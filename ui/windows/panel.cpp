@@ -1,19 +1,14 @@
 #include "ui/windows/panel.h"
 
+#include "platform/windows/window_class.h"
 #include "ui/windows/button_widgets.h"
+#include "ui/windows/drawing.h"
 
 namespace tarvo {
 namespace {
 
 constexpr char kClass[] = "TarvoPanel";
 constexpr int kFramedGap = 4;  ///< Between a frame and the text in it, at 100 %.
-
-/// A page is shown when its tab is chosen, what is around the pages at once.
-HWND CreatePanelWindow(HINSTANCE instance, HWND parent, bool shown) {
-  return CreateWindowExA(WS_EX_CONTROLPARENT, kClass, "",
-                         WS_CHILD | WS_CLIPCHILDREN | (shown ? WS_VISIBLE : 0), 0, 0, 0, 0, parent,
-                         nullptr, instance, nullptr);
-}
 
 /// The focused check box without text, on this panel; nothing else has its focus drawn for it.
 const Widget* BareFocus(HWND panel) {
@@ -38,23 +33,20 @@ void Shrink(Place& place, int gap) {
 
 }  // namespace
 
+/// A page is shown when its tab is chosen, what is around the pages at once.
+HWND Panel::CreatePanelWindow(HINSTANCE instance, HWND parent, bool shown) {
+  RegisterOnce(WindowClass(instance, kClass, Procedure));
+  return CreateWindowExA(WS_EX_CONTROLPARENT, kClass, "",
+                         WS_CHILD | WS_CLIPCHILDREN | (shown ? WS_VISIBLE : 0), 0, 0, 0, 0, parent,
+                         nullptr, instance, nullptr);
+}
+
 Panel::Panel(Stage& stage, HWND parent, Ground ground)
     : stage_(stage),
       ground_(ground),
-      window_((RegisterClassOnce(stage.instance),
-               CreatePanelWindow(stage.instance, parent, ground == Ground::Window))),
+      window_(CreatePanelWindow(stage.instance, parent, ground == Ground::Window)),
       tips_(stage, window_) {
-  SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-}
-
-void Panel::RegisterClassOnce(HINSTANCE instance) {
-  WNDCLASSA record{};
-  if (GetClassInfoA(instance, kClass, &record)) return;
-  record.lpfnWndProc = Procedure;
-  record.hInstance = instance;
-  record.hCursor = LoadCursor(nullptr, IDC_ARROW);
-  record.lpszClassName = kClass;
-  RegisterClassA(&record);
+  SetOwner(window_, this);
 }
 
 void Panel::Keep(std::optional<Slot> slot, std::unique_ptr<Widget> widget) {
@@ -171,35 +163,32 @@ void Panel::PlaceCards(const Grid& grid, const Place& area) {
 }
 
 void Panel::PaintCards(HDC target) const {
-  const HGDIOBJ pen = SelectObject(target, GetStockObject(DC_PEN));
-  const HGDIOBJ brush = SelectObject(target, GetStockObject(NULL_BRUSH));
+  const Selected pen(target, GetStockObject(DC_PEN));
+  const Selected brush(target, GetStockObject(NULL_BRUSH));
   SetDCPenColor(target, GetSysColor(HighContrast() ? COLOR_BTNTEXT : COLOR_3DSHADOW));
   const int corner = stage_.look.Px(6);
   for (const PlacedCard& placed : cards_) {
     const RECT& frame = placed.frame;
     RoundRect(target, frame.left, frame.top, frame.right, frame.bottom, corner, corner);
   }
-  SelectObject(target, brush);
-  SelectObject(target, pen);
 }
 
 void Panel::Paint() {
-  PAINTSTRUCT paint{};
-  const HDC target = BeginPaint(window_, &paint);
+  const Painting painting(window_);
+  const HDC target = painting.Target();
   PaintCards(target);
   for (const Entry& entry : entries_) {
     if (!entry.widget->Framed()) continue;
     RECT frame = Around(window_, entry.widget->Window(), 1, 1);
     frame.left -= stage_.look.Px(kFramedGap);
-    FillRect(target, &frame, GetSysColorBrush(COLOR_WINDOW));
-    FrameRect(target, &frame, GetSysColorBrush(COLOR_3DSHADOW));
+    Fill(target, frame, GetSysColor(COLOR_WINDOW));
+    DrawFrame(target, frame, GetSysColor(COLOR_3DSHADOW));
   }
   if (const Widget* focused = BareFocus(window_)) {
     const RECT ring = Around(window_, focused->Window(), stage_.look.Px(3), 0);
     SetTextColor(target, GetSysColor(COLOR_BTNTEXT));
     DrawFocusRect(target, &ring);
   }
-  EndPaint(window_, &paint);
 }
 
 std::optional<LRESULT> Panel::Handle(UINT message, WPARAM w, LPARAM l) {
@@ -240,7 +229,7 @@ std::optional<LRESULT> Panel::Handle(UINT message, WPARAM w, LPARAM l) {
 }
 
 LRESULT CALLBACK Panel::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-  auto* panel = reinterpret_cast<Panel*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  auto* panel = OwnerOf<Panel>(window);
   const std::optional<LRESULT> answer = panel ? panel->Handle(message, w, l) : std::nullopt;
   return answer ? *answer : DefWindowProcA(window, message, w, l);
 }

@@ -89,7 +89,7 @@ class Panel {
   };
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
-  static void RegisterClassOnce(HINSTANCE instance);
+  static HWND CreatePanelWindow(HINSTANCE instance, HWND parent, bool shown);
   std::optional<LRESULT> Handle(UINT message, WPARAM w, LPARAM l);
   void Keep(std::optional<Slot> slot, std::unique_ptr<Widget> widget);
   Grid ToGrid() const;

@@ -1,13 +1,14 @@
 #include "ui/windows/path_widgets.h"
 
 #include <windows.h>
-// After windows.h, which they need.
-#include <commctrl.h>
+// After windows.h, which it needs.
 #include <shellapi.h>
 
 #include <utility>
 
 #include "platform/windows/late_call.h"
+#include "ui/windows/drawing.h"
+#include "ui/windows/subclass.h"
 
 namespace tarvo {
 namespace {
@@ -36,7 +37,7 @@ void LetDropsThrough(HWND window) {
 
 PathWidget::PathWidget(Stage& stage, HWND parent, int id, PathBox& box, std::string widest)
     : TextWidget(stage, parent, id, box, std::move(widest)), box_(box) {
-  SetWindowSubclass(Window(), Watch, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&PathWidget::Watch>(Window(), *this);
   DragAcceptFiles(Window(), TRUE);
   LetDropsThrough(Window());
 }
@@ -58,20 +59,18 @@ bool PathWidget::Cut() const {
 }
 
 void PathWidget::Paint() {
-  PAINTSTRUCT paint{};
-  const HDC target = BeginPaint(Window(), &paint);
+  const Painting painting(Window());
+  const HDC target = painting.Target();
   const bool enabled = IsWindowEnabled(Window()) != FALSE;
   RECT area{};
   GetClientRect(Window(), &area);
-  FillRect(target, &area, GetSysColorBrush(enabled ? COLOR_WINDOW : COLOR_3DFACE));
-  const HGDIOBJ former = SelectObject(target, stage_.look.Font());
+  Fill(target, area, GetSysColor(enabled ? COLOR_WINDOW : COLOR_3DFACE));
+  const Selected font(target, stage_.look.Font());
   SetBkMode(target, TRANSPARENT);
   SetTextColor(target, GetSysColor(enabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
   RECT place = TextPlace(Window());
   DrawTextA(target, control_.Text().c_str(), static_cast<int>(control_.Text().size()), &place,
             DT_SINGLELINE | DT_NOPREFIX | DT_PATH_ELLIPSIS);
-  SelectObject(target, former);
-  EndPaint(Window(), &paint);
 }
 
 void PathWidget::Dropped(WPARAM drop) {
@@ -83,28 +82,23 @@ void PathWidget::Dropped(WPARAM drop) {
   stage_.Happens([this, &path] { box_.Drop(path); });
 }
 
-LRESULT CALLBACK PathWidget::Watch(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                   DWORD_PTR self) {
-  auto* box = reinterpret_cast<PathWidget*>(self);
+LRESULT PathWidget::Watch(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_DROPFILES:
-      box->Dropped(w);
+      Dropped(w);
       return 0;
     case WM_PAINT:
-      if (GetFocus() == window || !box->Cut()) break;
-      box->Paint();
+      if (GetFocus() == Window() || !Cut()) break;
+      Paint();
       return 0;
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
-      InvalidateRect(window, nullptr, TRUE);
-      break;
-    case WM_NCDESTROY:
-      RemoveWindowSubclass(window, Watch, id);
+      InvalidateRect(Window(), nullptr, TRUE);
       break;
     default:
       break;
   }
-  return DefSubclassProc(window, message, w, l);
+  return DefSubclassProc(Window(), message, w, l);
 }
 
 PathLabelWidget::PathLabelWidget(Stage& stage, HWND parent, int id, Label& label,
@@ -127,15 +121,13 @@ void ArrowWidget::Draw(const DRAWITEMSTRUCT& item) {
   const int right = static_cast<int>(item.rcItem.right) - 1;
   const int barb = stage_.look.Px(4);
   FillRect(item.hDC, &item.rcItem, stage_.look.PageBrush());
-  const HPEN pen = CreatePen(PS_SOLID, stage_.look.Px(1), GetSysColor(COLOR_BTNTEXT));
-  const HGDIOBJ former = SelectObject(item.hDC, pen);
+  const Pen pen(CreatePen(PS_SOLID, stage_.look.Px(1), GetSysColor(COLOR_BTNTEXT)));
+  const Selected selected(item.hDC, pen.Get());
   const POINT shaft[] = {{left, middle}, {right, middle}};
   const POINT head[] = {
       {right - barb, middle - barb}, {right, middle}, {right - barb - 1, middle + barb + 1}};
   Polyline(item.hDC, shaft, 2);
   Polyline(item.hDC, head, 3);
-  SelectObject(item.hDC, former);
-  DeleteObject(pen);
 }
 
 }  // namespace tarvo

@@ -19,8 +19,7 @@ class PathWidget : public TextWidget {
   void Show() override;
 
  private:
-  static LRESULT CALLBACK Watch(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                                DWORD_PTR self);
+  LRESULT Watch(UINT message, WPARAM w, LPARAM l);
   bool Cut() const;
   void Paint();
   void Dropped(WPARAM drop);

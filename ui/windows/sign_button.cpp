@@ -2,6 +2,7 @@
 
 #include "ui/control_ids.h"
 #include "ui/readable.h"
+#include "ui/windows/drawing.h"
 
 namespace tarvo {
 namespace {
@@ -47,12 +48,10 @@ void SignButton::DrawSign(HDC target, RECT area, bool disabled) const {
   if (disabled) ink = GetSysColor(COLOR_GRAYTEXT);
   const LONG left = (area.left + area.right - thick) / 2;
   const LONG top = (area.top + area.bottom - thick) / 2;
-  const HBRUSH brush = CreateSolidBrush(ink);
   const RECT across{left - arm, top, left + thick + arm, top + thick};
-  FillRect(target, &across, brush);
+  Fill(target, across, ink);
   const RECT upright{left, top - arm, left + thick, top + thick + arm};
-  if (sign_ == Sign::Plus) FillRect(target, &upright, brush);
-  DeleteObject(brush);
+  if (sign_ == Sign::Plus) Fill(target, upright, ink);
 }
 
 }  // namespace tarvo

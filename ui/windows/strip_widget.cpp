@@ -7,7 +7,6 @@
 namespace tarvo {
 namespace {
 
-constexpr char kClass[] = "TarvoStrip";
 constexpr int kLeastWidth = 32;  ///< At 100 %, the frame included: four cells share a pixel there.
 constexpr int kHeight = 16;
 
@@ -41,28 +40,14 @@ void PaintBar(HDC target, const RECT& inside, const Bar& bar, std::size_t begin,
                      inside.bottom - (height * bar.sixths + 5) / 6,
                      inside.left + static_cast<LONG>(end), inside.bottom};
   if (IsRectEmpty(&area)) return;
-  SetDCBrushColor(target, HighContrast() ? GetSysColor(COLOR_WINDOWTEXT) : bar.colour);
-  FillRect(target, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+  Fill(target, area, HighContrast() ? GetSysColor(COLOR_WINDOWTEXT) : bar.colour);
 }
 
 }  // namespace
 
 StripWidget::StripWidget(Stage& stage, HWND parent, int id, StatusStrip& strip)
-    : Mirror(stage, strip) {
-  RegisterClassOnce(stage.instance);
-  Create(parent, kClass, "", 0, 0, id);
+    : PaintedWidget(stage, parent, id, strip, "TarvoStrip", "") {
   Attach();
-}
-
-void StripWidget::RegisterClassOnce(HINSTANCE instance) {
-  WNDCLASSA record{};
-  if (GetClassInfoA(instance, kClass, &record)) return;
-  record.style = CS_HREDRAW | CS_VREDRAW;
-  record.lpfnWndProc = Procedure;
-  record.hInstance = instance;
-  record.hCursor = LoadCursor(nullptr, IDC_ARROW);
-  record.lpszClassName = kClass;
-  RegisterClassA(&record);
 }
 
 Extent StripWidget::Natural() const {
@@ -71,7 +56,7 @@ Extent StripWidget::Natural() const {
 
 void StripWidget::Show() {
   SetText(control_.ToolTip());
-  InvalidateRect(Window(), nullptr, FALSE);
+  Repaint();
 }
 
 /// One trouble among several cells that share a place is seen; otherwise the newest one counts.
@@ -98,36 +83,16 @@ void StripWidget::PaintBars(HDC target, const RECT& inside) const {
   }
 }
 
-void StripWidget::Paint() {
-  PAINTSTRUCT paint{};
-  const HDC screen = BeginPaint(Window(), &paint);
+void StripWidget::Paint(HDC target) {
   RECT area{};
   GetClientRect(Window(), &area);
-  const HDC target = CreateCompatibleDC(screen);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, area.right, area.bottom);
-  const HGDIOBJ before = SelectObject(target, bitmap);
-  FillRect(target, &area, GetSysColorBrush(COLOR_WINDOW));
-  FrameRect(target, &area, GetSysColorBrush(COLOR_3DSHADOW));
+  const Canvas canvas(target, {area.right, area.bottom});
+  Fill(canvas.Target(), area, GetSysColor(COLOR_WINDOW));
+  DrawFrame(canvas.Target(), area, GetSysColor(COLOR_3DSHADOW));
   RECT inside = area;
   InflateRect(&inside, -1, -1);
-  PaintBars(target, inside);
-  BitBlt(screen, 0, 0, area.right, area.bottom, target, 0, 0, SRCCOPY);
-  SelectObject(target, before);
-  DeleteObject(bitmap);
-  DeleteDC(target);
-  EndPaint(Window(), &paint);
-}
-
-LRESULT CALLBACK StripWidget::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-  auto* strip = static_cast<StripWidget*>(Widget::Of(window));
-  if (strip && message == WM_PAINT) {
-    strip->Paint();
-    return 0;
-  }
-  if (message == WM_ERASEBKGND) return 1;
-  // Mouse moves go to the parent, as those over a text do, so that both have tool tips alike.
-  if (message == WM_NCHITTEST) return HTTRANSPARENT;
-  return DefWindowProcA(window, message, w, l);
+  PaintBars(canvas.Target(), inside);
+  canvas.Show();
 }
 
 }  // namespace tarvo

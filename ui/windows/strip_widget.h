@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/strip.h"
-#include "ui/windows/widget.h"
+#include "ui/windows/painted_widget.h"
 
 namespace tarvo {
 
@@ -9,19 +9,17 @@ namespace tarvo {
 /// much as its colour: trouble stands from top to bottom, healthy half as high, not watched is low,
 /// stopped is a line at the bottom, and what nobody saw is empty. It takes
 /// whatever width it is given. Its text is the strip in words.
-class StripWidget : public Mirror<StatusStrip> {
+class StripWidget : public PaintedWidget<StatusStrip> {
  public:
   StripWidget(Stage& stage, HWND parent, int id, StatusStrip& strip);
   Extent Natural() const override;
-  void TakeLook() override { InvalidateRect(Window(), nullptr, FALSE); }
+  void TakeLook() override { Repaint(); }
 
  protected:
   void Show() override;
+  void Paint(HDC target) override;
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
-  static void RegisterClassOnce(HINSTANCE instance);
-  void Paint();
   void PaintBars(HDC target, const RECT& inside) const;
   StripState StateAt(std::size_t x, std::size_t width) const;
 };

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "ui/windows/drawing.h"
+
 namespace tarvo {
 
 TabWidget::TabWidget(Stage& stage, HWND parent, int id, TabView& tabs,
@@ -48,9 +50,8 @@ RECT TabWidget::Occupy(const RECT& area) {
   RECT inside{0, 0, area.right - area.left, area.bottom - area.top};
   const HRGN frame = CreateRectRgnIndirect(&inside);
   SendMessageA(Window(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&inside));
-  const HRGN hole = CreateRectRgnIndirect(&inside);
-  CombineRgn(frame, frame, hole, RGN_DIFF);
-  DeleteObject(hole);
+  const Region hole(CreateRectRgnIndirect(&inside));
+  CombineRgn(frame, frame, hole.Get(), RGN_DIFF);
   SetWindowRgn(Window(), frame, TRUE);
   OffsetRect(&inside, area.left, area.top);
   return inside;

@@ -1,5 +1,6 @@
 #include "ui/windows/widget.h"
 
+#include "platform/windows/window_class.h"
 #include "ui/control_ids.h"
 
 namespace tarvo {
@@ -9,12 +10,10 @@ void Widget::Create(HWND parent, const char* windowClass, const std::string& tex
   window_ = CreateWindowExA(extendedStyle, windowClass, text.c_str(), WS_CHILD | WS_VISIBLE | style,
                             0, 0, 0, 0, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                             stage_.instance, nullptr);
-  SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  SetOwner(window_, this);
 }
 
-Widget* Widget::Of(HWND window) {
-  return window ? reinterpret_cast<Widget*>(GetWindowLongPtrA(window, GWLP_USERDATA)) : nullptr;
-}
+Widget* Widget::Of(HWND window) { return window ? OwnerOf<Widget>(window) : nullptr; }
 
 void Widget::TakeLook() {
   SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(stage_.look.Font()), FALSE);

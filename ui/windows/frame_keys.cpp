@@ -1,11 +1,9 @@
-#include <cctype>
+#include "ui/windows/frame_keys.h"
 
-#include "ui/windows/main_frame.h"
+#include <cctype>
 
 namespace tarvo {
 namespace {
-
-constexpr int kLogPage = 0;
 
 bool Down(int key) { return (GetKeyState(key) & 0x8000) != 0; }
 
@@ -26,7 +24,7 @@ bool EnterKey(const MSG& message) {
 }  // namespace
 
 /// Ctrl+Tab and Ctrl+Page Down go to the next page, with Shift or Page Up to the one before.
-bool MainFrame::PageKey(const MSG& message) {
+bool FrameKeys::PageKey(const MSG& message) {
   if (message.message != WM_KEYDOWN || !Down(VK_CONTROL) || Down(VK_MENU)) return false;
   if (message.wParam == VK_TAB) {
     tabs_.Step(Down(VK_SHIFT) ? -1 : 1);
@@ -41,17 +39,17 @@ bool MainFrame::PageKey(const MSG& message) {
 }
 
 /// The keys of a search go to the log wherever the focus is, while the log is to be seen.
-bool MainFrame::SearchKey(const MSG& message) {
-  const HWND log = GetDlgItem(Page(kLogPage).Window(), NumberOf("RTLog"));
+bool FrameKeys::SearchKey(const MSG& message) {
   const bool find = message.wParam == 'F' && Down(VK_CONTROL) && !Down(VK_MENU);
   if (message.message != WM_KEYDOWN || !(find || message.wParam == VK_F3)) return false;
+  const HWND log = log_();
   if (!IsWindowVisible(log)) return false;
   SendMessageA(log, WM_KEYDOWN, message.wParam, message.lParam);
   return true;
 }
 
 /// The search dialog of the log is a window of its own beside the main one.
-bool MainFrame::DialogKey(MSG& message) {
+bool FrameKeys::TakeOfDialog(MSG& message) {
   const HWND top = GetAncestor(message.hwnd, GA_ROOT);
   return top && top != window_ && GetWindow(top, GW_OWNER) == window_ &&
          GetClassLongPtrA(top, GCW_ATOM) == reinterpret_cast<ULONG_PTR>(WC_DIALOG) &&
@@ -60,18 +58,15 @@ bool MainFrame::DialogKey(MSG& message) {
 
 /// Access keys press or focus at once; the dialog manager would only focus the start buttons, whose
 /// keys stand in the names beside them.
-bool MainFrame::AccessKey(const MSG& message) {
+bool FrameKeys::AccessKey(const MSG& message) {
   if (message.message != WM_SYSCHAR) return false;
   const auto key = static_cast<unsigned char>(message.wParam);
-  return key > ' ' && ShownPage().Access(static_cast<char>(std::tolower(key)));
+  return key > ' ' && shownPage_().Access(static_cast<char>(std::tolower(key)));
 }
 
-bool MainFrame::TakeKey(MSG& message) {
-  if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return DialogKey(message);
-  const bool taken = SearchKey(message) || PageKey(message) || AccessKey(message) ||
-                     EnterKey(message) || IsDialogMessageA(window_, &message);
-  FollowFocus();
-  return taken;
+bool FrameKeys::Take(MSG& message) {
+  return SearchKey(message) || PageKey(message) || AccessKey(message) || EnterKey(message) ||
+         IsDialogMessageA(window_, &message);
 }
 
 }  // namespace tarvo

@@ -1,6 +1,6 @@
-#include <algorithm>
+#include "ui/windows/frame_scroll.h"
 
-#include "ui/windows/main_frame.h"
+#include <algorithm>
 
 namespace tarvo {
 namespace {
@@ -35,7 +35,7 @@ int Outside(LONG begin, LONG end, LONG room) {
 
 }  // namespace
 
-Extent MainFrame::RoomWithoutBars() const {
+Extent FrameScroll::RoomWithoutBars() const {
   RECT client{};
   GetClientRect(window_, &client);
   const LONG_PTR style = GetWindowLongPtrA(window_, GWL_STYLE);
@@ -45,10 +45,7 @@ Extent MainFrame::RoomWithoutBars() const {
   return room;
 }
 
-/// Where all that is in the window lies, in its client's coordinates. On a screen that is too small
-/// for all of it, it reaches beyond the client, and scroll bars bring the rest into view.
-RECT MainFrame::Surface() {
-  const Extent needed = SmallestClient();
+RECT FrameScroll::Surface(Extent needed) {
   Extent seen = RoomWithoutBars();
   const bool across = seen.width < needed.width;
   if (across) seen.height -= GetSystemMetrics(SM_CYHSCROLL);
@@ -63,19 +60,19 @@ RECT MainFrame::Surface() {
           top + std::max(seen.height, needed.height)};
 }
 
-void MainFrame::ScrollTo(int bar, int position) {
+void FrameScroll::ScrollTo(int bar, int position) {
   const int before = BarOf(window_, bar).nPos;
   SCROLLINFO info{};
   info.cbSize = sizeof info;
   info.fMask = SIF_POS;
   info.nPos = position;
   SetScrollInfo(window_, bar, &info, TRUE);
-  if (BarOf(window_, bar).nPos != before) Arrange();
+  if (BarOf(window_, bar).nPos != before) arrange_();
 }
 
-void MainFrame::Scrolled(int bar, int code) {
+void FrameScroll::Scrolled(int bar, int code) {
   const SCROLLINFO info = BarOf(window_, bar);
-  const int step = stage_.look.Px(kStep);
+  const int step = look_.Px(kStep);
   const int page = static_cast<int>(info.nPage);
   switch (code) {
     case SB_LINEUP:
@@ -98,12 +95,11 @@ void MainFrame::Scrolled(int bar, int code) {
   }
 }
 
-void MainFrame::Wheeled(int turn) {
-  ScrollTo(SB_VERT, BarOf(window_, SB_VERT).nPos - turn * 3 * stage_.look.Px(kStep) / WHEEL_DELTA);
+void FrameScroll::Wheeled(int turn) {
+  ScrollTo(SB_VERT, BarOf(window_, SB_VERT).nPos - turn * 3 * look_.Px(kStep) / WHEEL_DELTA);
 }
 
-/// The keyboard never works on what is out of sight.
-void MainFrame::FollowFocus() {
+void FrameScroll::FollowFocus() {
   const HWND focus = GetFocus();
   if (focus == followed_ || !IsChild(window_, focus)) return;
   followed_ = focus;
