@@ -8,9 +8,9 @@ namespace tarvo {
 class CodePage {
  public:
   virtual ~CodePage() = default;
-  /// True when each byte is a character of its own, whatever stands around it.
+  /// True when each byte is a character of its own, whatever its neighbours.
   virtual bool HasOneByteCharacters() = 0;
-  /// True when this byte and the one behind it are one character together.
+  /// True when this byte and the one after it make one character.
   virtual bool IsLeadByte(unsigned char byte) = 0;
   /// The text in lower case, letters outside of ASCII too.
   virtual std::string Lowered(std::string text) = 0;

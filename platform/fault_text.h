@@ -31,8 +31,8 @@ class FixedText {
 struct FaultFacts {
   std::uint32_t code = 0;     ///< The system's number of the exception.
   std::uint64_t address = 0;  ///< Where; 0 for unknown.
-  std::uint64_t offset = 0;   ///< How far that is behind the launcher's beginning in memory; 0 when
-                              ///< it lies elsewhere.
+  std::uint64_t offset = 0;   ///< The same, relative to the launcher's image base; 0 when
+                              ///< it is outside the image.
   const char* version = "";
   bool startsAgain = false;
 };
@@ -45,7 +45,7 @@ struct FaultMoment {
 /// what comes of it.
 void AddFaultText(FixedText& text, const FaultFacts& facts);
 
-/// The line of the status log that tells it: time stamp, text, line end.
+/// The line of the status log that reports it: time stamp, text, line end.
 void AddFaultLine(FixedText& text, const FaultMoment& moment, const FaultFacts& facts);
 
 /// The status log's file of that day: "<folder>\yyyymmdd.log".

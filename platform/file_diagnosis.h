@@ -7,7 +7,7 @@
 
 namespace tarvo {
 
-/// Tells why a file that a program wants is not to be had.
+/// Finds out why a file cannot be read.
 class FileDiagnosis {
  public:
   virtual ~FileDiagnosis() = default;

@@ -10,7 +10,7 @@ namespace tarvo {
 using IconHandle = std::intptr_t;
 
 /// A square picture, row by row from the top, each pixel 0xAARRGGBB with plain (not premultiplied)
-/// colour parts; alpha 255 covers what is behind it, 0 shows it.
+/// colour parts; alpha 255 is opaque, 0 transparent.
 struct Picture {
   int size = 0;  ///< Pixels across.
   std::vector<std::uint32_t> pixels;

@@ -5,7 +5,7 @@
 namespace tarvo {
 
 /// The system's memory figures in bytes, as it gives them: where its record has 32-bit fields, a
-/// count of 2 GB and more comes out negative. Each call asks the system anew.
+/// count of 2 GB and more comes out negative. Each call asks the system again.
 class MemoryStatus {
  public:
   virtual ~MemoryStatus() = default;

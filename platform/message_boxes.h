@@ -15,7 +15,7 @@ struct MessageBoxRequest {
   bool noIsDefault = false;  ///< With YesNo: Enter answers No.
 };
 
-/// Message boxes of the program; each bears the title "Tarvo Launcher".
+/// Message boxes of the program; each has the title "Tarvo Launcher".
 class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;

@@ -21,7 +21,7 @@ struct NotificationIcon {
 inline constexpr std::size_t kLongestTip = 63;
 
 struct MenuEntry {
-  std::string caption;  ///< An "&" stands before the access key.
+  std::string caption;  ///< An "&" precedes the access key.
   bool enabled = true;
   bool isDefault = false;  ///< Drawn in bold.
 };

@@ -39,7 +39,7 @@ class Processes {
   /// error dialogs when it crashes, or when its libraries cannot be loaded: it just ends.
   virtual void TurnErrorDialogsOff() = 0;
   /// Starts `executablePath` without arguments, with a hidden window, in the caller's current
-  /// folder. The child's command line is the path as it stands, unquoted; the file that runs is
+  /// folder. The child's command line is the path itself, unquoted; the file that runs is
   /// that path and nothing that a blank in it might name instead.
   virtual LaunchResult LaunchHidden(const std::string& executablePath) = 0;
 };

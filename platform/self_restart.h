@@ -24,7 +24,7 @@ enum class OwnFault {
 };
 
 /// Brings the program back when it dies of a fault of its own: an access violation, a stack that
-/// runs over, memory that runs out, an abort. The fault (code, address, version) is told in the
+/// runs over, memory that runs out, an abort. The fault (code, address, version) is written to the
 /// event log and, when the order says so, in the day's log file, the file of the moment of dying.
 /// Then the program is started again, unless it is younger than a minute: what fails at once would
 /// fail for ever. Being ended from outside is no fault.
@@ -33,11 +33,11 @@ class SelfRestart {
   virtual ~SelfRestart() = default;
   /// The arguments that this program was started with, as one text.
   virtual std::string Arguments() = 0;
-  /// The order that counts from now on. It lies ready for a fault that leaves no memory to work
+  /// The order that counts from now on. It is ready for a fault that leaves no memory to work
   /// with. Without one nothing is started again.
   virtual void Keep(const RestartOrder& order) = 0;
   /// Dies of this fault, as above. Returns only when the program is not started again: then the
-  /// fault has been told, and ending is the caller's.
+  /// fault has been reported, and the caller has to end the program.
   virtual void Die(OwnFault fault) = 0;
 };
 

@@ -13,7 +13,7 @@ using SocketHandle = std::intptr_t;
 inline constexpr SocketHandle kNoSocket = -1;
 
 /// A buffer for a WSAPROTOCOL_INFO record: the wide form fills its 628 bytes, the ANSI form the
-/// first 372, in 32-bit and 64-bit builds alike. Every number stands at the same place in both.
+/// first 372, in 32-bit and 64-bit builds alike. Every number is at the same place in both.
 using ProtocolRecord = std::array<std::uint8_t, 628>;
 
 /// The bytes of a sockaddr_in.
@@ -55,7 +55,7 @@ class Sockets {
   /// comes so late is the system's giving up, and answers nothing.
   virtual HostAnswer FirstAddressOf(const std::string& host, std::uint32_t milliseconds) = 0;
   /// Before a connect: its first packet shall be sent once, so that a closed port is refused at
-  /// once and not after repeats. False where the system cannot be told so.
+  /// once and not after repeats. False where the system has no such option.
   virtual bool SendFirstPacketOnce(SocketHandle socket) = 0;
   /// connect, waited for that long at most: 0, or the number of the Winsock error,
   /// `kConnectTimedOut` when the time has ended it. The socket can then be closed and nothing else.

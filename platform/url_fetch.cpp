@@ -12,7 +12,7 @@ constexpr std::string_view kBehindScheme = "://";
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// Where the authority begins: behind "scheme://" at the beginning of the URL, or at 0.
+/// Where the authority begins: after "scheme://" at the beginning of the URL, or at 0.
 std::size_t AuthorityOf(std::string_view url) {
   if (url.empty() || !IsLetter(url[0])) return 0;
   std::size_t end = 1;

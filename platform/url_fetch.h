@@ -25,15 +25,15 @@ class UrlFetch {
   virtual std::optional<std::string> Fetch(const FetchRequest& request) = 0;
 };
 
-/// The request as an adapter carries it out: its URL begins with a scheme and bears no credentials;
+/// The request as an adapter carries it out: its URL begins with a scheme and holds no credentials;
 /// those that stood in front of the host ("user:password@", %-escapes decoded) are the request's.
 /// A scheme is looked for at the beginning alone, "example.com/?next=http://x" has none.
 ///
-/// Nothing when the URL's credentials cannot be used: an escape that is none or stands for a zero
+/// Nothing when the URL's credentials cannot be used: an escape that is invalid or encodes a zero
 /// byte, a password without a user name, or others than the request itself names.
 std::optional<FetchRequest> PlainRequest(FetchRequest request);
 
-/// The URL without what stands in front of its host and without outer blanks, for records that
+/// The URL without the credentials before its host and without outer blanks, for records that
 /// anyone may read.
 std::string WithoutCredentials(std::string url);
 

@@ -11,7 +11,7 @@ class WindowsEventLog : public EventLog {
   void WriteError(const std::string& text) override;
   void WriteUnicodeError(std::u16string_view text) override;
 
-  /// As WriteError, and tells whether the system took the entry. A text longer than the system
+  /// As WriteError; true when the system took the entry. A text longer than the system
   /// takes is cut.
   bool Report(const std::string& text);
   bool ReportUnicode(std::u16string_view text);

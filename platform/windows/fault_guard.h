@@ -4,10 +4,9 @@
 
 namespace tarvo {
 
-/// Watches over the whole program from now on: an exception that nobody handles, a stack that runs
-/// over, an abort, a call of a pure virtual function or a C++ exception that nobody catches is a
-/// fault of its own, and goes the way that `SelfRestart` tells. `version` stays where it is. Once,
-/// on the main thread, before everything else that can fail.
+/// Handles every fault of the program from now on as `SelfRestart` says: an unhandled exception, a
+/// stack overflow, an abort, a call of a pure virtual function, an uncaught C++ exception.
+/// `version` must stay valid. Call it once, on the main thread, before all else that can fail.
 void WatchForFaults(const char* version);
 
 /// The order that `WatchForFaults` carries out, in room that was set aside at the start. What a

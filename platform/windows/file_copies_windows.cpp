@@ -27,7 +27,7 @@ DWORD CopyBeside(const std::wstring& source, const std::wstring& beside) {
   return copied != 0 ? ERROR_SUCCESS : GetLastError();
 }
 
-/// What tells a file from every other on the machine: its volume and its number there.
+/// What identifies a file on the machine: its volume and its number there.
 std::optional<BY_HANDLE_FILE_INFORMATION> Identify(const std::string& path) {
   constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   const KernelHandle file(

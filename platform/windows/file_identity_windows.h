@@ -6,8 +6,8 @@
 
 namespace tarvo {
 
-/// The name under which the file itself lies: where a symbolic link leads, the path else. A file
-/// that is not there, and one that cannot be asked, has the path as it stands.
+/// The path of the file itself: a symbolic link's target, otherwise the given path. A file
+/// that is not there, and one that cannot be asked, has the given path.
 std::wstring RealName(const std::string& path);
 
 /// Gives `fresh`, which will take the place of `old` by a rename, what belongs to the old file and

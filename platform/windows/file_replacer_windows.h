@@ -5,7 +5,7 @@
 
 namespace tarvo {
 
-/// Writes to a file beside the target, named as it with ".writing" behind; see `SwapContent`.
+/// Writes to a file beside the target, named like it with ".writing" appended; see `SwapContent`.
 class WindowsFileReplacer : public FileReplacer {
  public:
   explicit WindowsFileReplacer(SwapSteps& steps = SystemSteps()) : steps_(steps) {}

@@ -26,7 +26,7 @@ int TaskBarDpi() {
 /// Bytes in a row of the mask: one bit a pixel, rows of whole 32-bit words.
 std::size_t MaskRowLength(int size) { return static_cast<std::size_t>((size + 31) / 32) * 4; }
 
-/// Bits are set where the picture shows what is behind it; systems that blend do without it.
+/// Bits are set where the picture is transparent; systems that blend do without it.
 std::vector<unsigned char> MaskOf(const Picture& picture) {
   const std::size_t length = MaskRowLength(picture.size);
   std::vector<unsigned char> mask(length * static_cast<std::size_t>(picture.size));

@@ -51,7 +51,7 @@ HolderShown HolderBehind(DWORD error) {
 
 bool WindowsInstanceLock::Acquire(const std::string& name) {
   for (DWORD waited = 0; waited <= kLongestWait; waited += kStep) {
-    // Opened anew at each step: another user's mutex can be had once he is gone.
+    // Opened again at each step: another user's mutex can be had once he is gone.
     KernelHandle mutex(CreateMutexA(nullptr, FALSE, MutexName(name).c_str()));
     refused_ = !mutex.Valid() && GetLastError() == ERROR_ACCESS_DENIED;
     if (mutex.Valid() && Take(mutex)) {

@@ -10,10 +10,11 @@ namespace tarvo {
 /// A mutex of the whole machine, owned until the process ends; a mutex that its owner left behind
 /// by dying counts as free. One that belongs to another user and may not be opened counts as held.
 ///
-/// The holder's window is found by a property that bears the lock's name: it goes when the window
+/// The holder's window is found by a property of the lock's name: it goes when the window
 /// goes, needs no right that a normal operator lacks, and reaches as far as windows can be shown:
 /// to the operator's own session. Windows of a program with more rights are found, but take neither
-/// orders nor messages, mostly without a word: a message of no meaning, posted first, tells.
+/// orders nor messages, mostly without a word: so a meaningless message is posted first, to find
+/// out.
 class WindowsInstanceLock : public InstanceLock {
  public:
   /// Waits 3 seconds for a holder that is ending; one that still shows a published window is not.

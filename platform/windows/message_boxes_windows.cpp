@@ -26,7 +26,7 @@ UINT ButtonFlags(const MessageBoxRequest& request) {
   return request.noIsDefault ? MB_YESNO | MB_DEFBUTTON2 : MB_YESNO | MB_DEFBUTTON1;
 }
 
-/// While it lives, a box that this thread activates stands above all other windows (the flag alone
+/// While it lives, a box that this thread activates is above all other windows (the flag alone
 /// does not do it everywhere) and has the icon of that window, for the taskbar.
 class BoxOnItsOwn {
  public:

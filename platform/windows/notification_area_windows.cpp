@@ -77,7 +77,7 @@ void WindowsNotificationArea::CloseWindow() {
 }
 
 bool WindowsNotificationArea::Add(const NotificationIcon& icon) {
-  // Also when it is told as refused: a shell that answers too late has taken it.
+  // Also when the call fails: a shell that answers too late has taken it.
   added_ = true;
   return Notify(NIM_ADD, icon);
 }

@@ -8,10 +8,11 @@
 
 namespace tarvo {
 
-/// The message by which the shell tells of the mouse over the icon, which is its detail.
+/// The message by which the shell reports the mouse over the icon; the mouse message is in its
+/// lParam.
 inline constexpr UINT kIconMessage = WM_MOUSEMOVE;
 
-/// The record by which the shell is told of the icon, in the size of its first version;
+/// The record that describes the icon to the shell, in the size of its first version;
 /// `window` gets kIconMessage. The tip ends with a NUL, however long it is.
 NOTIFYICONDATAA NotificationRecord(HWND window, const NotificationIcon& icon);
 

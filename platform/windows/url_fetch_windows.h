@@ -11,7 +11,7 @@ namespace tarvo {
 /// password, the request's or the URL's own, are sent when the server asks for them. With a proxy,
 /// the access type is that of a named proxy; without one, 1 means direct and any other the system's
 /// default. The request timeout covers all steps together: when it is over, the request is
-/// cancelled wherever it stands.
+/// cancelled at any stage.
 class WindowsUrlFetch : public UrlFetch {
  public:
   std::optional<std::string> Fetch(const FetchRequest& request) override;
