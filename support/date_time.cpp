@@ -1,5 +1,6 @@
 #include "support/date_time.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -54,9 +55,9 @@ class Scanner {
 
   std::optional<int> Number(std::size_t maxDigits) {
     int value = 0;
-    const std::size_t limit = rest_.size() < maxDigits ? rest_.size() : maxDigits;
+    const std::size_t limit = std::min(rest_.size(), maxDigits);
     const auto result = std::from_chars(rest_.data(), rest_.data() + limit, value);
-    if (result.ec != std::errc() || value < 0 || rest_.front() == '-') return std::nullopt;
+    if (result.ec != std::errc() || rest_.front() == '-') return std::nullopt;
     rest_.remove_prefix(static_cast<std::size_t>(result.ptr - rest_.data()));
     return value;
   }
@@ -106,7 +107,7 @@ std::optional<local_days> ReadDate(Scanner& scan) {
   const year_month_day date(std::chrono::year(year),
                             std::chrono::month(static_cast<unsigned>(month)),
                             std::chrono::day(static_cast<unsigned>(day)));
-  if (month > 12 || day > 31 || !date.ok()) return std::nullopt;
+  if (day > 31 || !date.ok()) return std::nullopt;
   return local_days(date);
 }
 
@@ -142,17 +143,12 @@ std::string DateStamp(LocalTime time) { return Compose(time, "", "", ""); }
 LocalTime ParseDateTime(std::string_view text) {
   const std::string_view trimmed = Trimmed(text);
   Scanner dated(trimmed);
-  if (const auto day = ReadDate(dated)) {
-    if (dated.AtEnd()) return *day;
-    const bool apart = dated.Blanks();
-    const auto time = apart ? ReadTime(dated) : std::nullopt;
-    if (time && dated.AtEnd()) return *day + *time;
-    throw RuntimeError(Fault::TypeMismatch);
-  }
-  Scanner timed(trimmed);
+  const auto day = ReadDate(dated);
+  if (day && dated.AtEnd()) return *day;
+  Scanner timed = day && dated.Blanks() ? dated : Scanner(trimmed);
   const auto time = ReadTime(timed);
   if (!time || !timed.AtEnd()) throw RuntimeError(Fault::TypeMismatch);
-  return DayZero() + *time;
+  return day.value_or(DayZero()) + *time;
 }
 
 LocalTime DateOfNumber(double number) {

@@ -167,10 +167,8 @@ std::string ShortestDecimal(double value) {
 }
 
 std::string PlainDecimal(double value) {
-  if (std::fabs(value) < 1e15) {
-    const std::string text = ShortestDecimal(value);
-    if (text.find('E') == std::string::npos) return text;
-  }
+  const std::string text = ShortestDecimal(value);
+  if (text.find('E') == std::string::npos) return text;
   char digits[1100];  // The longest double has 309 digits before the point or 1074 behind it.
   const auto result =
       std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed);

@@ -78,6 +78,45 @@ TYPED_TEST(AppendStringOf, MuchIsExpectedOnlyOfATextThatProvesLong) {
   EXPECT_EQ(this->builder.TakeString(), this->Filled(3)) << "nothing is expected any more";
 }
 
+TYPED_TEST(AppendStringOf, SixteenStepsAreTakenOnTrustAndNoMore) {
+  for (const std::size_t steps : {16u, 17u}) {
+    typename TestFixture::Builder expecting;
+    expecting.Expect(steps * this->kStep);
+    EXPECT_EQ(expecting.CapacityBytes(), steps == 16 ? this->Bytes(steps * this->kStep) : 0);
+  }
+}
+
+TYPED_TEST(AppendStringOf, AThirtySecondPartProvesThatATextIsLong) {
+  for (const std::size_t short_by : {0u, 1u}) {
+    typename TestFixture::Builder expecting;
+    expecting.Expect(32 * this->kStep);
+    const auto proof = this->Filled(this->kStep - short_by);
+    const auto rest = this->Filled(1 + short_by);
+    expecting.AddToString(proof);
+    expecting.AddToString(rest);
+    EXPECT_EQ(expecting.CapacityBytes(), this->Bytes((short_by == 0 ? 32 : 2) * this->kStep));
+    EXPECT_EQ(expecting.TakeString(), proof + rest);
+  }
+}
+
+TYPED_TEST(AppendStringOf, IsNotExtendedForWhatJustFits) {
+  for (const bool pieces : {false, true}) {
+    typename TestFixture::Builder expecting;
+    expecting.Expect(17 * this->kStep);
+    expecting.AddToString(this->Filled(this->kStep - 7));
+    pieces ? expecting.AddPieces(this->Filled(3), this->Filled(4))
+           : expecting.AddToString(this->Filled(7));
+    EXPECT_EQ(expecting.CapacityBytes(), this->Bytes(this->kStep));
+  }
+}
+
+TYPED_TEST(AppendStringOf, TakesWhatGoesBeyondTheExpectedBlockToo) {
+  this->builder.Expect(1);
+  this->builder.AddToString(this->Filled(this->kStep));
+  this->builder.AddToString(this->Filled(5));
+  EXPECT_EQ(this->builder.TakeString(), this->Filled(this->kStep) + this->Filled(5));
+}
+
 TYPED_TEST(AppendStringOf, NothingIsExpectedBehindATextAlreadyThere) {
   this->builder.AddToString(this->Filled(7));
   this->builder.Expect(10 * this->kStep);
@@ -181,6 +220,24 @@ TYPED_TEST(AppendStringOf, ATextPastTheCountOfBytesOverflowsAndChangesNothing) {
     EXPECT_EQ(error.Description(), "Overflow");
   }
   EXPECT_EQ(small.ReturnString(), this->Filled(fits - 1) + this->Filled(1));
+}
+
+TYPED_TEST(AppendStringOf, ATextOverflowsWithinALaterBlockToo) {
+  constexpr std::size_t kFits = TestFixture::kStep + 10;
+  BasicAppendString<TypeParam, static_cast<std::int32_t>(kFits * sizeof(TypeParam))> small;
+  small.AddToString(this->Filled(this->kStep));
+  small.AddToString(this->Filled(6));
+  EXPECT_THROW(small.AddToString(this->Filled(5)), RuntimeError);
+  small.AddToString(this->Filled(4));
+  EXPECT_EQ(small.UsedBytes(), this->Bytes(kFits));
+}
+
+TYPED_TEST(AppendStringOf, AsMuchIsExpectedAsATextMayHold) {
+  for (const std::size_t more : {0u, 1u}) {
+    BasicAppendString<TypeParam, 8> small;
+    small.Expect(8 / sizeof(TypeParam) + more);
+    EXPECT_EQ(small.CapacityBytes(), more == 0 ? this->Bytes(this->kStep) : 0);
+  }
 }
 
 }  // namespace
