@@ -7,12 +7,10 @@ namespace tarvo {
 namespace {
 
 /// Takes the text up to the mark off the front of `rest`, and the mark with it; all of it when
-/// there is no mark, and `found` is false then.
-std::string_view TakeUpTo(std::string_view& rest, char mark, bool& found) {
-  const std::size_t at = rest.find(mark);
-  found = at != std::string_view::npos;
-  const std::string_view piece = rest.substr(0, at);
-  rest.remove_prefix(found ? at + 1 : rest.size());
+/// there is no mark.
+std::string_view TakeUpTo(std::string_view& rest, char mark) {
+  const std::string_view piece = rest.substr(0, rest.find(mark));
+  rest.remove_prefix(std::min(piece.size() + 1, rest.size()));
   return piece;
 }
 
@@ -34,14 +32,11 @@ int DayIndexOf(std::string_view name) {
 std::string_view DayName(int weekday) { return kDays[weekday - 1]; }
 
 std::optional<CalendarEntry> ReadCalendarLine(std::string_view line) {
-  bool dayEnds = false;
-  bool timeEnds = false;
-  bool hourEnds = false;
+  // A mark that is missing leaves the piece behind it empty, which is no number and no restart.
   CalendarEntry entry;
-  entry.at.weekday = DayIndexOf(TakeUpTo(line, ' ', dayEnds));
-  std::string_view minute = TakeUpTo(line, ' ', timeEnds);
-  const std::string_view hour = TakeUpTo(minute, ':', hourEnds);
-  if (!dayEnds || !timeEnds || !hourEnds) return std::nullopt;
+  entry.at.weekday = DayIndexOf(TakeUpTo(line, ' '));
+  std::string_view minute = TakeUpTo(line, ' ');
+  const std::string_view hour = TakeUpTo(minute, ':');
   if (!ReadNumber(hour, entry.at.hour) || !ReadNumber(minute, entry.at.minute)) return std::nullopt;
   entry.restarts = line == "restart=Y";
   if (!entry.restarts && line != "restart=N") return std::nullopt;

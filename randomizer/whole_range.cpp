@@ -18,8 +18,7 @@ std::int64_t Rounded(double bound) {
 WholeRange RangeOf(std::string_view minText, std::string_view maxText) {
   const double max = NumericValue(maxText);
   const double min = NumericValue(minText);
-  if (max > min) return {Rounded(min), Rounded(max)};
-  return {Rounded(max), Rounded(min)};
+  return {Rounded(std::min(min, max)), Rounded(std::max(min, max))};
 }
 
 std::int64_t DrawWhole(RandomSource& random, const WholeRange& range) {

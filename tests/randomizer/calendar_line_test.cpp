@@ -58,6 +58,15 @@ TEST(ReadCalendarLine, SkipsEveryOtherForm) {
                            "Mon 99999999999:30 restart=Y",
                            "Mon\t08:30\trestart=Y",
                            "a b c",
+                           "Mon 08:30restart=Y",
+                           "Mon08:30 restart=Y",
+                           "Mon08:30restart=Y",
+                           "08:30 restart=Y",
+                           "Mon  restart=Y",
+                           "Mon 08 30 restart=Y",
+                           "Mon 08.30 restart=Y",
+                           "Mon 08 restart=Y",
+                           "Mon:08:30 restart=Y",
                            ": : :"}) {
     EXPECT_EQ(ReadCalendarLine(line), std::nullopt) << '"' << line << '"';
   }

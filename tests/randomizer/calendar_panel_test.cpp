@@ -165,6 +165,12 @@ TEST_F(CalendarPanel, TimeBoxesTakeDigits) {
   box.Type("");
   for (char key : std::string("1:a-2.3")) box.PressKey(key);
   EXPECT_EQ(box.Text(), "12");
+  for (const TextBox& each : Page().txt_Time) {
+    for (int key = 0; key < 256; ++key) {
+      const bool taken = key == 8 || (key >= '0' && key <= '9');
+      EXPECT_EQ(each.LetsThrough(static_cast<char>(key)), taken) << key;
+    }
+  }
 }
 
 TEST_F(CalendarPanel, AnEntryOnTheDiskSurvivesAStartWithoutTheServerFile) {

@@ -31,6 +31,13 @@ class MapStarts : public RandomizerStory {
   }
 };
 
+TEST_F(MapStarts, HaveNeverRandomizedUnlessTheSettingsSaySo) {
+  Load();
+  EXPECT_EQ(Gate().Counters().HourRndCnt, 0);
+  EXPECT_EQ(Gate().Counters().DayRndCnt, 0);
+  EXPECT_EQ(Gate().Counters().LastRandomize, ZeroDateTime());
+}
+
 TEST_F(MapStarts, RunInTheModeMapStartOnly) {
   Begin("9", "9", 1);
   EXPECT_FALSE(StartMap());
