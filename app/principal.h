@@ -27,7 +27,7 @@
 #include "ui/form.h"
 #include "upgrade/component_upgrade.h"
 #include "upgrade/upgrade_settings.h"
-#include "xmldoc/letter_case.h"
+#include "xmldoc/rules/letter_case.h"
 
 namespace tarvo {
 

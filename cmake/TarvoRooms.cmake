@@ -30,10 +30,12 @@ if(WIN32)
 endif()
 
 # tarvo_room(NAME [USES ROOM...] [SYSTEM LIBRARY...])
-# A room is a static library of every source in its folder; a room of headers alone is an interface.
+# A room is a static library of every source in its folder and the folders below it, but windows/ and tool/;
+# a room of headers alone is an interface.
 function(tarvo_room name)
   cmake_parse_arguments(ROOM "" "" "USES;SYSTEM" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  file(GLOB_RECURSE sources RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.cpp)
+  list(FILTER sources EXCLUDE REGEX "(^|/)(windows|tool)/")
   list(TRANSFORM ROOM_USES PREPEND tarvo_)
   if(sources)
     add_library(tarvo_${name} STATIC ${sources})
@@ -45,10 +47,10 @@ function(tarvo_room name)
 endfunction()
 
 # tarvo_room_tests(ROOM USES ROOM...)
-# One test program of every *_test.cpp in the folder; each test carries the room's name as its label.
+# One test program of every *_test.cpp in the folder and below it; each test carries the room's name as its label.
 function(tarvo_room_tests room)
   cmake_parse_arguments(TESTS "" "" "USES" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   list(TRANSFORM TESTS_USES PREPEND tarvo_)
   add_executable(${room}_tests ${sources})
   target_link_libraries(${room}_tests PRIVATE tarvo_build ${TESTS_USES} GTest::gtest_main)

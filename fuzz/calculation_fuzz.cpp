@@ -6,7 +6,7 @@
 #include <cstdlib>
 
 #include "support/runtime_error.h"
-#include "xmldoc/template_calculation.h"
+#include "xmldoc/template/template_calculation.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string_view text(reinterpret_cast<const char*>(data), size);

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "support/runtime_error.h"
-#include "xmldoc/condition.h"
+#include "xmldoc/template/condition.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);

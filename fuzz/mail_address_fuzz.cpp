@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "platform/mail_address_syntax.h"
-#include "platform/mail_header.h"
+#include "xmldoc/mail/mail_address_syntax.h"
+#include "xmldoc/mail/mail_header.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;

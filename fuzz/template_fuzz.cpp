@@ -6,7 +6,7 @@
 
 #include "support/runtime_error.h"
 #include "xmldoc/document.h"
-#include "xmldoc/template_ports.h"
+#include "xmldoc/template/template_ports.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "xmldoc/document_rare.h"
-#include "xmldoc/names.h"
 #include "xmldoc/node_key.h"
+#include "xmldoc/rules/names.h"
 
 namespace tarvo {
 

@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <string>
 
-#include "xmldoc/cipher_hooks.h"
 #include "xmldoc/document.h"
+#include "xmldoc/nodes/cipher_hooks.h"
 
 namespace tarvo {
 

@@ -1,8 +1,8 @@
 #include "xmldoc/documents.h"
 
 #include "xmldoc/document.h"
-#include "xmldoc/letter_case.h"
 #include "xmldoc/node_key.h"
+#include "xmldoc/rules/letter_case.h"
 
 namespace tarvo {
 

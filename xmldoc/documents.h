@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "xmldoc/node_list.h"
-#include "xmldoc/ref.h"
+#include "xmldoc/nodes/node_list.h"
+#include "xmldoc/nodes/ref.h"
 
 namespace tarvo {
 

@@ -2,8 +2,8 @@
 
 #include <new>
 
-#include "xmldoc/names.h"
-#include "xmldoc/text_rules.h"
+#include "xmldoc/rules/names.h"
+#include "xmldoc/rules/text_rules.h"
 
 namespace tarvo {
 

@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "xmldoc/cipher_hooks.h"
-#include "xmldoc/compact_text.h"
-#include "xmldoc/node_pool.h"
+#include "xmldoc/nodes/cipher_hooks.h"
+#include "xmldoc/nodes/compact_text.h"
+#include "xmldoc/nodes/node_pool.h"
+#include "xmldoc/nodes/ref.h"
 #include "xmldoc/parameters.h"
-#include "xmldoc/ref.h"
 
 namespace tarvo {
 

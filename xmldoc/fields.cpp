@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "xmldoc/letter_case.h"
 #include "xmldoc/node_key.h"
+#include "xmldoc/rules/letter_case.h"
 
 namespace tarvo {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "xmldoc/field.h"
-#include "xmldoc/node_list.h"
+#include "xmldoc/nodes/node_list.h"
 
 namespace tarvo {
 

@@ -1,7 +1,7 @@
 #include "xmldoc/node_key.h"
 
-#include "xmldoc/letter_case.h"
-#include "xmldoc/text_rules.h"
+#include "xmldoc/rules/letter_case.h"
+#include "xmldoc/rules/text_rules.h"
 
 namespace tarvo {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "xmldoc/names.h"
+#include "xmldoc/rules/names.h"
 
 namespace tarvo {
 

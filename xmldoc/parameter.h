@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
-#include "xmldoc/compact_text.h"
-#include "xmldoc/node_pool.h"
-#include "xmldoc/ref.h"
+#include "xmldoc/nodes/compact_text.h"
+#include "xmldoc/nodes/node_pool.h"
+#include "xmldoc/nodes/ref.h"
 
 namespace tarvo {
 

@@ -1,6 +1,6 @@
 #include "xmldoc/parameters.h"
 
-#include "xmldoc/letter_case.h"
+#include "xmldoc/rules/letter_case.h"
 
 namespace tarvo {
 

@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "support/append_string.h"
-#include "xmldoc/node_list.h"
-#include "xmldoc/packed_attributes.h"
+#include "xmldoc/nodes/node_list.h"
+#include "xmldoc/nodes/packed_attributes.h"
 #include "xmldoc/parameter.h"
 
 namespace tarvo {

@@ -3,7 +3,7 @@
 // After winsock2.h, which it needs.
 #include <windows.h>
 
-#include "platform/windows/tcp_stream_windows.h"
+#include "xmldoc/mail/windows/tcp_stream_windows.h"
 
 #include <gtest/gtest.h>
 

@@ -6,8 +6,8 @@
 
 #include "support/runtime_error.h"
 #include "xmldoc/document.h"
+#include "xmldoc/text/tree_writer.h"
 #include "xmldoc/tool/json_dump.h"
-#include "xmldoc/tree_writer.h"
 
 namespace tarvo {
 namespace {

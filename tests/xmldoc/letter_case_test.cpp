@@ -1,5 +1,5 @@
 // Letters are those of the system's code page, wherever letter case does not count.
-#include "xmldoc/letter_case.h"
+#include "xmldoc/rules/letter_case.h"
 
 #include <gtest/gtest.h>
 

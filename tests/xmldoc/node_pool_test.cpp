@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "tree_text.h"
-#include "xmldoc/node_maker.h"
-#include "xmldoc/node_pool.h"
+#include "xmldoc/nodes/node_pool.h"
+#include "xmldoc/text/node_maker.h"
 
 namespace tarvo {
 namespace {

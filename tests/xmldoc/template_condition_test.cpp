@@ -4,7 +4,7 @@
 #include <string>
 
 #include "tests/xmldoc/template_outcome.h"
-#include "xmldoc/condition.h"
+#include "xmldoc/template/condition.h"
 
 namespace tarvo {
 namespace {

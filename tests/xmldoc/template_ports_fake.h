@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "xmldoc/template_ports.h"
+#include "xmldoc/template/template_ports.h"
 
 namespace tarvo {
 

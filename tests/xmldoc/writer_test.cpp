@@ -3,7 +3,7 @@
 
 #include "tree_text.h"
 #include "xmldoc/document.h"
-#include "xmldoc/tree_writer.h"
+#include "xmldoc/text/tree_writer.h"
 
 namespace tarvo {
 namespace {

@@ -5,7 +5,7 @@
 #include <random>
 
 #include "support/runtime_error.h"
-#include "xmldoc/template_ports.h"
+#include "xmldoc/template/template_ports.h"
 #include "xmldoc/tool/stdio_file_reader.h"
 
 namespace tarvo {

@@ -4,9 +4,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "platform/smtp_mailer.h"
 #include "platform/windows/clock_windows.h"
-#include "platform/windows/tcp_stream_windows.h"
+#include "xmldoc/mail/smtp_mailer.h"
+#include "xmldoc/mail/windows/tcp_stream_windows.h"
 
 int main(int count, char** arguments) {
   tarvo::WindowsTcpConnector connector;

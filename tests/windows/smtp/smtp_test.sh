@@ -52,7 +52,7 @@ end_servers() {
 trap end_servers EXIT
 for one in "${cases[@]}"; do
   read -r mode step <<<"${one%%|*}"
-  "$repository/tests/platform/smtp_server.py" "$mode" "$step" \
+  "$repository/tests/xmldoc/mail/smtp_server.py" "$mode" "$step" \
     <"$WINE_DIR/hold" >"$WINE_DIR/server-$mode-$step" &
   servers+=($!)
 done

@@ -6,7 +6,7 @@
 
 #include "platform/windows/code_page_windows.h"
 #include "platform/windows/component_calls_windows.h"
-#include "xmldoc/letter_case.h"
+#include "xmldoc/rules/letter_case.h"
 #include "xmldoc/tool/xmltool.h"
 
 int main(int argc, char** argv) {

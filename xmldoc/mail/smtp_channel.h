@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/clock.h"
+#include "xmldoc/mail/tcp_stream.h"
+
+namespace tarvo {
+
+/// Why a mail was not handed over, in one line. Raised by what cannot go on.
+struct SmtpFault {
+  std::string reason;
+};
+
+/// What a server said: "250-one", "250 two" is the code 250 and the text "250-one 250 two".
+struct SmtpAnswer {
+  int code = 0;
+  std::string text;
+  /// 2: done; 3: go on; 4: not now; 5: no. What the other digits say decides nothing.
+  int Kind() const { return code / 100; }
+};
+
+/// The words that stand for how a call on a connection ended.
+const char* ReasonOf(StreamOutcome outcome);
+/// The reason for a step that the server has refused.
+std::string ReasonOf(const std::string& step, const SmtpAnswer& answer);
+
+/// Commands and answers over one connection. Every call raises SmtpFault, which names the step,
+/// when the connection fails, the time is over, or the answer is none. Times are milliseconds above
+/// 0, for the whole call.
+class SmtpChannel {
+ public:
+  SmtpChannel(std::unique_ptr<TcpStream> stream, TickClock& ticks)
+      : stream_(std::move(stream)), ticks_(ticks) {}
+
+  /// Sends a command with its line end, which may be empty, and gives the answer.
+  SmtpAnswer Ask(const std::string& step, std::string_view command, std::uint32_t milliseconds);
+
+  /// Sends a part of something to which the server has no answer before its end. When it speaks up
+  /// all the same to refuse, nothing more is sent and its words are the fault's reason.
+  void SendPart(const std::string& step, std::string_view bytes, std::uint32_t milliseconds);
+
+  /// The code that has come, be it of an answer that broke off behind it; 0 for none. To be asked
+  /// after Ask.
+  int CodeBegun() const;
+
+ private:
+  /// When a call has to be over. A time of 0 lets it take what has come already.
+  struct Deadline {
+    std::uint32_t started;
+    std::uint32_t given;
+  };
+
+  std::uint32_t TimeLeft(const std::string& step, const Deadline& deadline);
+  StreamOutcome Listen() { return stream_->Receive(received_, 0); }
+  void RaiseRefusal(const std::string& step, std::uint32_t milliseconds);
+  std::string ReadLine(const std::string& step, const Deadline& deadline);
+  SmtpAnswer ReadAnswer(const std::string& step, const Deadline& deadline);
+
+  std::unique_ptr<TcpStream> stream_;
+  TickClock& ticks_;
+  std::string received_;
+  int lastCode_ = 0;
+};
+
+}  // namespace tarvo

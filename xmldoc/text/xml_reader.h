@@ -1,0 +1,89 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "xmldoc/document.h"
+#include "xmldoc/nodes/packed_attributes.h"
+#include "xmldoc/text/node_maker.h"
+
+namespace tarvo {
+
+/// Reads one text into a document: a scanner that looks for "<" and ">" and one tag ahead. It keeps
+/// a position in the text and a stack of open nodes, so time is in proportion to the text, whatever
+/// its depth. See docs/xml-library.md for the dialect and Document::XMLImport for the result.
+class XmlReader {
+ public:
+  XmlReader(Document& root, std::string_view text);
+
+  /// To be called once.
+  bool Read();
+  /// How the text ended, when it has been read.
+  TextEnd End() const;
+
+ private:
+  enum class Step { Next, EndOfText, Fault };
+  /// What stands at the end of the text and did not come into the tree.
+  enum class Rest { Nothing, Words, Element };
+
+  struct Tag {
+    std::string_view name;        ///< From behind "<" to the first blank, or to ">".
+    std::string_view attributes;  ///< Behind the first blank, without ">" and a "/" before it.
+    bool hasBlank = false;        ///< Whether there was one.
+    bool packed = false;          ///< The attributes are in packer_ already.
+    bool closesItself = false;    ///< Ends in "/>".
+    const char* end = nullptr;    ///< Behind the closer in the text.
+  };
+
+  Step ReadTag();
+  /// Scans a tag as the writer writes them, which most are: its attributes are in packer_ then.
+  /// False for any other tag, sound or not.
+  bool ScanPlainTag(const char* open, Tag& tag);
+  /// False when the tag has no closer. The parts of `tag` lie in the text, or in `repaired` when
+  /// the tag has line breaks.
+  bool ScanTag(const char* open, Tag& tag, std::string& repaired) const;
+  bool ScanComment(const char* open, Tag& tag) const;
+  /// The end of the closing tag at `next` when that bears this name, else nothing.
+  const char* EndOfClosing(std::string_view name, const char* next);
+  bool OnlyLineEndsLeft() const;
+  /// The text ends with what begins at `words` and holds no tag.
+  Step EndAtWords(const char* words);
+  /// It ends with an element that does not come into the tree.
+  Step EndAtElement();
+  /// It ends with a tag that has no other behind it.
+  Step EndAtLastTag(const Tag& tag);
+
+  void CloseNode(const Tag& tag);
+  Step ReadDeclaration(const Tag& tag, const char* next);
+  Step ReadLeaf(const Tag& tag, const char* next, const char* closingEnd);
+  Step ReadElement(const Tag& tag, const char* next);
+  /// Gives the node being filled its name and attributes. Raises what the setters raise.
+  Step NameNode(const Tag& tag);
+  /// Gathers the attributes in packer_. False at a name that the setter refuses; those before it
+  /// stay.
+  bool ReadAttributes(const Tag& tag);
+  std::string_view KeptForm(std::string_view value);
+  const char* FindOpen(const char* from) const;
+
+  Document& root_;
+  Document* node_;               // the one being filled
+  std::vector<Document*> open_;  // those around it; their parents hold them
+  const char* at_;
+  const char* end_;
+  NodeMaker maker_;
+  AttributePacker packer_;
+  std::string repairedTag_;
+  std::string repairedNext_;
+  std::string escapedValue_;
+  const std::string encodePassword_;
+  const std::int32_t cryptType_;
+  const bool hasCipher_;
+  const bool tolerant_;
+  const int fieldsBefore_;
+  std::size_t openElements_ = 0;  // start tags without their closing tag
+  bool rootClosed_ = false;
+  Rest rest_ = Rest::Nothing;
+};
+
+}  // namespace tarvo
