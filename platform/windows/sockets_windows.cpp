@@ -4,6 +4,8 @@
 
 #include <cstring>
 
+#include "platform/windows/socket_wait.h"
+
 namespace tarvo {
 namespace {
 
@@ -14,9 +16,8 @@ static_assert(sizeof(sockaddr_in) == sizeof(SocketAddress));
 
 static_assert(kConnectTimedOut == WSAETIMEDOUT && kConnectRefused == WSAECONNREFUSED);
 
-// The numbers of SIO_TCP_INITIAL_RTO and FIONBIO as the calls take them.
+// SIO_TCP_INITIAL_RTO as the call takes it.
 constexpr DWORD kInitialRtoCode = 0x98000011;
-constexpr long kNonBlockingMode = static_cast<long>(FIONBIO);
 
 /// TCP_INITIAL_RTO_PARAMETERS, which older headers lack.
 struct InitialRto {
@@ -35,37 +36,6 @@ bool LimitRepeats(SOCKET socket, UCHAR repeats) {
   DWORD returned = 0;
   return WSAIoctl(socket, kInitialRtoCode, &wanted, sizeof wanted, nullptr, 0, &returned, nullptr,
                   nullptr) == 0;
-}
-
-bool SetBlocking(SOCKET socket, bool blocking) {
-  u_long nonBlocking = blocking ? 0 : 1;
-  return ioctlsocket(socket, kNonBlockingMode, &nonBlocking) == 0;
-}
-
-int ErrorOf(SOCKET socket) {
-  int error = 0;
-  int size = sizeof error;
-  return getsockopt(socket, SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size) == 0
-             ? error
-             : WSAGetLastError();
-}
-
-/// How the connect under way ends: 0 or its error. A connection shows as ready for writing, a
-/// failure in the set of exceptions.
-int AwaitConnect(SOCKET socket, std::uint32_t milliseconds) {
-  fd_set connected;
-  FD_ZERO(&connected);
-  connected.fd_count = 1;
-  connected.fd_array[0] = socket;
-  fd_set failed = connected;
-  timeval time{};
-  time.tv_sec = static_cast<long>(milliseconds / 1000);
-  time.tv_usec = static_cast<long>(milliseconds % 1000) * 1000;
-  const int count = select(0, nullptr, &connected, &failed, &time);
-  if (count == 0) return WSAETIMEDOUT;
-  if (count < 0) return WSAGetLastError();
-  const int error = ErrorOf(socket);
-  return error == 0 && failed.fd_count > 0 ? WSAENOTCONN : error;
 }
 
 }  // namespace
@@ -116,12 +86,10 @@ int WindowsSockets::ConnectTo(SocketHandle socket, const SocketAddress& address,
   sockaddr native{};
   std::memcpy(&native, address.data(), sizeof(native));
   const SOCKET own = ToNative(socket);
-  if (!SetBlocking(own, false)) return WSAGetLastError();
-  int error = 0;
-  if (connect(own, &native, static_cast<int>(sizeof(native))) != 0) error = WSAGetLastError();
-  if (error == WSAEWOULDBLOCK) error = AwaitConnect(own, milliseconds);
+  const std::optional<int> error =
+      ConnectWithin(own, native, static_cast<int>(sizeof(native)), milliseconds);
   SetBlocking(own, true);
-  return error;
+  return error.value_or(kConnectTimedOut);
 }
 
 }  // namespace tarvo

@@ -19,8 +19,7 @@ class WindowsSockets : public Sockets {
   /// SIO_TCP_INITIAL_RTO: no repeat, or where the system knows no such number, a single one. True
   /// when it took one of the two.
   bool SendFirstPacketOnce(SocketHandle socket) override;
-  /// Not blocking, and `select`: WSAPoll does not report a failed connect on older systems. The
-  /// socket blocks again afterwards.
+  /// See `ConnectWithin`; the socket blocks again afterwards.
   int ConnectTo(SocketHandle socket, const SocketAddress& address,
                 std::uint32_t milliseconds) override;
 

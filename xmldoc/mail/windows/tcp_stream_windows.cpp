@@ -5,11 +5,12 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
-#include <exception>
 #include <limits>
+#include <optional>
 
 #include "platform/windows/handle_windows.h"
+#include "platform/windows/late_answer.h"
+#include "platform/windows/socket_wait.h"
 
 namespace tarvo {
 namespace {
@@ -35,25 +36,9 @@ class TimeLeft {
   std::uint32_t given_;
 };
 
-// FIONBIO as the call takes it.
-constexpr long kNonBlockingMode = static_cast<long>(FIONBIO);
-
-enum class WaitFor { Reading, Writing };
-
-StreamOutcome Wait(SOCKET socket, WaitFor what, std::uint32_t milliseconds) {
-  fd_set ready;
-  FD_ZERO(&ready);
-  ready.fd_count = 1;
-  ready.fd_array[0] = socket;
-  fd_set failed = ready;
-  timeval time{};
-  time.tv_sec = static_cast<long>(milliseconds / 1000);
-  time.tv_usec = static_cast<long>(milliseconds % 1000) * 1000;
-  const int count = select(0, what == WaitFor::Reading ? &ready : nullptr,
-                           what == WaitFor::Writing ? &ready : nullptr, &failed, &time);
-  if (count == 0) return StreamOutcome::TimedOut;
-  // A connection that is refused shows as failed, not as ready.
-  return count > 0 && failed.fd_count == 0 ? StreamOutcome::Done : StreamOutcome::Failed;
+/// Why a wait did not bring the socket's turn.
+StreamOutcome OutcomeOf(WaitResult result) {
+  return result == WaitResult::TimedOut ? StreamOutcome::TimedOut : StreamOutcome::Failed;
 }
 
 StreamOutcome OutcomeOfError() {
@@ -69,8 +54,8 @@ class WindowsTcpStream : public TcpStream {
   StreamOutcome Send(std::string_view bytes, std::uint32_t milliseconds) override {
     const TimeLeft left(milliseconds);
     while (!bytes.empty()) {
-      const StreamOutcome ready = Wait(socket_.Get(), WaitFor::Writing, left.Milliseconds());
-      if (ready != StreamOutcome::Done) return ready;
+      const WaitResult turn = AwaitSocket(socket_.Get(), WaitFor::Writing, left.Milliseconds());
+      if (turn != WaitResult::Ready) return OutcomeOf(turn);
       const std::size_t most = std::numeric_limits<int>::max();
       const int part = static_cast<int>(std::min(bytes.size(), most));
       const int sent = send(socket_.Get(), bytes.data(), part, 0);
@@ -81,8 +66,8 @@ class WindowsTcpStream : public TcpStream {
   }
 
   StreamOutcome Receive(std::string& bytes, std::uint32_t milliseconds) override {
-    const StreamOutcome ready = Wait(socket_.Get(), WaitFor::Reading, milliseconds);
-    if (ready != StreamOutcome::Done) return ready;
+    const WaitResult turn = AwaitSocket(socket_.Get(), WaitFor::Reading, milliseconds);
+    if (turn != WaitResult::Ready) return OutcomeOf(turn);
     std::array<char, 4096> part;
     const int got = recv(socket_.Get(), part.data(), static_cast<int>(part.size()), 0);
     if (got == 0) return StreamOutcome::Closed;
@@ -107,52 +92,6 @@ AddressList ListOf(const std::string& host, const char* port, int flags) {
   return {found, freeaddrinfo};
 }
 
-StreamOutcome ConnectTo(const addrinfo& address, std::uint32_t milliseconds, UniqueSocket& made) {
-  UniqueSocket fresh(socket(address.ai_family, address.ai_socktype, address.ai_protocol));
-  u_long nonBlocking = 1;
-  if (!fresh.Valid() || ioctlsocket(fresh.Get(), kNonBlockingMode, &nonBlocking) != 0) {
-    return StreamOutcome::Failed;
-  }
-  if (connect(fresh.Get(), address.ai_addr, static_cast<int>(address.ai_addrlen)) != 0) {
-    if (WSAGetLastError() != WSAEWOULDBLOCK) return StreamOutcome::Failed;
-    const StreamOutcome ready = Wait(fresh.Get(), WaitFor::Writing, milliseconds);
-    if (ready != StreamOutcome::Done) return ready;
-    int error = 0;
-    int size = sizeof error;
-    getsockopt(fresh.Get(), SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size);
-    if (error != 0) return StreamOutcome::Failed;
-  }
-  made = std::move(fresh);
-  return StreamOutcome::Done;
-}
-
-bool StartWinsock() {
-  WSADATA data{};
-  return WSAStartup(MAKEWORD(2, 2), &data) == 0;
-}
-
-/// A question to the name service, which cannot be called back. It is put on a thread of its own,
-/// and belongs to both: the one that leaves last frees it.
-struct Question {
-  NameService* service;
-  std::string host;
-  std::vector<std::string> addresses;
-  std::atomic<bool> oneHasLeft{false};
-};
-
-DWORD WINAPI Answer(void* given) {
-  auto* question = static_cast<Question*>(given);
-  const bool started = StartWinsock();  // whoever asked may be gone, and have ended it
-  try {
-    question->addresses = question->service(question->host);
-  } catch (const std::exception&) {
-    question->addresses.clear();
-  }
-  if (started) WSACleanup();
-  if (question->oneHasLeft.exchange(true)) delete question;
-  return 0;
-}
-
 }  // namespace
 
 std::vector<std::string> SystemNameService(const std::string& host) {
@@ -168,31 +107,30 @@ std::vector<std::string> SystemNameService(const std::string& host) {
   return addresses;
 }
 
-WindowsTcpConnector::WindowsTcpConnector(NameService& service)
-    : service_(service), started_(StartWinsock()) {}
+WinsockUse::WinsockUse() {
+  WSADATA data{};
+  started_ = WSAStartup(MAKEWORD(2, 2), &data) == 0;
+}
 
-WindowsTcpConnector::~WindowsTcpConnector() {
+WinsockUse::~WinsockUse() {
   if (started_) WSACleanup();
 }
 
 std::vector<std::string> WindowsTcpConnector::AddressesOf(const std::string& host,
                                                           std::uint32_t milliseconds,
                                                           StreamOutcome& outcome) {
+  LateAnswer<std::vector<std::string>> answer([service = &service_, host] {
+    const WinsockUse winsock;  // whoever asked may be gone, and have ended it
+    return service(host);
+  });
   outcome = StreamOutcome::Failed;
-  auto question = std::make_unique<Question>();
-  question->service = &service_;
-  question->host = host;
-  const KernelHandle thread(CreateThread(nullptr, 0, &Answer, question.get(), 0, nullptr));
-  if (!thread.Valid()) return {};
-  Question* shared = question.release();
-  WaitForSingleObject(thread.Get(), milliseconds);
-  if (!shared->oneHasLeft.exchange(true)) {
+  if (!answer.Asked()) return {};
+  if (!answer.CameWithin(milliseconds)) {
     outcome = StreamOutcome::TimedOut;
     return {};
   }
-  question.reset(shared);
-  outcome = question->addresses.empty() ? StreamOutcome::Failed : StreamOutcome::Done;
-  return std::move(question->addresses);
+  if (!answer.Value().empty()) outcome = StreamOutcome::Done;
+  return std::move(answer.Value());
 }
 
 std::unique_ptr<TcpStream> WindowsTcpConnector::Connect(const std::string& address, int port,
@@ -201,9 +139,13 @@ std::unique_ptr<TcpStream> WindowsTcpConnector::Connect(const std::string& addre
   outcome = StreamOutcome::Failed;
   const AddressList found = ListOf(address, std::to_string(port).c_str(), AI_NUMERICHOST);
   if (found == nullptr) return nullptr;
-  UniqueSocket made;
-  outcome = ConnectTo(*found, milliseconds, made);
-  if (outcome != StreamOutcome::Done) return nullptr;
+  UniqueSocket made(socket(found->ai_family, found->ai_socktype, found->ai_protocol));
+  if (!made.Valid()) return nullptr;
+  const std::optional<int> error =
+      ConnectWithin(made.Get(), *found->ai_addr, static_cast<int>(found->ai_addrlen), milliseconds);
+  if (!error) outcome = StreamOutcome::TimedOut;
+  if (error != 0) return nullptr;
+  outcome = StreamOutcome::Done;
   return std::make_unique<WindowsTcpStream>(std::move(made));
 }
 

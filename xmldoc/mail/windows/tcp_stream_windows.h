@@ -11,14 +11,23 @@ using NameService = std::vector<std::string>(const std::string& host);
 /// The name service of the system.
 std::vector<std::string> SystemNameService(const std::string& host);
 
-/// Winsock 2, without blocking. It starts the library for itself. A name service that takes longer
-/// than it is given is left to its thread, which ends when it answers.
+/// Winsock 2.2, started for as long as this lives.
+class WinsockUse {
+ public:
+  WinsockUse();
+  ~WinsockUse();
+  WinsockUse(const WinsockUse&) = delete;
+  WinsockUse& operator=(const WinsockUse&) = delete;
+
+ private:
+  bool started_;
+};
+
+/// Connections by Winsock, without blocking. A name service that takes longer than it is given is
+/// left to its thread, which ends when it answers.
 class WindowsTcpConnector : public TcpConnector {
  public:
-  explicit WindowsTcpConnector(NameService& service = SystemNameService);
-  ~WindowsTcpConnector() override;
-  WindowsTcpConnector(const WindowsTcpConnector&) = delete;
-  WindowsTcpConnector& operator=(const WindowsTcpConnector&) = delete;
+  explicit WindowsTcpConnector(NameService& service = SystemNameService) : service_(service) {}
 
   std::vector<std::string> AddressesOf(const std::string& host, std::uint32_t milliseconds,
                                        StreamOutcome& outcome) override;
@@ -27,7 +36,7 @@ class WindowsTcpConnector : public TcpConnector {
 
  private:
   NameService& service_;
-  const bool started_;
+  const WinsockUse winsock_;
 };
 
 }  // namespace tarvo
