@@ -10,7 +10,7 @@ declare -A groups=(
   [wine]="wine64 wine xvfb xauth openbox iproute2 procps util-linux fonts-liberation fonts-wine libgl1
     libgnutls30 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1"
   [native]="cmake ninja-build g++ libgtest-dev googletest python3-aiosmtpd"
-  [lint]="clang-format clang-tidy"
+  [lint]="clang-format clang-tidy python3"
   [bench]="cmake ninja-build g++ libpugixml-dev libtinyxml2-dev libctemplate-dev"
   [pictures]="imagemagick xdotool"
   [fuzz]="clang libclang-rt-14-dev"
