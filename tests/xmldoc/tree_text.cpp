@@ -1,7 +1,5 @@
 #include "tree_text.h"
 
-#include <vector>
-
 namespace tarvo {
 namespace {
 
@@ -56,6 +54,12 @@ std::string TreeText(Document& root) {
 Ref<Document> Imported(std::string_view text) {
   Ref<Document> document = Document::Create();
   document->XMLImport(text);
+  return document;
+}
+
+Ref<Document> WithChilds(const std::vector<std::string>& names) {
+  Ref<Document> document = Document::Create();
+  for (const std::string& name : names) document->Childs().AddChild(name);
   return document;
 }
 

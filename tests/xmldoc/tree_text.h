@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "xmldoc/document.h"
 
@@ -14,7 +16,10 @@ std::string TreeText(Document& root);
 /// A new document into which `text` has been imported.
 Ref<Document> Imported(std::string_view text);
 
-/// Nodes, fields and attributes of a tree, for telling whether it grew or shrank.
+/// A new document with children of these names.
+Ref<Document> WithChilds(const std::vector<std::string>& names);
+
+/// Nodes, fields and attributes of a tree, to see whether it grew or shrank.
 int CountNodes(Document& root);
 
 }  // namespace tarvo
