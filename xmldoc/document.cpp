@@ -1,12 +1,10 @@
 #include "xmldoc/document.h"
 
-#include <algorithm>
 #include <new>
 #include <vector>
 
 #include "xmldoc/document_rare.h"
-#include "xmldoc/node_key.h"
-#include "xmldoc/rules/names.h"
+#include "xmldoc/rules/text_rules.h"
 
 namespace tarvo {
 
@@ -81,14 +79,6 @@ void Document::SetStopOnLoadError(bool stop) {
     node->header_.stopOnLoadError = stop ? 1 : 0;
     waiting.insert(waiting.end(), node->childs_.list_.begin(), node->childs_.list_.end());
   }
-}
-
-void Document::Sort(bool ascending) {
-  std::stable_sort(childs_.list_.begin(), childs_.list_.end(),
-                   [ascending](const Document* a, const Document* b) {
-                     if (!ascending) std::swap(a, b);
-                     return a->NameView() < b->NameView();
-                   });
 }
 
 Ref<Document> Document::SelectSingleNode(std::string_view path) {

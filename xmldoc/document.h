@@ -7,6 +7,7 @@
 #include "platform/event_log.h"
 #include "platform/files.h"
 #include "platform/url_fetch.h"
+#include "support/runtime_error.h"
 #include "xmldoc/documents.h"
 #include "xmldoc/fields.h"
 #include "xmldoc/parameters.h"
@@ -25,7 +26,8 @@ enum class TextEnd {
 /// of a tree is a node like any other, and knows how to read and write the whole of it.
 ///
 /// Nodes are made by Create or by the lists, and shared by Ref. Nothing points from a child to its
-/// parent. No operation needs stack in proportion to the depth of a tree.
+/// parent. No operation needs stack in proportion to the depth of a tree. A tree belongs to one
+/// thread at a time. Unless a call says otherwise it raises nothing but std::bad_alloc.
 ///
 /// The calls that reach outside take the ports that they use; nothing is kept of them.
 class Document {
@@ -37,7 +39,7 @@ class Document {
   /// Trims blanks at both ends. Raises RuntimeError 10007 ("xDocument.Name", "Spaces found in
   /// name") when a blank is left, and keeps the old name then.
   void SetName(std::string_view name);
-  /// The name in place, valid until it is set or the node goes.
+  /// The name in place, valid until it is set or the node is destroyed.
   std::string_view NameView() const { return name_.View(); }
 
   /// What the declaration line says of the document; "1.0" and "ISO-8859-1" while nothing is
@@ -68,9 +70,9 @@ class Document {
 
   /// Orders the children by name, byte for byte, ascending for true, descending for false. Children
   /// of equal names stay in order.
-  void Sort(bool ascending);
+  void Sort(bool ascending) { childs_.Sort(ascending); }
 
-  /// Walks down from this node along keys separated by "." (see NodeKey and TakePathStep), at each
+  /// Walks down from this node along keys separated by "." (see node_key.h), at each
   /// step to the child that the key names, and returns the node reached: this one for the empty
   /// path, a fresh empty document when a step finds nothing.
   Ref<Document> SelectSingleNode(std::string_view path);
@@ -78,9 +80,9 @@ class Document {
   /// Adds what `text` holds to this node; see docs/xml-library.md for the dialect. Nothing is
   /// cleared before, and what was read before a fault stays. Raises nothing. False for an attribute
   /// name with a blank in it, for a text of 1 GiB and more, and, while StopOnLoadError is set, for
-  /// an empty text, stray text behind the last tag and an element that is never closed.
+  /// an empty text, stray text after the last tag and an element that is never closed.
   bool XMLImport(std::string_view text);
-  /// The same, and says whether the text was cut off, which a tolerant import passes over. `end` is
+  /// The same, and reports whether the text was cut off, which a tolerant import accepts. `end` is
   /// CutOff as well when the reading stopped at a fault.
   bool XMLImport(std::string_view text, TextEnd& end);
 
@@ -88,7 +90,7 @@ class Document {
   /// event log, one that cannot be read, or for which memory runs out, "I/O error: " and the name;
   /// both give false. Raises nothing.
   bool XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log);
-  /// The same, and says whether the text was cut off; `end` is CutOff when there was none.
+  /// The same, and reports whether the text was cut off; `end` is CutOff when there was no text.
   bool XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log, TextEnd& end);
 
   /// XMLImport of what `url` names, which `url` holds afterwards. `protocol`: 0 HTTP, 1 or -1
@@ -107,13 +109,12 @@ class Document {
   /// The same on a view, which is moved forward: for long attribute texts, as nothing is copied.
   static void GetNextParameter(std::string_view& attributes, std::string& name, std::string& value);
 
-  /// The text of this node and all below it. It names an unnamed root "xml", and stores the
-  /// defaults of Version and Encoding when they are empty, unless the root is written without
-  /// content. A node is left out within itself. Raises RuntimeError "Overflow" for a text of 2 GiB
-  /// and more.
+  /// The text of this node and all below it. Names an unnamed root "xml", and stores the defaults
+  /// of Version and Encoding when they are empty, unless the root is written without content. A
+  /// node is left out within itself. Raises RuntimeError "Overflow" for a text of 2 GiB and more.
   std::string XMLExport();
 
-  /// StringtoFile of XMLExport.
+  /// StringtoFile of XMLExport, whose fault counts as one of writing. Raises nothing.
   bool XMLExportFile(const std::string& fileName, FileReplacer& files, EventLog& log);
 
   /// Makes the file hold `text`, replacing it whole. A fault leaves the file as it was, writes
@@ -122,8 +123,8 @@ class Document {
                            FileReplacer& files, EventLog& log);
 
   /// Fills a template from `document`, or from this node when none is given, and returns the text.
-  /// docs/templates.md says what a template may hold and what it raises. Without ports the
-  /// directives that need one produce an empty text.
+  /// docs/templates.md describes what a template may hold and what it raises. Without ports the
+  /// directives that need one produce an empty text. The ports have to last for the call.
   std::string HTMLExport(std::string_view templateText, Document* document = nullptr);
   std::string HTMLExport(std::string_view templateText, Document* document,
                          const TemplatePorts& ports);
@@ -136,13 +137,8 @@ class Document {
 
  private:
   friend class Ref<Document>;
-  friend class NodeMaker;
-  friend class XmlReader;
-  friend class BusyMark;
-  template <typename Node>
-  friend class NodeList;
-  template <typename Sink>
-  friend class TreeWriter;
+  friend class NodeMaker;  // puts a node and its texts into one block of memory
+  friend class BusyMark;   // the one way to set Busy
 
   /// What most nodes leave empty.
   struct Rare;
@@ -166,7 +162,7 @@ class Document {
   Documents childs_;
   union {
     Rare* rare_ = nullptr;  // may be none
-    Document* nextDying_;   // once the last reference is gone
+    Document* nextDying_;   // once the last reference has been dropped
   };
 };
 

@@ -38,7 +38,7 @@ bool Document::XMLImportFile(const std::string& fileName, FileReader& files, Eve
     std::string text;
     if (files.ReadText(fileName, text) == ReadResult::Ok) return ReadText(text, end);
   } catch (const std::exception&) {
-    // Whatever went wrong, a want of memory above all, is a fault of reading the file.
+    // Whatever went wrong, a lack of memory above all, is a fault of reading the file.
   }
   WriteIoError(fileName, log);
   return false;

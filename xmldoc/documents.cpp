@@ -1,8 +1,9 @@
 #include "xmldoc/documents.h"
 
+#include <algorithm>
+
 #include "xmldoc/document.h"
 #include "xmldoc/node_key.h"
-#include "xmldoc/rules/letter_case.h"
 
 namespace tarvo {
 
@@ -11,7 +12,7 @@ Ref<Document> Documents::Child(int index) const {
 }
 
 Ref<Document> Documents::Child(std::string_view key) const {
-  const int index = IndexOf(key);
+  const int index = LastOfKey(list_, key);
   const bool isPath = index < 0 && key.find('.') != std::string_view::npos;
   return isPath ? AtPath(key) : Child(index);
 }
@@ -21,21 +22,11 @@ Ref<Document> Documents::AtPath(std::string_view path) const {
   Ref<Document> node;
   for (bool more = true; more; childs = &node->Childs()) {
     const std::string step = TakePathStep(path, more);
-    const int index = childs->IndexOf(step);
+    const int index = LastOfKey(childs->list_, step);
     if (index < 0) return Document::Create();
     node = childs->Child(index);
   }
   return node;
-}
-
-int Documents::IndexOf(std::string_view key) const {
-  const NodeKey wanted(key);
-  int index = list_.Size() - 1;
-  while (index >= 0 &&
-         !wanted.Matches(list_.At(index)->NameView(), list_.At(index)->Parameters())) {
-    --index;
-  }
-  return index;
 }
 
 int Documents::AddChild(std::string_view name, int index) {
@@ -50,7 +41,9 @@ Ref<Document> Documents::RemoveChild(int index) {
   return list_.Has(index) ? list_.Remove(index) : Document::Create();
 }
 
-Ref<Document> Documents::RemoveChild(std::string_view key) { return RemoveChild(IndexOf(key)); }
+Ref<Document> Documents::RemoveChild(std::string_view key) {
+  return RemoveChild(LastOfKey(list_, key));
+}
 
 Ref<Document> Documents::SetChild(int index, Ref<Document> node) {
   if (!list_.Has(index) || !node) return Document::Create();
@@ -58,15 +51,18 @@ Ref<Document> Documents::SetChild(int index, Ref<Document> node) {
 }
 
 int Documents::SearchChild2(std::string_view name, bool ignoreCase) const {
-  for (int index = list_.Size() - 1; index >= 0; --index) {
-    const std::string_view its = list_.At(index)->NameView();
-    if (ignoreCase ? EqualIgnoringCase(its, name) : its == name) return index;
-  }
-  return -1;
+  return LastOfName(list_, name, ignoreCase);
 }
 
 Ref<Document> Documents::SearchChild(std::string_view name, bool ignoreCase) const {
   return Child(SearchChild2(name, ignoreCase));
+}
+
+void Documents::Sort(bool ascending) {
+  std::stable_sort(list_.begin(), list_.end(), [ascending](const Document* a, const Document* b) {
+    if (!ascending) std::swap(a, b);
+    return a->NameView() < b->NameView();
+  });
 }
 
 }  // namespace tarvo

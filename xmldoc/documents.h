@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <utility>
 
 #include "xmldoc/nodes/node_list.h"
 #include "xmldoc/nodes/ref.h"
@@ -9,8 +10,8 @@ namespace tarvo {
 
 class Document;
 
-/// The ordered list of a node's child nodes. Names may repeat. Letter case is that of
-/// letter_case.h.
+/// The ordered list of a node's child nodes, each of which it keeps alive. Names may repeat. Letter
+/// case is that of letter_case.h.
 ///
 /// Keys: a number is always an index from 0, a text always a NodeKey: a name in any letter case,
 /// perhaps with a condition; of several matches the last wins. Child takes a text that matches no
@@ -46,17 +47,21 @@ class Documents {
   /// The index of what SearchChild finds, or -1.
   int SearchChild2(std::string_view name, bool ignoreCase = false) const;
 
- private:
-  friend class Document;
-  friend class XmlReader;
-  friend class TemplateEngine;
-  friend class TemplatePath;
-  template <typename Sink>
-  friend class TreeWriter;
-
-  int IndexOf(std::string_view key) const;
-  /// The node at the end of a path, a fresh empty document when a step finds nothing.
+  /// The node at the end of a path of keys, which is not empty; a fresh empty document when a step
+  /// finds nothing.
   Ref<Document> AtPath(std::string_view path) const;
+
+  /// Orders the nodes by name, byte for byte, ascending for true, descending for false. Nodes of
+  /// equal names stay in order.
+  void Sort(bool ascending);
+
+  /// Adds a node, of whatever name, at the end. Other lists may hold it as well.
+  void Append(Ref<Document> node) { list_.Append(std::move(node)); }
+  /// The nodes in place, for loops that count no references. Valid until the list changes.
+  const NodeList<Document>& Nodes() const { return list_; }
+
+ private:
+  friend class Document;  // takes a dying tree apart, whose lists forget their nodes
 
   NodeList<Document> list_;
 };

@@ -2,7 +2,6 @@
 
 #include <new>
 
-#include "xmldoc/rules/names.h"
 #include "xmldoc/rules/text_rules.h"
 
 namespace tarvo {

@@ -37,15 +37,14 @@ class Field {
 
   tarvo::Parameters& Parameters() { return parameters_; }
 
-  /// The texts in place, valid until they are set or the node goes; the value in its kept form.
+  /// The texts in place, valid until they are set or the node is destroyed; the value in its kept
+  /// form.
   std::string_view NameView() const { return name_.View(); }
   std::string_view EscapedValueView() const { return value_.View(); }
 
  private:
   friend class Ref<Field>;
-  friend class NodeMaker;
-  template <typename Node>
-  friend class NodeList;
+  friend class NodeMaker;  // puts a field and its texts into one block of memory
 
   Field() = default;
   ~Field() = default;

@@ -19,24 +19,10 @@ Ref<Field> Fields::Field(int index) const {
   return list_.Has(index) ? Ref<tarvo::Field>(list_.At(index)) : tarvo::Field::Create();
 }
 
-Ref<Field> Fields::Field(std::string_view key) const { return Field(IndexOf(key)); }
-
-int Fields::IndexOf(std::string_view key) const {
-  const NodeKey wanted(key);
-  int index = list_.Size() - 1;
-  while (index >= 0 &&
-         !wanted.Matches(list_.At(index)->NameView(), list_.At(index)->Parameters())) {
-    --index;
-  }
-  return index;
-}
+Ref<Field> Fields::Field(std::string_view key) const { return Field(LastOfKey(list_, key)); }
 
 Ref<Field> Fields::SearchField(std::string_view name, bool ignoreCase) const {
-  for (int index = list_.Size() - 1; index >= 0; --index) {
-    const std::string_view its = list_.At(index)->NameView();
-    if (ignoreCase ? EqualIgnoringCase(its, name) : its == name) return Field(index);
-  }
-  return tarvo::Field::Create();
+  return Field(LastOfName(list_, name, ignoreCase));
 }
 
 int Fields::AddField(std::string_view name, std::string_view value, std::string_view encodePassword,
@@ -54,7 +40,7 @@ Ref<Field> Fields::RemoveField(int index) {
   return list_.Has(index) ? list_.Remove(index) : tarvo::Field::Create();
 }
 
-Ref<Field> Fields::RemoveField(std::string_view key) { return RemoveField(IndexOf(key)); }
+Ref<Field> Fields::RemoveField(std::string_view key) { return RemoveField(LastOfKey(list_, key)); }
 
 void Fields::Sort(bool ascending) {
   std::stable_sort(list_.begin(), list_.end(),

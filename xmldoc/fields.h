@@ -2,14 +2,15 @@
 
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "xmldoc/field.h"
 #include "xmldoc/nodes/node_list.h"
 
 namespace tarvo {
 
-/// The ordered list of a node's fields. Names may repeat. Letter case is that
-/// of letter_case.h.
+/// The ordered list of a node's fields, each of which it keeps alive. Names may repeat. Letter case
+/// is that of letter_case.h.
 ///
 /// Keys: a number is always an index from 0, a text always a NodeKey: a name in any letter case,
 /// perhaps with a condition; of several matches the last wins. A key outside the list changes
@@ -42,15 +43,12 @@ class Fields {
   /// equal names stay in order.
   void Sort(bool ascending);
 
+  /// Adds a field, of whatever name, at the end. Other lists may hold it as well.
+  void Append(Ref<tarvo::Field> field) { list_.Append(std::move(field)); }
+  /// The fields in place, for loops that count no references. Valid until the list changes.
+  const NodeList<tarvo::Field>& Nodes() const { return list_; }
+
  private:
-  friend class Document;
-  friend class XmlReader;
-  friend class TemplatePath;
-  template <typename Sink>
-  friend class TreeWriter;
-
-  int IndexOf(std::string_view key) const;
-
   NodeList<tarvo::Field> list_;
 };
 

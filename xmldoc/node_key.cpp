@@ -1,12 +1,9 @@
 #include "xmldoc/node_key.h"
 
-#include "xmldoc/rules/letter_case.h"
 #include "xmldoc/rules/text_rules.h"
 
 namespace tarvo {
 namespace {
-
-bool IsQuote(char c) { return c == '"' || c == '\''; }
 
 std::string_view WithoutQuotes(std::string_view value) {
   if (value.size() >= 2 && IsQuote(value.front()) && value.front() == value.back()) {
@@ -16,7 +13,7 @@ std::string_view WithoutQuotes(std::string_view value) {
   return value;
 }
 
-/// Position of the "." that ends the step, or the end. Quotes count only behind an "@": before it
+/// Position of the "." that ends the step, or the end. Quotes count only after an "@": before it
 /// they are letters of a name.
 std::size_t EndOfStep(std::string_view path) {
   char quote = 0;

@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "xmldoc/rules/names.h"
+#include "xmldoc/rules/text_rules.h"
 
 namespace tarvo {
 

@@ -23,14 +23,12 @@ class Parameter {
   std::string Value() const { return std::string(value_.View()); }
   void SetValue(std::string_view value) { value_.Assign(value); }
 
-  /// The texts in place, valid until they are set or the node goes.
+  /// The texts in place, valid until they are set or the node is destroyed.
   std::string_view NameView() const { return name_.View(); }
   std::string_view ValueView() const { return value_.View(); }
 
  private:
   friend class Ref<Parameter>;
-  template <typename Node>
-  friend class NodeList;
 
   Parameter() = default;
   ~Parameter() = default;

@@ -1,5 +1,6 @@
 #include "xmldoc/parameters.h"
 
+#include "xmldoc/node_key.h"
 #include "xmldoc/rules/letter_case.h"
 
 namespace tarvo {
@@ -19,9 +20,7 @@ void Parameters::Unpack() {
 
 int Parameters::IndexOf(std::string_view name) {
   Unpack();
-  int index = list_.Size() - 1;
-  while (index >= 0 && !EqualIgnoringCase(list_.At(index)->NameView(), name)) --index;
-  return index;
+  return LastOfName(list_, name, true);
 }
 
 Ref<Parameter> Parameters::Parameter(int index) {

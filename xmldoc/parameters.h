@@ -2,14 +2,13 @@
 
 #include <string_view>
 
-#include "support/append_string.h"
 #include "xmldoc/nodes/node_list.h"
 #include "xmldoc/nodes/packed_attributes.h"
 #include "xmldoc/parameter.h"
 
 namespace tarvo {
 
-/// The ordered list of an element's attributes. Names may repeat.
+/// The ordered list of an element's attributes, each of which it keeps alive. Names may repeat.
 ///
 /// Keys: a number is always an index from 0, a text always a name, compared without regard to
 /// letter case; of several matches the last wins. A key outside the list changes nothing and gives
@@ -34,7 +33,8 @@ class Parameters {
   /// Whether there is an attribute of that name, in any letter case.
   bool Holds(std::string_view name) const;
 
-  /// Calls visit(nameView, valueView) for each attribute, in order. `visit` leaves the list alone.
+  /// Calls visit(nameView, valueView) for each attribute, in order. `visit` must not change the
+  /// list.
   template <typename Visit>
   void ForEach(Visit visit) const {
     if (packed_.Any()) {
@@ -43,13 +43,15 @@ class Parameters {
       for (tarvo::Parameter* one : list_) visit(one->NameView(), one->ValueView());
     }
   }
-  /// All attributes as written, when they lie ready; empty when they have to be put together.
+  /// All attributes as the writer writes them, while they are as an import left them; empty
+  /// otherwise, and for no attributes.
   std::string_view ReadyText() const { return packed_.Text(); }
 
- private:
-  friend class NodeMaker;
-
+  /// Takes the attributes of an import as its own, without copying: their bytes have to live as
+  /// long as this list, which is still empty.
   void Show(PackedAttributes packed) { packed_ = packed; }
+
+ private:
   void Unpack();
   int IndexOf(std::string_view name);
 

@@ -5,8 +5,8 @@
 
 namespace tarvo {
 
-/// One mail. The texts are in the system's ANSI code page and come from anywhere: whoever sends the
-/// mail keeps line ends and the like in them from becoming header lines or commands.
+/// One mail. The texts are in the system's ANSI code page and come from anywhere: a Mailer keeps
+/// line ends and the like in them from becoming header lines or commands.
 struct MailMessage {
   std::string server;  ///< Name or address of the mail server.
   int port = 25;       ///< 1 to 65535.
@@ -23,7 +23,8 @@ struct MailMessage {
 class Mailer {
  public:
   virtual ~Mailer() = default;
-  /// Nothing when the server took the mail for every recipient; otherwise why not, in one line.
+  /// Waits until the mail is handed over or has failed. Nothing when the server accepted it for
+  /// every recipient; otherwise why not, in one line.
   virtual std::optional<std::string> Send(const MailMessage& message) = 0;
 };
 

@@ -2,19 +2,16 @@
 
 #include <algorithm>
 
+#include "support/text.h"
 #include "xmldoc/mail/mail_address_syntax.h"
 
 namespace tarvo {
 namespace {
 
-std::string_view Stripped(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const auto first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
-}
+constexpr std::string_view kBlanks = " \t\r\n";
 
-/// The place of the first character outside of double quotes that is `wanted`, or the text's end.
+/// The position of the first character outside of double quotes that is `wanted`, or the text's
+/// end.
 template <typename Wanted>
 std::size_t FindOutsideQuotes(std::string_view text, CharacterForm form, Wanted wanted) {
   bool inQuotes = false;
@@ -51,8 +48,8 @@ std::optional<MailAddress> ReadOne(std::string_view text, CharacterForm form) {
   MailAddress one;
   const auto open = FindOutsideQuotes(text, form, [](char c) { return c == '<'; });
   if (open < text.size() && text.back() == '>') {
-    one.name = InOneLine(Unquoted(Stripped(text.substr(0, open)), form));
-    text = Stripped(text.substr(open + 1, text.size() - open - 2));
+    one.name = InOneLine(Unquoted(Trimmed(text.substr(0, open), kBlanks), form));
+    text = Trimmed(text.substr(open + 1, text.size() - open - 2), kBlanks);
   }
   if (!IsMailAddress(text)) return std::nullopt;
   one.address = std::string(text);
@@ -68,7 +65,7 @@ std::string_view TakePlace(std::string_view& list, CharacterForm form) {
   });
   const std::string_view place = list.substr(0, end);
   list.remove_prefix(std::min(end + 1, list.size()));
-  return Stripped(place);
+  return Trimmed(place, kBlanks);
 }
 
 }  // namespace

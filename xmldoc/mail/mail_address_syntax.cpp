@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <optional>
 
+#include "xmldoc/rules/text_rules.h"
+
 namespace tarvo {
 namespace {
 
 constexpr std::size_t kMostAddress = 254;
 constexpr std::size_t kMostLabel = 63;
-constexpr std::string_view kIpV6Tag = "IPV6:";
+constexpr std::string_view kIpV6Tag = "ipv6:";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 char Raised(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
@@ -20,7 +22,7 @@ bool IsAtomText(char c) {
   return IsLetter(c) || IsDigit(c) || kSigns.find(c) != std::string_view::npos;
 }
 
-/// Whether the text is parts with single separators between them, each of which `isPart` takes.
+/// Whether the text is parts with single separators between them, each accepted by `isPart`.
 template <typename IsPart>
 bool IsListOf(std::string_view text, char separator, IsPart isPart) {
   for (;;) {
@@ -84,13 +86,11 @@ bool IsIpV6(std::string_view text) {
 bool IsAddressLiteral(std::string_view text) {
   if (text.size() < 2 || text.front() != '[' || text.back() != ']') return false;
   text = text.substr(1, text.size() - 2);
-  const bool tagged =
-      text.size() >= kIpV6Tag.size() && std::equal(kIpV6Tag.begin(), kIpV6Tag.end(), text.begin(),
-                                                   [](char a, char b) { return a == Raised(b); });
+  const bool tagged = IsKeyword(text.substr(0, kIpV6Tag.size()), kIpV6Tag);
   return tagged ? IsIpV6(text.substr(kIpV6Tag.size())) : IsIpV4(text);
 }
 
-/// The place behind the closing quote of the text in quotes that a text begins with; 0 for none.
+/// The position after the closing quote of a quoted string at the start of the text; 0 for none.
 std::size_t QuotedEnd(std::string_view text) {
   for (std::size_t i = 1; i < text.size(); ++i) {
     if (text[i] == '"') return i + 1;

@@ -1,7 +1,8 @@
 #include "xmldoc/mail/mail_charset.h"
 
-#include <algorithm>
 #include <utility>
+
+#include "xmldoc/rules/text_rules.h"
 
 namespace tarvo {
 namespace {
@@ -27,14 +28,7 @@ constexpr std::pair<std::string_view, CharacterForm> kForms[] = {
     {"gb18030", CharacterForm::Gb18030},
 };
 
-char Lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool SameName(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return Lowered(a) == Lowered(b); });
-}
-
-/// A byte of the text as a number, 0 behind its end.
+/// A byte of the text as a number, 0 past its end.
 unsigned ByteAt(std::string_view text, std::size_t at) {
   return at < text.size() ? static_cast<unsigned char>(text[at]) : 0;
 }
@@ -75,7 +69,7 @@ std::size_t Gb18030Size(std::string_view text) {
 
 CharacterForm CharacterFormOf(std::string_view charset) {
   for (const auto& [name, form] : kForms) {
-    if (SameName(name, charset)) return form;
+    if (IsKeyword(charset, name)) return form;
   }
   return CharacterForm::SingleByte;
 }

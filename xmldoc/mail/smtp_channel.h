@@ -24,14 +24,14 @@ struct SmtpAnswer {
   int Kind() const { return code / 100; }
 };
 
-/// The words that stand for how a call on a connection ended.
+/// How a call on a connection ended, in words.
 const char* ReasonOf(StreamOutcome outcome);
 /// The reason for a step that the server has refused.
 std::string ReasonOf(const std::string& step, const SmtpAnswer& answer);
 
 /// Commands and answers over one connection. Every call raises SmtpFault, which names the step,
-/// when the connection fails, the time is over, or the answer is none. Times are milliseconds above
-/// 0, for the whole call.
+/// when the connection fails, the time is over, or what comes is no answer. Times are milliseconds
+/// above 0, for the whole call. It owns the connection; the clock has to outlive it.
 class SmtpChannel {
  public:
   SmtpChannel(std::unique_ptr<TcpStream> stream, TickClock& ticks)
@@ -44,7 +44,7 @@ class SmtpChannel {
   /// all the same to refuse, nothing more is sent and its words are the fault's reason.
   void SendPart(const std::string& step, std::string_view bytes, std::uint32_t milliseconds);
 
-  /// The code that has come, be it of an answer that broke off behind it; 0 for none. To be asked
+  /// The code that has come, even of an answer that broke off after it; 0 for none. To be called
   /// after Ask.
   int CodeBegun() const;
 

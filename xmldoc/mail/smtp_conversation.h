@@ -12,11 +12,11 @@ namespace tarvo {
 /// The server has refused, and waits for the next command.
 struct SmtpRefusal : SmtpFault {};
 
-/// A mail with the addresses that it goes by.
+/// A mail and its envelope.
 struct SmtpDelivery {
   std::string sender;
   std::vector<std::string> recipients;  ///< At least one.
-  std::string text;                     ///< As it is sent behind DATA, its last line the ".".
+  std::string text;                     ///< As it is sent after DATA, its last line the ".".
 };
 
 /// One conversation with a server (RFC 5321): Greet, Deliver, Quit. A refusal is raised as

@@ -13,7 +13,7 @@ struct SmtpLimits {
   std::uint32_t command = 300000;     ///< EHLO, HELO, MAIL FROM and each RCPT TO, with its answer.
   std::uint32_t data = 120000;        ///< DATA with its answer.
   std::uint32_t block = 180000;       ///< For each block of the mail itself.
-  std::uint32_t lastAnswer = 600000;  ///< Behind the mail: while the server delivers it.
+  std::uint32_t lastAnswer = 600000;  ///< After the mail: while the server delivers it.
   std::uint32_t farewell = 10000;     ///< QUIT with its answer, on which nothing depends.
 };
 

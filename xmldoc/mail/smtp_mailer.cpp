@@ -118,7 +118,7 @@ std::unique_ptr<SmtpConversation> SmtpMailer::ReachAddress(const std::string& ad
 }
 
 std::uint64_t SmtpMailer::NextSerial() {
-  // The tick count tells the mails of one mailer from those of the next one.
+  // The tick count distinguishes the mails of one mailer from those of the next one.
   return std::uint64_t{++sent_} << 32 | ticks_.Milliseconds();
 }
 

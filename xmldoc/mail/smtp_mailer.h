@@ -15,7 +15,7 @@ namespace tarvo {
 
 class SmtpConversation;
 
-/// What a mailer says of itself, and how long it waits.
+/// How a mailer introduces itself, and how long it waits.
 struct SmtpSettings {
   std::string helloName = "[127.0.0.1]";  ///< A full domain name or an address in brackets.
   std::string charset = "windows-1252";   ///< Name of the code page of the texts, see MailContent.
@@ -29,8 +29,11 @@ struct SmtpSettings {
 /// greets; the reason of a failure there is the last one's. A mail is sent for all its recipients
 /// or for none: when the server refuses one of them, the mail is not handed over. The reason that
 /// Send gives names the step, and the server's answer, "no answer in time", "connection closed",
-/// "no connection" or "no address found". A server that takes the mail and then fails has taken it;
-/// where only it knows whether it has, the reason says so.
+/// "no connection" or "no address found". A mail that the server has accepted counts as sent,
+/// whatever fails afterwards; where only the server knows whether it has, the reason says so.
+///
+/// Send returns when all that is done, after minutes at worst, and raises only std::bad_alloc. The
+/// ports have to outlive the mailer.
 class SmtpMailer : public Mailer {
  public:
   SmtpMailer(TcpConnector& connector, TickClock& ticks, UtcClock& clock, SmtpSettings settings = {})

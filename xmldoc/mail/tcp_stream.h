@@ -28,7 +28,7 @@ class TcpStream {
   virtual StreamOutcome Receive(std::string& bytes, std::uint32_t milliseconds) = 0;
 };
 
-/// Makes connections.
+/// Makes connections. Its streams do not outlive it. Times are milliseconds from the call on.
 class TcpConnector {
  public:
   virtual ~TcpConnector() = default;

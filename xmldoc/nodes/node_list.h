@@ -10,9 +10,9 @@
 
 namespace tarvo {
 
-/// The array behind `Documents`, `Fields` and `Parameters`: it holds one count of each of its
-/// nodes. 16 bytes; a list of one node needs no array. Positions out of range are the caller's
-/// mistake.
+/// The array in `Documents`, `Fields` and `Parameters`: it owns one reference to each of its nodes.
+/// 16 bytes; a list of one node needs no array. Positions run from 0 to Size() - 1; any other is
+/// the caller's mistake. What adds a node raises std::bad_alloc, and the list is as it was then.
 template <typename Node>
 class NodeList {
  public:
@@ -28,6 +28,13 @@ class NodeList {
   Node* const* end() const { return begin() + size_; }
   Node** begin() { return capacity_ == 0 ? &slot_.single : slot_.array; }
   Node** end() { return begin() + size_; }
+  /// The position of the last node for which `matches(node)` is true; -1 for none.
+  template <typename Matches>
+  int LastThat(Matches matches) const {
+    int index = Size() - 1;
+    while (index >= 0 && !matches(*At(index))) --index;
+    return index;
+  }
 
   /// Makes room for one more, so that the next Append or Insert cannot fail.
   void Reserve() {
@@ -55,7 +62,7 @@ class NodeList {
     return node;
   }
   void Clear() {
-    for (Node* node : *this) node->DropReference();
+    for (Node* node : *this) Ref<Node>::Adopt(node);
     Abandon();
   }
   void Swap(NodeList& other) {
@@ -63,7 +70,7 @@ class NodeList {
     std::swap(size_, other.size_);
     std::swap(capacity_, other.capacity_);
   }
-  /// Forgets the nodes without dropping their counts, which the caller has taken over.
+  /// Forgets the nodes without dropping their references, which the caller has taken over.
   void Abandon() {
     size_ = 0;
     FreeArray();

@@ -10,7 +10,7 @@ namespace {
 using UserCount = std::uint64_t;
 constexpr std::size_t kSmallestChunk = 512;
 constexpr std::size_t kLargestChunk = 64 * 1024 - 64;
-// Larger nodes stand alone: they would leave too much of a chunk unused.
+// Larger nodes get a block of their own: they would leave too much of a chunk unused.
 constexpr std::size_t kLargestPooled = 4 * 1024;
 
 void DropUser(char* chunk) {

@@ -14,9 +14,9 @@ struct NodeHeader {
   std::uint8_t stopOnLoadError = 0;  ///< Documents only.
 };
 
-/// Memory for the nodes of one import: nodes stand one behind the other in chunks, as they come in
-/// the text. A chunk goes back to the system when the last node in it is gone, so nodes need not
-/// know the pool, which is gone long before them.
+/// Memory for the nodes of one import, which are put one after the other into chunks, in the order
+/// of the text. A chunk is returned to the system when its last node has been freed, so nodes need
+/// not know the pool, which is destroyed long before them.
 class NodePool {
  public:
   /// `expectedBytes`: about how much will be asked for; small imports get a small chunk. 0 gives
@@ -27,6 +27,7 @@ class NodePool {
   NodePool& operator=(const NodePool&) = delete;
 
   /// `bytes` of memory, aligned for any node. `place` is for the header of the node put there.
+  /// Raises std::bad_alloc.
   void* Allocate(std::size_t bytes, std::uint16_t& place) {
     bytes = (bytes + 7) & ~std::size_t{7};
     if (bytes > room_) return AllocateElsewhere(bytes, place);
@@ -38,7 +39,7 @@ class NodePool {
     return memory;
   }
 
-  /// Memory for a node that stands on its own; its header's place is 0. Raises std::bad_alloc.
+  /// Memory for a single node, whose header's place is 0. Raises std::bad_alloc.
   static void* AllocateAlone(std::size_t bytes);
   /// Gives back what Allocate or AllocateAlone returned.
   static void Free(void* memory, std::uint16_t place);

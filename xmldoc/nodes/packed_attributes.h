@@ -11,6 +11,7 @@ namespace tarvo {
 /// Attributes as an import leaves them, in one run of bytes: how many, the bytes of the text, the
 /// two lengths of each, and the text as the writer writes it: ` name="value" name="value"`. Most
 /// attributes are only ever read and written again; objects are made of them when one is asked for.
+/// The bytes belong to somebody else, and have to outlive the view.
 class PackedAttributes {
  public:
   static constexpr std::size_t kQuoting = 4;  // blank, equals sign and two quotes
@@ -68,9 +69,9 @@ class AttributePacker {
   /// `from` on, as long as there are any and they hold no sign that ends a tag or breaks its line.
   /// Returns where they end. The text has to stay until CopyTo.
   const char* TakeWritten(const char* from, const char* end);
-  /// Makes room for the attributes that lie in so many bytes of tag text.
+  /// Makes room for the attributes that so many bytes of tag text can hold.
   void Reserve(std::size_t tagBytes);
-  /// The name is trimmed already. What Reserve was told bounds what may be added.
+  /// The name is trimmed already. No more may be added than Reserve has made room for.
   void Add(std::string_view name, std::string_view value);
 
   /// Bytes that CopyTo writes; 0 without attributes.

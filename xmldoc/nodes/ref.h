@@ -6,12 +6,12 @@
 namespace tarvo {
 
 /// A shared reference to a node of a document: the node lives as long as one reference to it does,
-/// wherever it has been taken out of. The count lies in the node, so a reference is one pointer.
+/// whatever list it has been taken out of. The count is in the node, so a reference is one pointer.
 ///
 /// Counts are not atomic: a document and its nodes belong to one thread at a time. Nodes that refer
 /// to each other in a circle keep each other alive until the circle is opened (RemoveChild,
 /// SetChild). No operation of the library returns an empty reference; a default-constructed one is
-/// empty.
+/// empty. A node's class befriends its Ref, which calls AddReference and DropReference.
 template <typename Node>
 class Ref {
  public:
@@ -36,13 +36,13 @@ class Ref {
   explicit operator bool() const { return node_ != nullptr; }
   friend bool operator==(const Ref& a, const Ref& b) { return a.node_ == b.node_; }
 
-  /// Takes over a count that the caller holds already.
+  /// Takes over a reference that the caller has counted already.
   static Ref Adopt(Node* node) {
     Ref reference;
     reference.node_ = node;
     return reference;
   }
-  /// Hands the count over to the caller; this reference is empty afterwards.
+  /// Hands the counted reference over to the caller; this one is empty afterwards.
   Node* Detach() { return std::exchange(node_, nullptr); }
 
  private:

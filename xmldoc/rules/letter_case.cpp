@@ -49,8 +49,8 @@ std::string Mapped(std::string_view text, const std::array<unsigned char, 256>& 
   return mapped;
 }
 
-/// A name differs from another one mostly in its ASCII letters: the code page is asked for what
-/// stands behind them alone.
+/// A name differs from another one mostly in its ASCII letters: the code page is asked only for
+/// what comes after them.
 bool EqualByCodePage(std::string_view a, std::string_view b) {
   std::size_t i = 0;
   for (; i < a.size() && IsAscii(a[i]) && IsAscii(b[i]); ++i) {

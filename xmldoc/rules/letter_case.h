@@ -16,10 +16,10 @@ struct Letters {
   CodePage* severalBytes = nullptr;
 };
 
-/// While it lives, the library compares by the letters of this code page, which has to live as
-/// long; without one by A to Z alone. It counts for the whole program, as the system has one such
-/// code page; with several of these the last made counts. To be made before there are texts in
-/// order: a sorted list is not sorted again.
+/// While it exists, the library compares by the letters of this code page, which has to outlive it;
+/// without one by A to Z alone. It applies to the whole program, as the system has one such code
+/// page; of several, the one made last applies. To be made before there are texts in order: a
+/// sorted list is not sorted again.
 class LettersInUse {
  public:
   explicit LettersInUse(CodePage& codePage);
@@ -34,6 +34,7 @@ class LettersInUse {
   LettersInUse* below_;
 };
 
+/// The text in lower or upper case; a code page may change its length.
 std::string LowerCased(std::string_view text);
 std::string UpperCased(std::string_view text);
 

@@ -2,12 +2,16 @@
 
 #include <algorithm>
 
+#include "support/runtime_error.h"
+
 namespace tarvo {
 namespace {
 
 char LowerKeywordLetter(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
+
+bool HasBlank(std::string_view name) { return name.find(' ') != std::string_view::npos; }
 
 }  // namespace
 
@@ -21,6 +25,18 @@ bool IsKeyword(std::string_view text, std::string_view keyword) {
   return text.size() == keyword.size() &&
          std::equal(text.begin(), text.end(), keyword.begin(),
                     [](char c, char letter) { return LowerKeywordLetter(c) == letter; });
+}
+
+std::string_view CheckedName(std::string_view name) {
+  name = WithoutOuterBlanks(name);
+  if (HasBlank(name)) throw RuntimeError(1, "Name", "Spaces found in the name");
+  return name;
+}
+
+std::string_view CheckedDocumentName(std::string_view name) {
+  name = WithoutOuterBlanks(name);
+  if (HasBlank(name)) throw RuntimeError(10007, "xDocument.Name", "Spaces found in name");
+  return name;
 }
 
 std::string Escaped(std::string_view text) {

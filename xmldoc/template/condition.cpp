@@ -17,9 +17,7 @@ constexpr std::string_view kVar = "var(";
 /// The text as a "when" is read: in lower case, without quotes.
 std::string Normal(std::string_view text) {
   std::string normal = LowerCased(text);
-  normal.erase(
-      std::remove_if(normal.begin(), normal.end(), [](char c) { return c == '"' || c == '\''; }),
-      normal.end());
+  std::erase_if(normal, IsQuote);
   return normal;
 }
 
@@ -47,7 +45,8 @@ Condition::Condition(std::string_view text) {
   std::size_t nextAnd = rest.find(kAnd);
   std::size_t start = 0;
   for (;;) {
-    // Each is looked for again only once it lies behind, so that a long condition costs one pass.
+    // Each is looked for again only once it has been passed, so that a long condition costs one
+    // pass.
     if (nextOr != std::string_view::npos && nextOr < start) nextOr = rest.find(kOr, start);
     if (nextAnd != std::string_view::npos && nextAnd < start) nextAnd = rest.find(kAnd, start);
     const std::size_t end = std::min(nextOr, nextAnd);

@@ -13,10 +13,10 @@ namespace tarvo {
 ///
 /// Terms are joined by " or " and " and " and combine from left to right, neither before the other.
 /// A term is two sides with an operator of condition_comparison.h between them: the operators are
-/// looked for in their order, and the first one found splits the term where it first stands. In a
-/// side, "var(" name ")" stands for the value of the node's field of that name, or of the field at
-/// the end of a path; everything else stands for itself. What a value holds is never taken for an
-/// operator. See docs/templates.md.
+/// looked for in their order, and the first one found splits the term where it first occurs. In a
+/// side, "var(" name ")" is the value of the node's field of that name, or of the field at the end
+/// of a path; everything else is itself. What a value holds is never taken for an operator. See
+/// docs/templates.md.
 ///
 /// Chosen where the language leaves it open: quotes are dropped, as they are in a "when"; a
 /// condition of nothing but blanks holds for every node; "var(" without its ")" is no valid term.
@@ -34,7 +34,7 @@ class Condition {
  private:
   static constexpr std::size_t kNoPath = static_cast<std::size_t>(-1);
 
-  /// A literal text followed by the value of paths_[path]; none behind the last literal.
+  /// A literal text followed by the value of paths_[path]; none after the last literal.
   struct Piece {
     std::string literal;
     std::size_t path = kNoPath;

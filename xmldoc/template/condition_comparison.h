@@ -6,7 +6,7 @@
 
 namespace tarvo {
 
-/// The comparisons of conditions. `Contains` is "->": the right side stands somewhere in the left.
+/// The comparisons of conditions. `Contains` is "->": the left side holds the right one somewhere.
 enum class Comparison { AtLeast, AtMost, Differs, Contains, Equal, Above, Below };
 
 /// Compares two sides, without the blanks around them: as numbers when both are decimal numbers,

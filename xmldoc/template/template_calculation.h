@@ -14,7 +14,7 @@ namespace tarvo {
 /// It is put together from its parts in order, then finished once, then asked as often as wanted.
 class Calculation {
  public:
-  /// A part of the text, with the blanks, tabs and line ends that may stand anywhere between the
+  /// A part of the text, with the blanks, tabs and line ends that may be anywhere between the
   /// words. Raises the fault of a malformed field for a text that is no calculation, and overflow
   /// (6) for a number beyond the range of a double.
   void AddText(std::string_view text);

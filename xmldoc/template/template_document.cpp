@@ -17,15 +17,15 @@ std::string Document::HTMLExport(std::string_view templateText, Document* docume
 Documents Document::GetChilds(std::string_view condition) const {
   const Condition wanted(condition);
   Documents found;
-  for (Document* child : childs_.list_) {
-    if (wanted.Holds(*child)) found.list_.Append(Ref<Document>(child));
+  for (Document* child : childs_.Nodes()) {
+    if (wanted.Holds(*child)) found.Append(Ref<Document>(child));
   }
   return found;
 }
 
 Ref<Document> Document::SearchChild(std::string_view condition) const {
   const Condition wanted(condition);
-  for (Document* child : childs_.list_) {
+  for (Document* child : childs_.Nodes()) {
     if (wanted.Holds(*child)) return Ref<Document>(child);
   }
   return Create();

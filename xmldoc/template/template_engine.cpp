@@ -124,7 +124,7 @@ bool TemplateEngine::NextChild(Frame& frame) {
   if (frame.siblings != nullptr) return NextSibling(frame);
   const TemplateBlock& block = *frame.block;
   const std::string& name = block.path.LastName();
-  const auto& childs = frame.parent->Childs().list_;
+  const auto& childs = frame.parent->Childs().Nodes();
   while (frame.next < childs.Size() && frame.counted < block.stop) {
     CountLook();
     Document* child = childs.At(frame.next++);

@@ -17,21 +17,24 @@ namespace tarvo {
 /// "set(" alone; ports must not change it meanwhile.
 ///
 /// Blocks come first, field directives outside of them second, mail third: within the body of a
-/// block, as produced for one child, likewise blocks first. So a field is filled where it stands
+/// block, as produced for one child, likewise blocks first. So a field is filled in its place
 /// only when no block follows it in its body; before that block it waits until the last block of
 /// the body is done. Time is in proportion to the children looked at and the output; no stack is
 /// needed in proportion to the nesting.
 class TemplateEngine {
  public:
+  /// Both have to outlive the engine. Raises the faults of ParseTemplate.
   TemplateEngine(std::string_view text, const TemplatePorts& ports);
 
+  /// The filled text. To be called once. Raises what docs/templates.md lists; what "LET" and "set("
+  /// stored before stays.
   std::string Fill(Document& root);
 
  private:
   /// A block that is being produced, or the whole template.
   struct Frame {
     const TemplateBlock* block = nullptr;
-    Document* parent = nullptr;                  // whose children are gone through
+    Document* parent = nullptr;                  // whose children are visited
     int next = 0;                                // child to look at
     TemplateSiblings* siblings = nullptr;        // the children, when several blocks share them
     std::vector<const TemplateColumn*> columns;  // what the condition asks of them
@@ -39,7 +42,7 @@ class TemplateEngine {
     Ref<Document> node;                          // the current one
     std::size_t firstWaiting = 0;
   };
-  /// A field directive whose turn comes when the blocks behind it are done.
+  /// A field directive whose turn comes when the blocks after it are done.
   struct Waiting {
     std::size_t hole;
     const TemplateProgram* field;

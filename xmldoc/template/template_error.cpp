@@ -3,7 +3,7 @@
 namespace tarvo {
 namespace {
 
-// The accented letters stand in the western ANSI code page.
+// The accented letters are those of the western ANSI code page.
 constexpr const char* kNoCondition = "No se ha encontrado una condici\xF3n v\xE1lida";
 constexpr const char* kNoComparison = "No se encuentra la condici\xF3n";
 

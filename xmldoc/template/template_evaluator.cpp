@@ -19,7 +19,7 @@ constexpr const char* kNo = "0";
 constexpr std::string_view kNow = "now";
 constexpr std::string_view kDefaultRandom = "1000";
 
-/// Stores a value in the last field of that name, or in a new one behind the others. A path whose
+/// Stores a value in the last field of that name, or in a new one after the others. A path whose
 /// nodes are not there stores nothing.
 void StoreValue(const TemplatePath& path, Document& node, std::string_view value) {
   if (Field* field = path.FindField(node)) {

@@ -15,7 +15,7 @@ class TemplateEvaluator {
   explicit TemplateEvaluator(const TemplatePorts& ports) : ports_(ports) {}
 
   /// Appends the text of a directive for this node; nothing when it needs a port that is not given,
-  /// and then nothing behind that need is stored either. Raises what docs/templates.md lists.
+  /// and then nothing after that need is stored either. Raises what docs/templates.md lists.
   void Fill(const TemplateProgram& program, Document& node, std::string& text);
 
  private:

@@ -135,7 +135,7 @@ class FieldReader {
     BeginArgument();
   }
 
-  /// The argument that begins behind the current token. In "con" it is a condition when it is the
+  /// The argument that begins after the current token. In "con" it is a condition when it is the
   /// first one, or when its turn is that of a condition and another argument follows.
   void BeginArgument() {
     Frame& frame = Top();

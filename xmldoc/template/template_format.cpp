@@ -21,7 +21,7 @@ constexpr std::string_view kDateTimePattern = "yyyy-mm-dd hh:nn:ss";
 /// What a number format such as "#,##0.00 %" says.
 struct NumberPattern {
   std::string_view before;
-  std::string_view behind;
+  std::string_view after;
   std::size_t leastWhole = 0;
   std::size_t leastFraction = 0;
   std::size_t mostFraction = 0;
@@ -49,7 +49,7 @@ std::optional<NumberPattern> ReadNumberPattern(std::string_view format) {
   const std::string_view fraction =
       point == std::string_view::npos ? std::string_view() : core.substr(point + 1);
   pattern.before = format.substr(0, first);
-  pattern.behind = format.substr(last + 1);
+  pattern.after = format.substr(last + 1);
   pattern.leastWhole = CountOf(whole, '0');
   pattern.leastFraction = CountOf(fraction, '0');
   pattern.mostFraction = pattern.leastFraction + CountOf(fraction, '#');
@@ -58,7 +58,7 @@ std::optional<NumberPattern> ReadNumberPattern(std::string_view format) {
   return pattern;
 }
 
-/// The digits of a number of 0 and above on both sides of its point, rounded to so many behind it,
+/// The digits of a number of 0 and above on both sides of its point, rounded to so many after it,
 /// halves away from 0, as one does by hand with the number as it is printed.
 struct Digits {
   std::string whole;
@@ -112,11 +112,11 @@ std::string FormatNumber(double value, const NumberPattern& pattern) {
   text += pattern.before;
   text += pattern.grouped ? Grouped(digits.whole) : digits.whole;
   if (!digits.fraction.empty()) text += "." + digits.fraction;
-  text += pattern.behind;
+  text += pattern.after;
   return text;
 }
 
-/// The kind that a format begins with, and the pattern behind its separator or the kind's own one.
+/// The kind that a format begins with, and the pattern after its separator or the kind's own one.
 /// Empty when it is no format of a moment.
 std::string_view MomentPattern(std::string_view format) {
   const auto separator = format.find_first_of(",;");

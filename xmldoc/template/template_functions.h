@@ -35,11 +35,11 @@ struct TemplateFunctionRule {
   std::size_t mostArguments;
 };
 
-/// The function that a name stands for: its first three letters in any letter case, but "RANDOM"
-/// whole. Nothing for a name that stands for none.
+/// The function that a name means: its first three letters in any letter case, but "RANDOM"
+/// whole. Nothing for a name that means none.
 const TemplateFunctionRule* FindTemplateFunction(std::string_view name);
 
-/// All in lower case but the first letter, and the first letter behind each ".", "!" or "?" that a
+/// All in lower case but the first letter, and the first letter after each ".", "!" or "?" that a
 /// blank or line end follows.
 std::string SentenceCased(std::string_view text);
 /// All in lower case but the first letter of each word.

@@ -19,7 +19,7 @@ constexpr char kValueMark = '\x01';
 constexpr int kDefaultPort = 25;
 constexpr int kMostPort = 65535;
 
-/// A directive's place: from `start` to before `end`, its tag up to `tagEnd`, its body behind that.
+/// A directive's place: from `start` to before `end`, its tag up to `tagEnd`, its body after that.
 struct MailPlace {
   std::size_t start;
   std::size_t tagEnd;
@@ -59,7 +59,7 @@ class MailTag {
     std::string value;
     if (!place) return value;
     for (std::size_t i = place->start; i < place->start + place->length; ++i) {
-      if (outline_[i] != '"' && outline_[i] != '\'') value += text_[i];
+      if (!IsQuote(outline_[i])) value += text_[i];
     }
     return value;
   }

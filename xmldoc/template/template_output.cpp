@@ -31,7 +31,7 @@ TemplateText TemplateOutput::Take() {
   std::size_t shift = 0;  // what the holes so far have put before the text
   auto value = values_.begin();
   for (const Hole& hole : holes_) {
-    // A value that stands at a hole was added after it.
+    // A value at the position of a hole was added after it.
     for (; value != values_.end() && value->start < hole.position; ++value) {
       whole.values.push_back({value->start + shift, value->length});
     }

@@ -8,7 +8,7 @@
 
 namespace tarvo {
 
-/// A filled text, and where in it produced values stand, which nothing may take for directives.
+/// A filled text, and where in it the produced values are, which nothing may take for directives.
 struct TemplateText {
   struct Range {
     std::size_t start;
@@ -18,7 +18,7 @@ struct TemplateText {
   std::vector<Range> values;  ///< In order; not kept unless asked for.
 };
 
-/// Gathers the output of a template. Values may come later than the text behind them. Raises the
+/// Gathers the output of a template. Values may come later than the text after them. Raises the
 /// fault of a template beyond its bounds when the output passes `mostBytes`.
 class TemplateOutput {
  public:
@@ -31,7 +31,7 @@ class TemplateOutput {
   }
 
   /// Keeps a place at the end of the text open for a value, to be filled once. A place costs 24
-  /// bytes as long as it or one behind it is open or holds something.
+  /// bytes as long as it or one after it is open or holds something.
   std::size_t AddHole();
   static constexpr std::size_t kAtEnd = static_cast<std::size_t>(-1);
 

@@ -26,7 +26,7 @@ bool StartsIgnoringCase(std::string_view text, std::string_view start) {
   return IsKeyword(text.substr(0, start.size()), start);
 }
 
-/// Whether a mail directive stands in the text, or may begin at its end: what follows comes closer
+/// Whether a mail directive is in the text, or may begin at its end: what follows comes closer
 /// when a directive between them produces nothing.
 bool MayBeginMail(std::string_view text) {
   if (FindIgnoringCase(text, kMail) != std::string_view::npos) return true;
@@ -142,8 +142,8 @@ class Parser {
     }
   }
 
-  /// Takes the texts between the blocks apart, and tells opening and closing parts where the other
-  /// one is now.
+  /// Takes the texts between the blocks apart, and lets opening and closing parts know where the
+  /// other one is now.
   void FillWithFields() {
     result_.blocks = std::move(blocks_);
     std::vector<std::size_t> openers;
@@ -202,7 +202,7 @@ class Parser {
   }
 
   void NoteWhatBlocksFollow() {
-    std::vector<bool> blockFollows{false};  // in the bodies that the part lies in
+    std::vector<bool> blockFollows{false};  // in the bodies around the part
     for (auto part = result_.parts.rbegin(); part != result_.parts.rend(); ++part) {
       part->blockFollows = blockFollows.back();
       if (part->kind == Kind::Close) {

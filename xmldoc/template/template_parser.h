@@ -12,20 +12,20 @@
 
 namespace tarvo {
 
-/// A block: over which children of the current node it goes.
+/// A block: which children of the current node it visits.
 struct TemplateBlock {
   TemplatePath path;
   double start;  ///< Bounds of the count among the children of that name, from 1.
   double stop;
   Condition when;
   std::optional<RuntimeError> whenFault;  ///< Raised when the condition is asked.
-  bool isShared;  ///< Another block goes over the same children, and neither lies in a block.
+  bool isShared;  ///< Another block visits the same children, and neither is in a block.
 };
 
 /// A template taken apart, in the order of its text.
 struct TemplatePart {
   enum class Kind {
-    Text,   ///< `text` as it stands.
+    Text,   ///< `text` as it is.
     Field,  ///< fields[index].
     Open,   ///< blocks[index] begins; `other` is the part that closes it.
     Close,  ///< The block ends; `other` is the part that opens it.

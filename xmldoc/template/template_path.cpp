@@ -1,9 +1,22 @@
 #include "xmldoc/template/template_path.h"
 
+#include "xmldoc/node_key.h"
 #include "xmldoc/rules/letter_case.h"
 #include "xmldoc/rules/text_rules.h"
 
 namespace tarvo {
+namespace {
+
+// Goes over the list without counting references: a look that writes to every node that it passes
+// takes twice the memory traffic.
+template <typename Node>
+Node* LastNamed(const NodeList<Node>& list, std::string_view name) {
+  const int index = LastOfName(list, name, true);
+  return index < 0 ? nullptr : list.At(index);
+}
+
+}  // namespace
+
 TemplatePath::TemplatePath(std::string_view path) {
   path = WithoutOuterBlanks(path);
   for (;;) {
@@ -20,32 +33,17 @@ std::string TemplatePath::Key() const {
   return key;
 }
 
-// These go over the lists without counting references: a look that writes to every node that it
-// passes takes twice the memory traffic.
-Document* TemplatePath::LastChildNamed(Document& node, std::string_view name) {
-  const auto& childs = node.Childs().list_;
-  for (int index = childs.Size() - 1; index >= 0; --index) {
-    if (EqualIgnoringCase(childs.At(index)->NameView(), name)) return childs.At(index);
-  }
-  return nullptr;
-}
-
 Document* TemplatePath::Owner(Document& from) const {
   Document* node = &from;
   for (std::size_t i = 0; i + 1 < names_.size() && node != nullptr; ++i) {
-    node = LastChildNamed(*node, names_[i]);
+    node = LastNamed(node->Childs().Nodes(), names_[i]);
   }
   return node;
 }
 
 Field* TemplatePath::FindField(Document& from) const {
   Document* owner = Owner(from);
-  if (owner == nullptr) return nullptr;
-  const auto& fields = owner->Fields().list_;
-  for (int index = fields.Size() - 1; index >= 0; --index) {
-    if (EqualIgnoringCase(fields.At(index)->NameView(), LastName())) return fields.At(index);
-  }
-  return nullptr;
+  return owner == nullptr ? nullptr : LastNamed(owner->Fields().Nodes(), LastName());
 }
 
 void TemplatePath::AppendValue(Document& from, std::string& text) const {

@@ -29,8 +29,6 @@ class TemplatePath {
   void AppendValue(Document& from, std::string& text) const;
 
  private:
-  static Document* LastChildNamed(Document& node, std::string_view name);
-
   std::vector<std::string> names_;
 };
 

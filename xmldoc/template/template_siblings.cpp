@@ -5,9 +5,8 @@
 namespace tarvo {
 
 TemplateSiblings::TemplateSiblings(Document& parent, std::string_view name) {
-  for (int i = 0; i < parent.Childs().Count(); ++i) {
-    const Ref<Document> child = parent.Childs().Child(i);
-    if (EqualIgnoringCase(child->NameView(), name)) nodes_.push_back(child.get());
+  for (Document* child : parent.Childs().Nodes()) {
+    if (EqualIgnoringCase(child->NameView(), name)) nodes_.push_back(child);
   }
 }
 

@@ -29,8 +29,8 @@ class TemplateColumn {
 };
 
 /// The children of one name of one node, and the values that the conditions of several blocks ask
-/// of them: what lies scattered in a large tree is gathered once, and not for each block. The nodes
-/// must neither go nor change meanwhile.
+/// of them: what is scattered over a large tree is gathered once, and not for each block. The nodes
+/// must neither be destroyed nor change meanwhile.
 class TemplateSiblings {
  public:
   TemplateSiblings(Document& parent, std::string_view name);

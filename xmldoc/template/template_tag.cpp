@@ -1,7 +1,6 @@
 #include "xmldoc/template/template_tag.h"
 
-#include <algorithm>
-
+#include "xmldoc/rules/text_rules.h"
 #include "xmldoc/template/template_error.h"
 #include "xmldoc/template/template_path.h"
 
@@ -35,9 +34,7 @@ std::optional<std::string> TemplateAttribute(std::string_view tag, std::string_v
   const auto place = FindTemplateAttribute(tag, name);
   if (!place) return std::nullopt;
   std::string value(tag.substr(place->start, place->length));
-  value.erase(
-      std::remove_if(value.begin(), value.end(), [](char c) { return c == '"' || c == '\''; }),
-      value.end());
+  std::erase_if(value, IsQuote);
   return value;
 }
 

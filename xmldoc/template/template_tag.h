@@ -11,7 +11,7 @@ namespace tarvo {
 /// malformed tag when there is none.
 std::size_t TemplateTagEnd(std::string_view text, std::size_t from);
 
-/// Where the value of an attribute stands in a tag: behind a blank, the attribute's name (given in
+/// Where the value of an attribute is in a tag: after a blank, the attribute's name (given in
 /// lower case, found in any) and "=", up to the second double quote. Nothing when the tag has no
 /// such attribute. Raises the fault of a malformed tag when there are not two double quotes.
 struct TemplateAttributePlace {

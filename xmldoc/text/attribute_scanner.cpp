@@ -2,15 +2,15 @@
 
 #include <algorithm>
 
+#include "xmldoc/rules/text_rules.h"
+
 namespace tarvo {
 namespace {
 
 constexpr auto kNone = std::string_view::npos;
 
-bool IsQuote(char c) { return c == '"' || c == '\''; }
-
 /// Length of the value with its quotes in the plain case, where the general rule needs no search:
-/// two quotes of one kind around it, and behind it the end, or one blank and a name with its "=".
+/// two quotes of one kind around it, and after it the end, or one blank and a name with its "=".
 std::size_t PlainValueLength(std::string_view text) {
   if (text.empty() || !IsQuote(text.front())) return kNone;
   const std::size_t close = text.find(text.front(), 1);

@@ -58,7 +58,7 @@ bool Document::XMLImport(std::string_view text) {
 
 bool Document::XMLImport(std::string_view text, TextEnd& end) {
   end = TextEnd::CutOff;
-  // The result is the only report of bad input, so nothing may escape, not even a want of memory.
+  // The result is the only report of bad input, so nothing may escape, not even a lack of memory.
   try {
     return ReadText(text, end);
   } catch (const std::exception&) {

@@ -36,7 +36,8 @@ class BusyMark {
 };
 
 /// Writes a tree, without its declaration line, to anything that has AddToString(std::string_view).
-/// It keeps a stack of open nodes of its own. The tree must not be changed meanwhile.
+/// It keeps a stack of open nodes of its own. The tree must not be changed meanwhile. Raises what
+/// the sink and the stack raise; no node is Busy afterwards in any case.
 template <typename Sink>
 class TreeWriter {
  public:
@@ -44,7 +45,7 @@ class TreeWriter {
 
   /// The root is written whatever its name; below it, a node without a name is left out with all it
   /// holds, and so is a node that is being written already. False, and something has been written,
-  /// when more than `mostLevels` nodes lie within each other.
+  /// when nodes are nested more than `mostLevels` deep.
   bool Write(Document& root, std::size_t mostLevels = static_cast<std::size_t>(-1)) {
     StartNode(root);
     while (!open_.empty()) {
@@ -66,10 +67,10 @@ class TreeWriter {
   };
 
   static Document* NextChild(Open& open) {
-    const auto& childs = open.mark.Node().childs_.list_;
+    const auto& childs = open.mark.Node().Childs().Nodes();
     while (open.nextChild < childs.Size()) {
       Document* child = childs.At(open.nextChild++);
-      if (!child->Busy() && !child->name_.Empty()) return child;
+      if (!child->Busy() && !child->NameView().empty()) return child;
     }
     return nullptr;
   }
@@ -77,13 +78,13 @@ class TreeWriter {
   void StartNode(Document& node) {
     Add(Tabs(open_.size()), "<", node.NameView(), node.Parameters().ReadyText());
     AddLooseParameters(node.Parameters());
-    if (node.fields_.Count() == 0 && node.childs_.Count() == 0) {
+    if (node.Fields().Count() == 0 && node.Childs().Count() == 0) {
       Add("/>\r\n");
       return;
     }
     Add(">\r\n");
     open_.push_back({BusyMark(node), 0});
-    for (Field* field : node.fields_.list_) WriteField(*field);
+    for (Field* field : node.Fields().Nodes()) WriteField(*field);
   }
 
   void EndNode() {
@@ -104,7 +105,7 @@ class TreeWriter {
     }
   }
 
-  /// The attributes whose text does not lie ready.
+  /// The attributes whose text has to be put together.
   void AddLooseParameters(const Parameters& parameters) {
     if (!parameters.ReadyText().empty()) return;
     parameters.ForEach([this](std::string_view name, std::string_view value) {

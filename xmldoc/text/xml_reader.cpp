@@ -24,7 +24,7 @@ std::string_view Between(const char* begin, const char* end) {
   return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-/// Every CR LF pair as one blank, every other CR and LF gone.
+/// Every CR LF pair as one blank, every other CR and LF removed.
 void RepairLineBreaks(std::string_view tag, std::string& repaired) {
   repaired.clear();
   for (std::size_t i = 0; i < tag.size(); ++i) {
@@ -256,7 +256,7 @@ XmlReader::Step XmlReader::ReadLeaf(const Tag& tag, const char* next, const char
     field->SetEncodePassword(encodePassword_);
     field->SetCryptType(cryptType_);
   }
-  node_->fields_.list_.Append(std::move(field));
+  node_->Fields().Append(std::move(field));
   at_ = next == nullptr ? end_ : next;
   return accepted ? Step::Next : Step::Fault;
 }
@@ -264,7 +264,7 @@ XmlReader::Step XmlReader::ReadLeaf(const Tag& tag, const char* next, const char
 XmlReader::Step XmlReader::ReadElement(const Tag& tag, const char* next) {
   at_ = next;
   ++openElements_;
-  if (node_->name_.Empty()) return NameNode(tag);
+  if (node_->NameView().empty()) return NameNode(tag);
   const bool accepted = ReadAttributes(tag);
   Ref<Document> child = maker_.MakeDocument(tag.name, packer_);
   if (hasCipher_) {
@@ -274,7 +274,7 @@ XmlReader::Step XmlReader::ReadElement(const Tag& tag, const char* next) {
   child->SetStopOnLoadError(!tolerant_);
   open_.push_back(node_);
   Document* filled = child.get();
-  node_->childs_.list_.Append(std::move(child));
+  node_->Childs().Append(std::move(child));
   node_ = filled;
   return accepted ? Step::Next : Step::Fault;
 }

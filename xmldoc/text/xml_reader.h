@@ -15,32 +15,34 @@ namespace tarvo {
 /// its depth. See docs/xml-library.md for the dialect and Document::XMLImport for the result.
 class XmlReader {
  public:
+  /// Both have to outlive the reader. The text is shorter than 1 GiB.
   XmlReader(Document& root, std::string_view text);
 
-  /// To be called once.
+  /// To be called once. Raises RuntimeError for a name that the root refuses, and std::bad_alloc;
+  /// what was read before is in the tree.
   bool Read();
   /// How the text ended, when it has been read.
   TextEnd End() const;
 
  private:
   enum class Step { Next, EndOfText, Fault };
-  /// What stands at the end of the text and did not come into the tree.
+  /// What the end of the text holds that did not come into the tree.
   enum class Rest { Nothing, Words, Element };
 
   struct Tag {
-    std::string_view name;        ///< From behind "<" to the first blank, or to ">".
-    std::string_view attributes;  ///< Behind the first blank, without ">" and a "/" before it.
+    std::string_view name;        ///< From after "<" to the first blank, or to ">".
+    std::string_view attributes;  ///< After the first blank, without ">" and a "/" before it.
     bool hasBlank = false;        ///< Whether there was one.
     bool packed = false;          ///< The attributes are in packer_ already.
     bool closesItself = false;    ///< Ends in "/>".
-    const char* end = nullptr;    ///< Behind the closer in the text.
+    const char* end = nullptr;    ///< After the closer in the text.
   };
 
   Step ReadTag();
   /// Scans a tag as the writer writes them, which most are: its attributes are in packer_ then.
   /// False for any other tag, sound or not.
   bool ScanPlainTag(const char* open, Tag& tag);
-  /// False when the tag has no closer. The parts of `tag` lie in the text, or in `repaired` when
+  /// False when the tag has no closer. The parts of `tag` are in the text, or in `repaired` when
   /// the tag has line breaks.
   bool ScanTag(const char* open, Tag& tag, std::string& repaired) const;
   bool ScanComment(const char* open, Tag& tag) const;
@@ -51,7 +53,7 @@ class XmlReader {
   Step EndAtWords(const char* words);
   /// It ends with an element that does not come into the tree.
   Step EndAtElement();
-  /// It ends with a tag that has no other behind it.
+  /// It ends with a tag that no other follows.
   Step EndAtLastTag(const Tag& tag);
 
   void CloseNode(const Tag& tag);

@@ -14,7 +14,7 @@ struct XmlToolRun {
   std::string complaint;
 };
 
-/// Runs the tool with the words behind its name. It reads files and changes nothing itself; a
+/// Runs the tool with the words after its name. It reads files and changes nothing itself; a
 /// template's external calls go to `components`.
 XmlToolRun RunXmlTool(const std::vector<std::string>& words, ComponentCalls& components);
 /// The same on a system that has no components: a call of one is an error of the template.
