@@ -136,6 +136,43 @@ TEST(Letters, MayHaveTwoBytes) {
   }
 }
 
+TEST(Letters, OfTwoBytesDifferWhereTheirAsciiPartsDo) {
+  JapanesePage page;
+  const LettersInUse inUse(page);
+  for (const auto& [a, b] :
+       std::initializer_list<std::pair<const char*, const char*>>{{"ab", "ac"},
+                                                                  {"ab", "bb"},
+                                                                  {"a\x82\x60", "b\x82\x60"},
+                                                                  {"\x82\x60"
+                                                                   "a",
+                                                                   "\x82\x60"
+                                                                   "b"},
+                                                                  {"a", "ab"},
+                                                                  {"a\x82\x60", "a\x82\x61"}}) {
+    EXPECT_FALSE(EqualIgnoringCase(a, b)) << a << " " << b;
+  }
+  for (const auto& [a, b] :
+       std::initializer_list<std::pair<const char*, const char*>>{{"ab", "AB"},
+                                                                  {"a\x82\x60", "A\x82\x81"},
+                                                                  {"\x82\x60"
+                                                                   "a",
+                                                                   "\x82\x81"
+                                                                   "A"},
+                                                                  {"", ""}}) {
+    EXPECT_TRUE(EqualIgnoringCase(a, b)) << a << " " << b;
+  }
+}
+
+TEST(Letters, HaveOneByteOrTwoOrNoCase) {
+  EXPECT_EQ(CasedLength("a\x82", 0), 1u);
+  EXPECT_EQ(CasedLength("a\x82", 1), 1u) << "each byte is a letter without a code page";
+  JapanesePage page;
+  const LettersInUse inUse(page);
+  const std::string text = "a\x82\x60\xB1\xB2\x82";
+  const std::size_t lengths[] = {1, 2, 1, 0, 0, 0};
+  for (std::size_t i = 0; i < text.size(); ++i) EXPECT_EQ(CasedLength(text, i), lengths[i]) << i;
+}
+
 TEST(Letters, OfAsciiNamesNeverAskTheCodePage) {
   JapanesePage page;
   const LettersInUse inUse(page);

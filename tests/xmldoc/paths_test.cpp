@@ -14,9 +14,16 @@ TEST(Keys, TakeOffQuotesOfOneKindAlone) {
   const Ref<Document> document = Imported("<r><f a=\"x\">bare</f><g/><h/></r>");
   document->Fields().Field("g")->Parameters().AddParameter("a", "'x\"");
   document->Fields().Field("h")->Parameters().AddParameter("a", "\"x'");
+  document->Fields().AddField("empty", "empty");
+  document->Fields().Field("empty")->Parameters().AddParameter("a", "");
+  document->Fields().AddField("quote", "quote");
+  document->Fields().Field("quote")->Parameters().AddParameter("a", "'");
   document->Fields().Field("g")->SetValue("single first");
   document->Fields().Field("h")->SetValue("double first");
   const std::pair<const char*, const char*> cases[] = {
+      {"@a=''", "empty"},
+      {"@a=\"\"", "empty"},
+      {"@a='", "quote"},
       {"@a='x'", "bare"},
       {"@a=\"x\"", "bare"},
       {"@a='x\"", "single first"},
@@ -54,6 +61,9 @@ TEST(Paths, WalkDownOneStepAtATime) {
       {"a.@id=2.b.@k='z'.c", "c{f=2}"},
       {"a@id=3", "{}"},
       {"a@id=1.b.c", "{}"},
+      {".@id=1", "a(id=1){|b(k=x.y){f=1}}"},
+      {".@id=1.b", "b(k=x.y){f=1}"},
+      {"@id=1.b", "b(k=x.y){f=1}"},
       {"missing.b", "{}"},
       {"a.", "{}"},
       {".a", "{}"},

@@ -124,6 +124,9 @@ TEST(Reader, LineBreaksInsideTags) {
       {"a lone carriage return there", "<r><a>1<\r/a></r>", "r{a=1}", true, true},
       {"a pair there makes it a tag without a name", "<r><a>1<\r\n/a></r>", "r{|a{|(/a=){}}}", true,
        true},
+      {"a lone carriage return in a value", "<r><a x=\"1\r2\"/></r>", "r{a(x=12)=}", true, true},
+      {"a lone line feed in a value", "<r><a x=\"1\n2\"/></r>", "r{a(x=12)=}", true, true},
+      {"a pair at the end of a name", "<r><a\r\n/></r>", "r{a=}", true, true},
       {"a tab is part of a name", "<r><a\tx=\"1\"/></r>", "r{a\\tx=\"1\"=}", true, true},
       {"up to the first blank", "<r><a\tb x='1'/></r>", "r{a\\tb(x=1)=}", true, true},
       {"line breaks in an attribute value", "<r><a x=\"1\r\n2\n3\"/></r>", "r{a(x=1 23)=}", true,
@@ -197,6 +200,14 @@ TEST(Reader, AttributesOfTags) {
       {"two blanks behind the name", "<r><f  a=\"1\"/></r>", "r{f(a=1)=}", true, true},
       {"a repeated name is kept twice", "<r><f a=\"1\" a=\"2\"/></r>", "r{f(a=1;a=2)=}", true,
        true},
+      {"a first name that is empty leaves none", "<r><f =\"2\" c=\"3\"/></r>", "r{f=}", true, true},
+      {"signs in a name", "<r><f a<b=\"1\" c'd=\"2\" e/f=\"3\" g~h=\"4\"/></r>",
+       "r{f(a<b=1;c'd=2;e/f=3;g~h=4)=}", true, true},
+      {"signs in a value", "<r><f a=\"<=/'~ x\"/></r>", "r{f(a=<=/'~ x)=}", true, true},
+      {"attributes that touch each other", "<r><f a=\"1\"b=\"2\"/></r>", "r{f(a=1\"b=\"2)=}", true,
+       true},
+      {"empty values", "<r><f a=\"\" b=\"\"/></r>", "r{f(a=;b=)=}", true, true},
+      {"a value that ends in a slash", "<r><f a=\"1/\"/></r>", "r{f(a=1/)=}", true, true},
       {"an empty name ends the attributes", "<r><f a=\"1\" =\"2\" c=\"3\"/></r>", "r{f(a=1)=}",
        true, true},
       {"a child's attributes", "<r><g a=\"1\"><f/></g></r>", "r{|g(a=1){f=}}", true, true},
@@ -211,6 +222,7 @@ TEST(Reader, ARefusedAttributeNameEndsTheReadingAndWhatWasReadStays) {
       {"of a field", "<r><a/><f b c=\"2\"/><d/></r>", "r{a=,f=}", false, false},
       {"of a field, no value at all", "<r><f b c/></r>", "r{f=}", false, false},
       {"of a child", "<r><a/><g b c=\"2\"><d/></g></r>", "r{a=|g{}}", false, false},
+      {"of a field, a value without its sign", "<r><f a \"x\"/></r>", "r{f=}", false, false},
       {"of the root", "<r b c=\"2\"><d/></r>", "r{}", false, false},
       {"a blank behind a value goes to the value", "<r><f x=\"1\" b c=\"2\"/></r>",
        "r{f(x=1\" ;c=2)=}", true, true},
@@ -238,6 +250,20 @@ TEST(Reader, CopiesTheCipherHooksAndStopOnLoadErrorOfTheRootDown) {
   EXPECT_EQ(inner->Fields().Field(0)->EncodePassword(), "secret");
   EXPECT_EQ(inner->Fields().Field(0)->CryptType(), -7);
   EXPECT_EQ(inner->Fields().Field(0)->Value(), "1");
+}
+
+TEST(Reader, CopiesEitherCipherHookAlone) {
+  for (const bool password : {false, true}) {
+    const Ref<Document> document = Document::Create();
+    if (password) document->SetEncodePassword("secret");
+    if (!password) document->SetCryptType(5);
+    ASSERT_TRUE(document->XMLImport("<r><g><a>1</a></g></r>"));
+    const Ref<Document> inner = document->SelectSingleNode("g");
+    EXPECT_EQ(inner->EncodePassword(), password ? "secret" : "");
+    EXPECT_EQ(inner->CryptType(), password ? 0 : 5);
+    EXPECT_EQ(inner->Fields().Field(0)->EncodePassword(), password ? "secret" : "");
+    EXPECT_EQ(inner->Fields().Field(0)->CryptType(), password ? 0 : 5);
+  }
 }
 
 }  // namespace

@@ -1,0 +1,155 @@
+// Nodes give back what they took, however they were held, and bad input takes no more than it may.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "allocated_bytes.h"
+#include "scarce_memory.h"
+#include "tree_text.h"
+#include "xmldoc/document.h"
+#include "xmldoc/node_pool.h"
+
+namespace tarvo {
+namespace {
+
+constexpr int kTimes = 200;
+
+/// Bytes that stay behind each time that something is done.
+template <typename Action>
+std::size_t LeftBehind(Action action) {
+  action();  // what is made once and kept does not count
+  const std::size_t before = AllocatedBytes();
+  for (int i = 0; i < kTimes; ++i) action();
+  const std::size_t after = AllocatedBytes();
+  return after > before ? (after - before) / kTimes : 0;
+}
+
+std::string Wide(const char* name) {
+  std::string text = "<r>";
+  for (int i = 0; i < 20; ++i) {
+    text +=
+        std::string("<") + name + " k=\"v\"><f a=\"1\">some text of a field</f><e/></" + name + ">";
+  }
+  return text + "</r>";
+}
+
+TEST(NodeMemory, IsGivenBackWithTheTree) {
+  const std::string text = Wide("g");
+  EXPECT_EQ(LeftBehind([&] { Imported(text); }), 0u);
+  EXPECT_EQ(LeftBehind([&] { Imported(text)->XMLExport(); }), 0u);
+  EXPECT_EQ(LeftBehind([] {
+              const Ref<Document> root = Document::Create();
+              root->SetName("a-name-that-is-too-long-for-any-text-to-hold-within-itself");
+              root->SetVersion("a version that is too long for any text to hold within itself");
+              root->Childs().AddChild("child");
+              root->Childs().Child(0)->Childs().AddChild("grandchild");
+              root->Childs().Child(0)->Childs().Child(0)->SetEncodePassword(std::string(100, 'x'));
+              root->Fields().AddField("field", std::string(100, 'x'));
+              root->Parameters().AddParameter("name", std::string(100, 'x'));
+            }),
+            0u);
+}
+
+TEST(NodeMemory, IsGivenBackByHoldersOfSingleNodes) {
+  const std::string text = Wide("g");
+  EXPECT_EQ(LeftBehind([&] {
+              const Ref<Document> root = Imported(text);
+              const Ref<Document> child = root->Childs().Child(3);
+              const Ref<Document> again = child;
+              const Ref<Field> field = child->Fields().Field("f");
+              const Ref<Field> sameField = field;
+              const Ref<Parameter> parameter = field->Parameters().Parameter("a");
+              const Ref<Parameter> sameParameter = parameter;
+              root->Childs().RemoveChild(3);
+              child->Fields().RemoveField("f");
+              EXPECT_EQ(sameField->Value(), "some text of a field");
+              EXPECT_EQ(sameParameter->Value(), "1");
+            }),
+            0u);
+}
+
+TEST(NodeMemory, IsGivenBackWhenATextIsSetAnew) {
+  const Ref<Document> root = Imported("<r><f a=\"1\">x</f></r>");
+  const std::string text(1000, 'x');
+  EXPECT_EQ(LeftBehind([&] {
+              root->SetName(text);
+              root->Fields().Field(0)->SetName(text);
+              root->Fields().Field(0)->SetValue(text);
+              root->Fields().Field(0)->Parameters().Parameter(0)->SetValue(text);
+            }),
+            0u);
+  root->SetName("r");
+  root->Fields().Field(0)->SetName("f");
+  root->Fields().Field(0)->SetValue("");
+  EXPECT_EQ(TreeText(*root), "r{f(a=" + text + ")=}");
+}
+
+TEST(NodeMemory, IsGivenBackByThePool) {
+  EXPECT_EQ(LeftBehind([] {
+              NodePool pool(4000);
+              std::vector<std::pair<void*, std::uint16_t>> pieces;
+              for (int i = 0; i < 200; ++i) {
+                std::uint16_t place = 0;
+                void* memory = pool.Allocate(1000, place);
+                pieces.emplace_back(memory, place);
+              }
+              for (const auto& [memory, place] : pieces) NodePool::Free(memory, place);
+            }),
+            0u);
+  EXPECT_EQ(LeftBehind([] {
+              std::uint16_t place = 0;
+              void* memory = nullptr;
+              {
+                NodePool pool(4000);
+                memory = pool.Allocate(1000, place);
+              }
+              NodePool::Free(memory, place);
+            }),
+            0u);
+}
+
+TEST(NodePool, PutsPiecesOfUpToFourKibibytesTogether) {
+  const struct {
+    std::size_t expected;
+    std::size_t size;
+    bool alone;
+  } cases[] = {
+      {100000, 4096, false}, {100000, 4097, true}, {1, 504, false}, {1, 505, true},
+      {1000, 992, false},    {1000, 993, true},    {0, 1, true},
+  };
+  for (const auto& c : cases) {
+    NodePool pool(c.expected);
+    std::uint16_t place = 0;
+    void* memory = pool.Allocate(c.size, place);
+    EXPECT_EQ(place == 0, c.alone) << c.size << " of " << c.expected;
+    NodePool::Free(memory, place);
+  }
+}
+
+// The text is refused by its length: behind its first bytes there is nothing to read.
+TEST(ImportedText, OfAGibibyteIsRefusedUnread) {
+  const std::string few = "<r><a/></r>";
+  const Ref<Document> document = Document::Create();
+  EXPECT_FALSE(document->XMLImport(std::string_view(few.data(), std::size_t{1} << 30)));
+  EXPECT_EQ(TreeText(*document), "{}");
+}
+
+TEST(ImportedText, ThatMemoryDoesNotSufficeForIsRefused) {
+  const std::string text = Wide("g");
+  bool imported = false;
+  int failed = 0;
+  for (int allocation = 0; !imported; ++allocation) {
+    const Ref<Document> fresh = Document::Create();
+    {
+      ScarceMemory scarce(allocation);
+      imported = fresh->XMLImport(text);
+    }
+    failed += imported ? 0 : 1;
+    ASSERT_EQ(imported, TreeText(*fresh) == TreeText(*Imported(text))) << allocation;
+  }
+  EXPECT_GT(failed, 0);
+}
+
+}  // namespace
+}  // namespace tarvo
