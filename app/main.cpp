@@ -2,10 +2,10 @@
 
 #include "app/principal.h"
 #include "app/version.h"
+#include "form/windows/native_window.h"
 #include "platform/windows/fault_guard.h"
 #include "platform/windows/system_libraries.h"
 #include "platform/windows/windows_machine.h"
-#include "ui/windows/native_window.h"
 
 int main() {
   tarvo::WatchForFaults(tarvo::kVersion);

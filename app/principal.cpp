@@ -9,7 +9,7 @@
 #include "supervision/winsock_error_text.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
-#include "ui/window_place.h"
+#include "toolkit/window_place.h"
 
 namespace tarvo {
 namespace {

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
+#include "form/form.h"
 #include "platform/foreign_windows.h"
 #include "platform/processes.h"
-#include "ui/form.h"
 
 namespace tarvo {
 
@@ -37,8 +37,5 @@ struct Component {
 };
 
 using ComponentTable = PerComponent<Component>;
-
-/// "Login", "Char", "Map".
-const char* NameOf(ComponentKind kind);
 
 }  // namespace tarvo

@@ -6,10 +6,10 @@
 
 #include "core/component.h"
 #include "core/server_root.h"
+#include "form/form.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/registry.h"
-#include "ui/form.h"
 
 namespace tarvo {
 

@@ -1,8 +1,8 @@
 #include "core/start_stop.h"
 
+#include "form/status_colours.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
-#include "ui/status_colours.h"
 
 namespace tarvo {
 namespace {

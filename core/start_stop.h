@@ -7,8 +7,8 @@
 #include "core/component.h"
 #include "core/process_control.h"
 #include "core/status_log.h"
+#include "form/form.h"
 #include "platform/message_boxes.h"
-#include "ui/form.h"
 
 namespace tarvo {
 

@@ -1,7 +1,7 @@
 #include "core/status_log.h"
 
+#include "form/status_colours.h"
 #include "support/date_time.h"
-#include "ui/status_colours.h"
 
 namespace tarvo {
 namespace {

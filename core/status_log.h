@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "form/form.h"
 #include "platform/clock.h"
 #include "platform/files.h"
-#include "ui/controls.h"
-#include "ui/form.h"
+#include "toolkit/controls.h"
 
 namespace tarvo {
 

@@ -8,7 +8,7 @@
 
 #include "platform/code_page.h"
 #include "platform/notification_area.h"
-#include "ui/event_dispatch.h"
+#include "toolkit/event_dispatch.h"
 
 namespace tarvo {
 

@@ -5,7 +5,7 @@
 
 #include "core/component.h"
 #include "platform/clock.h"
-#include "ui/strip.h"
+#include "toolkit/strip.h"
 
 namespace tarvo {
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <optional>
 
-#include "ui/supersampling.h"
+#include "toolkit/supersampling.h"
 
 namespace tarvo {
 namespace {

@@ -5,8 +5,8 @@
 #include "core/component.h"
 #include "core/process_control.h"
 #include "core/server_root.h"
+#include "form/form.h"
 #include "platform/registry.h"
-#include "ui/form.h"
 
 namespace tarvo {
 

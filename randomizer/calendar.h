@@ -5,11 +5,11 @@
 #include <string>
 
 #include "core/status_log.h"
+#include "form/randomizer_page.h"
 #include "platform/clock.h"
 #include "platform/registry.h"
 #include "randomizer/engine.h"
 #include "randomizer/stored_set.h"
-#include "ui/randomizer_page.h"
 
 namespace tarvo {
 

@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <string>
 
+#include "form/randomizer_page.h"
 #include "platform/clock.h"
 #include "platform/registry.h"
 #include "randomizer/engine.h"
-#include "ui/randomizer_page.h"
 
 namespace tarvo {
 

@@ -4,9 +4,9 @@
 #include <string>
 
 #include "core/status_log.h"
+#include "form/randomizer_page.h"
 #include "platform/message_boxes.h"
 #include "randomizer/stored_set.h"
-#include "ui/randomizer_page.h"
 #include "xmldoc/document.h"
 
 namespace tarvo {

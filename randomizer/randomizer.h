@@ -4,6 +4,7 @@
 
 #include "core/server_root.h"
 #include "core/status_log.h"
+#include "form/randomizer_page.h"
 #include "platform/clock.h"
 #include "platform/message_boxes.h"
 #include "platform/random_source.h"
@@ -13,8 +14,7 @@
 #include "randomizer/map_start_gate.h"
 #include "randomizer/parameter_panel.h"
 #include "randomizer/stored_set.h"
-#include "ui/randomizer_page.h"
-#include "ui/timer_queue.h"
+#include "toolkit/timer_queue.h"
 #include "xmldoc/document.h"
 
 namespace tarvo {

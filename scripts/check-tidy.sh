@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # Options that only GCC knows are no finding.
-git ls-files 'support/*.cpp' 'xmldoc/*.cpp' 'ui/*.cpp' 'core/*.cpp' 'supervision/*.cpp' \
+git ls-files 'support/*.cpp' 'xmldoc/*.cpp' 'toolkit/*.cpp' 'form/*.cpp' 'core/*.cpp' 'supervision/*.cpp' \
   'randomizer/*.cpp' 'upgrade/*.cpp' 'desktop/*.cpp' 'app/principal*.cpp' \
   'platform/*.cpp' |
   grep -vE '/windows/|^xmldoc/tool/' |

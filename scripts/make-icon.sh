@@ -1,5 +1,5 @@
 #!/bin/sh
-# Draws ui/windows/launcher.ico: three lights over one another on a dark board, the lowest one with
+# Draws form/windows/launcher.ico: three lights over one another on a dark board, the lowest one with
 # the arrow of a start. Needs ImageMagick.
 set -eu
 cd "$(dirname "$0")/.."
@@ -26,4 +26,4 @@ draw() {
 
 for size in 16 24 32 48 256; do draw "$size"; done
 convert "$work/16.png" "$work/24.png" "$work/32.png" "$work/48.png" "$work/256.png" \
-  ui/windows/launcher.ico
+  form/windows/launcher.ico

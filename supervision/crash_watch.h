@@ -6,8 +6,8 @@
 #include "core/process_control.h"
 #include "core/start_stop.h"
 #include "core/status_log.h"
+#include "form/form.h"
 #include "platform/clock.h"
-#include "ui/form.h"
 
 namespace tarvo {
 

@@ -5,9 +5,9 @@
 #include "core/component.h"
 #include "core/process_control.h"
 #include "core/status_log.h"
+#include "form/form.h"
 #include "platform/clock.h"
 #include "supervision/port_probe.h"
-#include "ui/form.h"
 
 namespace tarvo {
 

@@ -2,7 +2,7 @@
 
 #include "core/component.h"
 #include "platform/clock.h"
-#include "ui/controls.h"
+#include "toolkit/controls.h"
 
 namespace tarvo {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/memory_status.h"
-#include "ui/controls.h"
+#include "toolkit/controls.h"
 
 namespace tarvo {
 

@@ -1,6 +1,6 @@
 #include "supervision/status_lights.h"
 
-#include "ui/status_colours.h"
+#include "form/status_colours.h"
 
 namespace tarvo {
 namespace {

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "core/component.h"
-#include "ui/form.h"
+#include "form/form.h"
 
 namespace tarvo {
 

@@ -2,8 +2,8 @@
 
 #include <optional>
 
+#include "form/upgrade_page.h"
 #include "platform/message_boxes.h"
-#include "ui/upgrade_page.h"
 
 namespace tarvo {
 

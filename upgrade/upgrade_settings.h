@@ -3,10 +3,10 @@
 #include <string>
 
 #include "core/server_root.h"
+#include "form/form.h"
 #include "platform/file_dialog.h"
 #include "platform/message_boxes.h"
 #include "platform/registry.h"
-#include "ui/form.h"
 
 namespace tarvo {
 

@@ -2,8 +2,8 @@
 // rights, in want of elevation or of memory. All supervision ended over it once.
 
 #include "core/start_stop.h"
+#include "form/status_colours.h"
 #include "tests/simulation/launcher_story.h"
-#include "ui/status_colours.h"
 
 namespace tarvo {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "form/status_colours.h"
 #include "tests/simulation/launcher_story.h"
-#include "ui/status_colours.h"
 
 namespace tarvo {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "form/status_colours.h"
 #include "tests/simulation/sim_machine.h"
-#include "ui/status_colours.h"
 
 namespace tarvo {
 namespace {

@@ -1,5 +1,5 @@
 #include "tests/simulation/launcher_story.h"
-#include "ui/window_place.h"
+#include "toolkit/window_place.h"
 
 namespace tarvo {
 namespace {

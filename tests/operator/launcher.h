@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "ui/control_ids.h"
+#include "form/control_ids.h"
 
 namespace tarvo {
 

@@ -12,6 +12,7 @@
 
 #include "actions.h"
 #include "launcher.h"
+#include "toolkit/button_properties.h"
 
 namespace tarvo {
 namespace {

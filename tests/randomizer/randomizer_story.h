@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "form/status_colours.h"
 #include "randomizer/randomizer.h"
 #include "tests/simulation/sim_machine.h"
-#include "ui/status_colours.h"
 
 namespace tarvo {
 

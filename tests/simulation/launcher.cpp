@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "ui/status_colours.h"
+#include "form/status_colours.h"
 
 namespace tarvo {
 namespace {

@@ -1,5 +1,5 @@
 // What is drawn with is given back, and what was selected before is selected again.
-#include "ui/windows/drawing.h"
+#include "toolkit/windows/drawing.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ui/windows/native_window.h"
+#include "form/windows/native_window.h"
 
 #include <windows.h>
 
@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "form/control_ids.h"
 #include "platform/windows/clock_windows.h"
-#include "ui/control_ids.h"
 
 namespace tarvo {
 namespace {

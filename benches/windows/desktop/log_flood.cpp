@@ -23,11 +23,11 @@
 
 #include "benches/windows/desktop/asker.h"
 #include "core/status_log.h"
+#include "form/control_ids.h"
+#include "form/windows/native_window.h"
 #include "platform/windows/clock_windows.h"
 #include "platform/windows/files_windows.h"
-#include "ui/control_ids.h"
-#include "ui/windows/native_window.h"
-#include "ui/windows/widget.h"
+#include "toolkit/windows/widget.h"
 
 namespace tarvo {
 namespace {

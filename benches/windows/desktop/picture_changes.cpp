@@ -19,12 +19,12 @@
 #include "desktop/frm_sys_tray.h"
 #include "desktop/last_hour.h"
 #include "desktop/status_icons.h"
+#include "form/windows/native_window.h"
 #include "platform/windows/clock_windows.h"
 #include "platform/windows/code_page_windows.h"
 #include "platform/windows/icons_windows.h"
 #include "platform/windows/notification_area_windows.h"
 #include "supervision/status_lights.h"
-#include "ui/windows/native_window.h"
 
 namespace tarvo {
 namespace {

@@ -10,8 +10,8 @@
 #include <cstdlib>
 
 #include "app/principal.h"
+#include "form/windows/native_window.h"
 #include "platform/windows/windows_machine.h"
-#include "ui/windows/native_window.h"
 
 namespace {
 

@@ -1,0 +1,79 @@
+#include "form/form.h"
+
+#include <string>
+
+#include "form/status_colours.h"
+
+namespace tarvo {
+namespace {
+
+Timer& Pick(ComponentKind kind, Timer& login, Timer& charServer, Timer& map) {
+  switch (kind) {
+    case ComponentKind::Login:
+      return login;
+    case ComponentKind::Char:
+      return charServer;
+    case ComponentKind::Map:
+      break;
+  }
+  return map;
+}
+
+}  // namespace
+
+StatusPage::StatusPage()
+    : RTLog({kStampColour, kInfoColour, kNoticeColour, kAlertColour, kExtraColour}) {
+  for (CommandButton& button : bStart) button.SetCaption("Start");
+  bStart[3].SetCaption("Start All");
+  bStart[3].SetToolTip("Start all servers");
+  bStart[4].SetCaption("Stop All");
+  bStart[4].SetToolTip("Stop all servers");
+}
+
+ServersPage::ServersPage() {
+  const std::string names[] = {"login", "char", "map"};
+  for (ComponentKind kind : kComponents) {
+    for (const char* priority : {"V-Low", "Low", "Norm", "High", "V-High"}) {
+      Prior[kind].AddItem(priority);
+    }
+    TTO[kind].SetText("15");
+    const std::string tip =
+        "When freeze detected, how many time will wait before kill and restart " +
+        names[IndexOf(kind)] + " server";
+    chkAK[IndexOf(kind)].SetToolTip(tip);
+    TTO[kind].SetToolTip(tip);
+    TTO[kind].SetEnabled(false);
+  }
+  for (const char* item :
+       {"Everything", "Errors & Warn & Extra", "Errors & Warnings", "Only Errors"}) {
+    LogH.AddItem(item);
+  }
+  LogH.SetToolTip("What status messages will be saved in the log file?");
+  WLog.SetToolTip("Save status in log file?");
+  SMinimized.SetToolTip("Hide the main window at start?");
+  Command1.SetCaption("Unload launcher only...");
+}
+
+Timers::Timers(TimerQueue& queue)
+    : LCtrl(queue, "LCtrl", 5000),
+      CCtrl(queue, "CCtrl", 5000),
+      MCtrl(queue, "MCtrl", 5000),
+      PrepL(queue, "PrepL", 3000),
+      PrepC(queue, "PrepC", 5000),
+      PrepM(queue, "PrepM", 10000),
+      TTL(queue, "TTL", 10000),
+      TTC(queue, "TTC", 10000),
+      TTM(queue, "TTM", 10000),
+      TLogin(queue, "TLogin", 2000),
+      TChar(queue, "TChar", 2000),
+      TMap(queue, "TMap", 2000),
+      Mem(queue, "Mem", 5000, true),
+      tmrAlarma(queue, "tmrAlarma", 2000, true),
+      tmr_Calendar(queue, "tmr_Calendar", 15000) {}
+
+Timer& Timers::CrashWatch(ComponentKind kind) { return Pick(kind, LCtrl, CCtrl, MCtrl); }
+Timer& Timers::Preparation(ComponentKind kind) { return Pick(kind, PrepL, PrepC, PrepM); }
+Timer& Timers::Probe(ComponentKind kind) { return Pick(kind, TTL, TTC, TTM); }
+Timer& Timers::Reprobe(ComponentKind kind) { return Pick(kind, TLogin, TChar, TMap); }
+
+}  // namespace tarvo

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <array>
+
+#include "form/randomizer_page.h"
+#include "form/upgrade_page.h"
+#include "support/per_component.h"
+#include "toolkit/controls.h"
+#include "toolkit/main_window.h"
+#include "toolkit/rich_text_view.h"
+#include "toolkit/strip.h"
+#include "toolkit/timer_queue.h"
+
+namespace tarvo {
+
+/// What is seen around the pages, whichever page is shown.
+struct Frame {
+  Frame() { window.SetTitle("Tarvo Launcher"); }
+
+  MainWindow window;
+  TabView SSTab1;
+  Label SName;              ///< The server's name.
+  Label lblErr;             ///< Behind "Last failure:": which component failed last, and when.
+  Label lblMemory;          ///< Behind "Free Memory:".
+  PerComponent<Light> Sem;  ///< Status lights.
+  PerComponent<StatusStrip> Strip;  ///< Beside each light: its component's last hour.
+};
+
+/// First page: what the servers do, and the buttons that start and stop them.
+struct StatusPage {
+  StatusPage();
+
+  RichTextView RTLog;
+  /// 0 to 2: start or stop one component. 3: "Start All". 4: "Stop All".
+  std::array<CommandButton, 5> bStart;
+};
+
+/// Second page: the servers' settings and the launcher's own.
+struct ServersPage {
+  ServersPage();
+
+  PerComponent<DropDownList> Exes;
+  PerComponent<DropDownList> Prior;
+  PerComponent<CheckBox> chkAutoStart;
+  /// 0 to 2: freeze autokill of a component. 3: a map autokill restarts all components.
+  std::array<CheckBox, 4> chkAK;
+  PerComponent<TextBox> TTO;  ///< Seconds that a frozen component is waited for.
+  OptionGroup opt_ShowWin;    ///< Show or hide a component's own window.
+  CheckBox WLog;
+  DropDownList LogH;
+  CheckBox Check2;  ///< Start with Windows.
+  CheckBox SMinimized;
+  CommandButton Command1;  ///< Unload the launcher only.
+};
+
+/// The interval timers that carry all supervision. Their names are the operator's documents' names.
+struct Timers {
+  explicit Timers(TimerQueue& queue);
+
+  Timer LCtrl, CCtrl, MCtrl;  ///< Crash watch, 5000 ms.
+  Timer PrepL, PrepC, PrepM;  ///< Grace after a start, 3000, 5000 and 10000 ms.
+  Timer TTL, TTC, TTM;        ///< Periodic port probe, interval from the settings.
+  Timer TLogin, TChar, TMap;  ///< Re-probe of a frozen component, 2000 ms.
+  Timer Mem;                  ///< Memory read-out, 5000 ms, always on.
+  Timer tmrAlarma;            ///< Status lights, 2000 ms, always on.
+  Timer tmr_Calendar;         ///< Randomize calendar, 15000 ms.
+
+  Timer& CrashWatch(ComponentKind kind);
+  Timer& Preparation(ComponentKind kind);
+  Timer& Probe(ComponentKind kind);
+  Timer& Reprobe(ComponentKind kind);
+};
+
+/// The whole form: one struct a page, its members named as the operator's controls are.
+struct Form {
+  explicit Form(TimerQueue& queue) : timers(queue) {}
+
+  Frame frame;
+  StatusPage status;
+  ServersPage servers;
+  RandomizerPage randomizer;
+  UpgradePage upgrade;
+  Timers timers;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <windows.h>
+
+#include <richedit.h>
+
+#include <string>
+#include <vector>
+
+#include "form/windows/log_menu.h"
+#include "form/windows/log_search.h"
+#include "toolkit/rich_text_view.h"
+#include "toolkit/windows/widget.h"
+
+namespace tarvo {
+
+/// The log's native view. New text comes in at the end without the rest being drawn again, and the
+/// view follows it while the operator looks at the end; one who reads further up, or has selected
+/// something, keeps his place. What comes within one event is shown at once when the event is over,
+/// and whoever asks the window before is shown it first.
+///
+/// The right mouse button or the menu key shows what else can be done: copy, select all, find
+/// (Ctrl+F, then F3 and Shift+F3), open the day's file. On a dark ground the colours are lighter;
+/// in high contrast the text is in the system's.
+class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
+ public:
+  LogWidget(Stage& stage, HWND parent, int id, RichTextView& view);
+  Extent Natural() const override;
+  void TakeLook() override;
+  void Detach() override;
+  bool Framed() const override { return true; }
+
+  void Appended(const ColouredText& piece) override;
+  void Replaced() override;
+
+ private:
+  /// Where the operator reads and what he has selected.
+  struct Reading {
+    bool atEnd = true;
+    CHARRANGE selection{};
+    LONG topLetter = 0;  ///< The first one in view.
+    LONG topHeight = 0;  ///< Where it stands, in pixels under the upper edge.
+    LONG gone = 0;       ///< Letters taken off the beginning since then.
+  };
+
+  LRESULT Keys(UINT message, WPARAM w, LPARAM l);
+  bool ShowsEnd() const;
+  LONG Length() const;
+  LONG HeightOf(LONG letter) const;
+  Reading Remember() const;
+  void Restore(const Reading& reading);
+  void ScrollToEnd();
+  void FallBehind();
+  void CatchUp();
+  void GoToEnd();
+  void Insert(const ColouredText& piece);
+  bool DropOldest(const std::string& kept);
+  void Remove(CHARRANGE letters);
+  void ShowAll();
+  void ApplyFont();
+  bool Key(WPARAM key);
+  void Do(LogCommand command);
+
+  LogSearch search_;
+  bool plain_ = false;     ///< In the system's colours.
+  bool behind_ = false;    ///< The window does not show yet what follows.
+  bool outdated_ = false;  ///< Lines are gone from the view's beginning, or all is another.
+  std::vector<ColouredText> missing_;
+  std::string shown_;       ///< The window's text, as the view has it.
+  bool shortened_ = false;  ///< Of a piece of it only the beginning is in the window.
+  COLORREF ground_ = GetSysColor(COLOR_WINDOW);
+};
+
+}  // namespace tarvo

@@ -1,0 +1,287 @@
+#include "form/windows/main_frame.h"
+
+#include <algorithm>
+
+#include "form/control_ids.h"
+#include "form/windows/resource_ids.h"
+#include "platform/windows/window_class.h"
+#include "toolkit/windows/common_controls.h"
+
+#ifndef WM_DPICHANGED
+#define WM_DPICHANGED 0x02E0
+#endif
+
+namespace tarvo {
+namespace {
+
+constexpr int kLogPage = 0;
+constexpr int kMargin = 8;  ///< Around the tab view, at 100 %.
+
+HICON LoadLauncherIcon(HINSTANCE instance, int width, int height) {
+  const HANDLE icon = LoadImageA(instance, MAKEINTRESOURCEA(kLauncherIcon), IMAGE_ICON,
+                                 GetSystemMetrics(width), GetSystemMetrics(height), LR_SHARED);
+  return icon ? static_cast<HICON>(icon) : LoadIcon(nullptr, IDI_APPLICATION);
+}
+
+Stage& Begun(Stage& stage, HWND window) {
+  stage.look.Renew(window);
+  return stage;
+}
+
+}  // namespace
+
+HWND MainFrame::CreateMainWindow(HINSTANCE instance) {
+  LoadCommonControls();
+  WNDCLASSEXA record = WindowClass(instance, kMainWindowClass, Procedure);
+  record.hIcon = LoadLauncherIcon(instance, SM_CXICON, SM_CYICON);
+  record.hIconSm = LoadLauncherIcon(instance, SM_CXSMICON, SM_CYSMICON);
+  record.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
+  RegisterOnce(record);
+  return CreateWindowExA(WS_EX_CONTROLPARENT, kMainWindowClass, "",
+                         WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, 0, 0,
+                         nullptr, nullptr, instance, nullptr);
+}
+
+MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
+    : form_(form),
+      stage_{form.frame.window, dispatch, GetModuleHandleA(nullptr), {}},
+      window_(CreateMainWindow(stage_.instance)),
+      header_(Begun(stage_, window_), window_, form.frame),
+      tabs_(stage_, window_, NumberOf("SSTab1"), form.frame.SSTab1,
+            {"Status", "Servers", "Server Battle Randomizer ", "Upgrade"}),
+      place_(window_, form.frame.window, stage_.look, [this] { return SmallestClient(); }),
+      scroll_(window_, stage_.look, [this] { Arrange(); }),
+      keys_(
+          window_, tabs_, [this]() -> Panel& { return ShownPage(); },
+          [this] { return GetDlgItem(Page(kLogPage).Window(), NumberOf("RTLog")); }),
+      timers_(stage_, timers, window_) {
+  SetOwner(window_, this);
+  tabs_.TakeLook();
+  place_.TakeFirst();
+  form.frame.window.SetMirror(this);
+  ShowAsWanted();
+  PostMessageA(window_, kCompletePagesMessage, 0, 0);
+}
+
+MainFrame::~MainFrame() {
+  stage_.window.SetMirror(nullptr);
+  header_.Detach();
+  tabs_.Detach();
+  for (const auto& page : pages_) {
+    if (page) page->Detach();
+  }
+  SetOwner<MainFrame>(window_, nullptr);
+  DestroyWindow(window_);
+}
+
+void MainFrame::Refresh(const Control& /*control*/) { ShowAsWanted(); }
+
+void MainFrame::ShowAsWanted() {
+  const MainWindow& wanted = stage_.window;
+  if (TextOf(window_) != wanted.Title()) SetWindowTextA(window_, wanted.Title().c_str());
+  if (wanted.Ended()) {
+    // Ends the loop of a message box as well, should one be up.
+    PostQuitMessage(wanted.ExitCode());
+    return;
+  }
+  place_.TakeWanted();
+  const bool visible = IsWindowVisible(window_) != FALSE;
+  const bool iconic = IsIconic(window_) != FALSE;
+  const bool toFront = wanted.Visible() && frontRequests_ != wanted.FrontRequests();
+  if (!wanted.Visible()) {
+    if (visible) ShowWindow(window_, SW_HIDE);
+  } else if (wanted.State() == WindowState::Minimized) {
+    if (!visible || !iconic) ShowWindow(window_, SW_SHOWMINNOACTIVE);
+  } else if (iconic) {
+    ShowWindow(window_, SW_RESTORE);
+  } else if (!visible) {
+    ShowFirst();
+  }
+  if (!toFront) return;
+  // One that was minimized from its full size has that back now, and is restored once more.
+  if (IsZoomed(window_)) ShowWindow(window_, SW_RESTORE);
+  frontRequests_ = wanted.FrontRequests();
+  SetForegroundWindow(window_);
+}
+
+/// A window that begins minimized was never an icon either when another program shows it.
+void MainFrame::ShownFromOutside() {
+  MainWindow& window = stage_.window;
+  if (window.Visible() || window.State() != WindowState::Minimized) return;
+  stage_.Happens([&window] { window.SetState(WindowState::Normal); });
+}
+
+void MainFrame::Sized(WPARAM kind) {
+  MainWindow& window = stage_.window;
+  if (kind == SIZE_MINIMIZED) {
+    iconic_ = true;
+    stage_.Happens([&window] { window.SetState(WindowState::Minimized); });
+    return;
+  }
+  RECT client{};
+  GetClientRect(window_, &client);
+  // The first show tells the size once more.
+  if (!scroll_.BarsChange() && !EqualRect(&client, &arranged_)) Arrange();
+  place_.Report();
+  if (!iconic_) return;
+  iconic_ = false;
+  stage_.Happens([&window] { window.SetState(WindowState::Normal); });
+}
+
+/// A window that begins minimized was never an icon, so restoring it is no change of its size.
+void MainFrame::Restoring() {
+  MainWindow& window = stage_.window;
+  if (!IsIconic(window_)) {
+    stage_.Happens([&window] { window.SetState(WindowState::Normal); });
+  }
+}
+
+void MainFrame::TakeLook() {
+  stage_.look.Renew(window_);
+  header_.TakeLook();
+  tabs_.TakeLook();
+  for (const auto& page : pages_) {
+    if (page) page->TakeLook();
+  }
+  Arrange();
+  InvalidateRect(window_, nullptr, TRUE);
+}
+
+void MainFrame::Arrange() {
+  const RECT whole = scroll_.Surface(SmallestClient());
+  GetClientRect(window_, &arranged_);
+  const LONG margin = stage_.look.Px(kMargin);
+  const LONG headerEnd = whole.top + header_.Smallest().height;
+  pageRoom_ =
+      tabs_.Occupy({whole.left + margin, headerEnd, whole.right - margin, whole.bottom - margin});
+  // What is above the pages has their left and right edge.
+  header_.Occupy({pageRoom_.left, whole.top, pageRoom_.right, headerEnd});
+  for (const auto& page : pages_) {
+    if (page) page->Occupy(pageRoom_);
+  }
+}
+
+Extent MainFrame::SmallestClient() const {
+  Extent inside;
+  for (const auto& page : pages_) {
+    if (!page) continue;
+    const Extent needed = page->Smallest();
+    inside.width = std::max(inside.width, needed.width);
+    inside.height = std::max(inside.height, needed.height);
+  }
+  const Extent frame = tabs_.FrameExtent();
+  const Extent header = header_.Smallest();
+  const int margin = stage_.look.Px(kMargin);
+  return {std::max(header.width, inside.width) + frame.width + 2 * margin,
+          header.height + inside.height + frame.height + margin};
+}
+
+void MainFrame::FollowMouse(const MSG& message) {
+  if (message.message < WM_MOUSEFIRST || message.message > WM_MOUSELAST) return;
+  header_.Follow(message);
+  ShownPage().Follow(message);
+}
+
+bool MainFrame::Take(MSG& message) {
+  FollowMouse(message);
+  if (message.hwnd != window_ && !IsChild(window_, message.hwnd))
+    return keys_.TakeOfDialog(message);
+  const bool taken = keys_.Take(message);
+  scroll_.FollowFocus();
+  return taken;
+}
+
+void MainFrame::KeepFocus(bool active) {
+  const HWND focus = GetFocus();
+  if (!active && focus && IsChild(window_, focus)) lastFocus_ = focus;
+}
+
+void MainFrame::GiveFocus() {
+  const bool usable = lastFocus_ && IsWindowVisible(lastFocus_) && IsWindowEnabled(lastFocus_);
+  SetFocus(usable ? lastFocus_ : GetNextDlgTabItem(window_, nullptr, FALSE));
+}
+
+void MainFrame::EndOfSession(bool ends) {
+  stage_.Happens([this, ends] {
+    MainWindow& window = stage_.window;
+    if (ends) {
+      window.EndSession();
+    } else {
+      window.CallOffEndOfSession();
+    }
+  });
+}
+
+std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_TIMER:
+      timers_.Tick();
+      return 0;
+    case kCompletePagesMessage:
+      CompletePages();
+      return 0;
+    case WM_CLOSE:
+      stage_.Happens([this] { stage_.window.Close(); });
+      return 0;
+    case WM_QUERYENDSESSION:
+      stage_.Happens([this] { stage_.window.AskForEndOfSession(); });
+      return TRUE;
+    case WM_ENDSESSION:
+      EndOfSession(w != FALSE);
+      return 0;
+    case WM_SIZE:
+      Sized(w);
+      return 0;
+    case WM_MOVE:
+      place_.Report();
+      return 0;
+    case WM_DISPLAYCHANGE:
+      place_.KeepWithinReach();
+      break;
+    case WM_SHOWWINDOW:
+      if (w && l == 0) ShownFromOutside();
+      break;
+    case WM_SYSCOMMAND:
+      if ((w & 0xFFF0U) == SC_RESTORE) Restoring();
+      break;
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+      scroll_.Scrolled(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(w));
+      return 0;
+    case WM_MOUSEWHEEL:
+      scroll_.Wheeled(static_cast<short>(HIWORD(w)));
+      return 0;
+    case WM_GETMINMAXINFO:
+      place_.Limit(*reinterpret_cast<MINMAXINFO*>(l));
+      return 0;
+    case WM_NOTIFY:
+      if (reinterpret_cast<const NMHDR*>(l)->code == TCN_SELCHANGE) tabs_.Chosen();
+      return 0;
+    case WM_ACTIVATE:
+      KeepFocus(LOWORD(w) != WA_INACTIVE);
+      break;
+    case WM_SETFOCUS:
+      GiveFocus();
+      return 0;
+    case WM_DPICHANGED:
+      TakeLook();
+      place_.MoveTo(*reinterpret_cast<const RECT*>(l));
+      return 0;
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+    case WM_SYSCOLORCHANGE:
+      TakeLook();
+      break;
+    default:
+      break;
+  }
+  return std::nullopt;
+}
+
+LRESULT CALLBACK MainFrame::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+  auto* frame = OwnerOf<MainFrame>(window);
+  const std::optional<LRESULT> answer = frame ? frame->Handle(message, w, l) : std::nullopt;
+  return answer ? *answer : DefWindowProcA(window, message, w, l);
+}
+
+}  // namespace tarvo

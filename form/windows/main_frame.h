@@ -1,0 +1,75 @@
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <memory>
+#include <optional>
+
+#include "form/windows/frame_keys.h"
+#include "form/windows/header_panel.h"
+#include "toolkit/windows/frame_place.h"
+#include "toolkit/windows/frame_scroll.h"
+#include "toolkit/windows/stage.h"
+#include "toolkit/windows/tab_widget.h"
+#include "toolkit/windows/timer_pump.h"
+
+namespace tarvo {
+
+/// The main window with all that is in it.
+///
+/// The page that is shown first is made when the window is shown, the others once that has been
+/// painted, or with the first messages of a window that begins hidden: making a hundred controls
+/// takes longer than all else that the start-up does. No message of the operator comes before them.
+class MainFrame : private ControlMirror {
+ public:
+  MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch);
+  ~MainFrame() override;
+
+  HWND Window() const { return window_; }
+  /// Takes a message of the loop before it goes to its window; true when it is done with.
+  bool Take(MSG& message);
+
+ private:
+  /// Posted to the window once, when it begins: the pages that are not yet there are made then.
+  static constexpr UINT kCompletePagesMessage = WM_APP;
+
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+  static HWND CreateMainWindow(HINSTANCE instance);
+  std::optional<LRESULT> Handle(UINT message, WPARAM w, LPARAM l);
+  void Refresh(const Control& control) override;
+  void ShowAsWanted();
+  void ShowFirst();
+  Panel& Page(int index);
+  void CompletePages();
+  void ShownFromOutside();
+
+  void EndOfSession(bool ends);
+  void Sized(WPARAM kind);
+  void TakeLook();
+  void Arrange();
+  Extent SmallestClient() const;
+  void Restoring();
+  void KeepFocus(bool active);
+  void GiveFocus();
+  void FollowMouse(const MSG& message);
+  Panel& ShownPage() { return Page(form_.frame.SSTab1.Page()); }
+
+  Form& form_;
+  Stage stage_;
+  HWND window_;
+  HeaderPanel header_;
+  TabWidget tabs_;
+  FramePlace place_;
+  FrameScroll scroll_;
+  FrameKeys keys_;
+  RECT arranged_{};
+  RECT pageRoom_{};
+  std::array<std::unique_ptr<Panel>, 4> pages_;  ///< In the order of their tabs.
+  TimerPump timers_;
+  HWND lastFocus_ = nullptr;
+  int frontRequests_ = 0;
+  bool iconic_ = false;
+};
+
+}  // namespace tarvo

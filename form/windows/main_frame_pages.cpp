@@ -1,0 +1,74 @@
+#include <windows.h>
+// After windows.h, which it needs.
+#include <commctrl.h>
+
+#include "form/windows/main_frame.h"
+#include "form/windows/randomizer_panel.h"
+#include "form/windows/servers_panel.h"
+#include "form/windows/status_panel.h"
+#include "form/windows/upgrade_panel.h"
+
+namespace tarvo {
+namespace {
+
+template <class PanelType, auto kPage>
+std::unique_ptr<Panel> Make(Stage& stage, HWND parent, Form& form) {
+  return std::make_unique<PanelType>(stage, parent, form.*kPage);
+}
+
+/// In the order of their tabs.
+constexpr std::unique_ptr<Panel> (*kMakers[])(Stage&, HWND, Form&) = {
+    Make<StatusPanel, &Form::status>, Make<ServersPanel, &Form::servers>,
+    Make<RandomizerPanel, &Form::randomizer>, Make<UpgradePanel, &Form::upgrade>};
+
+LRESULT CALLBACK RefuseClose(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                             DWORD_PTR /*unused*/) {
+  if (message == WM_CLOSE) return 0;
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, RefuseClose, id);
+  return DefSubclassProc(window, message, w, l);
+}
+
+BOOL CALLBACK KeepOpen(HWND window, LPARAM /*unused*/) {
+  if ((GetWindowLongPtrA(window, GWL_STYLE) & WS_CAPTION) != WS_CAPTION) {
+    SetWindowSubclass(window, RefuseClose, 0, 0);
+  }
+  return TRUE;
+}
+
+/// Whoever asks every window of the program to close means the main one, and that may refuse: tool
+/// tips and the open halves of lists stay with it.
+void KeepPopupsOpen() { EnumThreadWindows(GetCurrentThreadId(), KeepOpen, 0); }
+
+}  // namespace
+
+/// Shows the window painted, with the one page that is to be seen.
+void MainFrame::ShowFirst() {
+  ShownPage();
+  place_.KeepQuiet();
+  ShowWindow(window_, SW_SHOW);
+  UpdateWindow(window_);
+}
+
+Panel& MainFrame::Page(int index) {
+  const auto place = static_cast<std::size_t>(index);
+  std::unique_ptr<Panel>& page = pages_.at(place);
+  if (!page) {
+    page = kMakers[place](stage_, window_, form_);
+    page->Occupy(pageRoom_);
+    tabs_.SetPage(place, page->Window());
+  }
+  return *page;
+}
+
+/// A page that needs more room than the window was given gets it, as far as the screen goes.
+void MainFrame::CompletePages() {
+  header_.OfferTips();
+  for (std::size_t i = 0; i < pages_.size(); ++i) Page(static_cast<int>(i)).OfferTips();
+  KeepPopupsOpen();
+  const Extent needed = SmallestClient();
+  if (arranged_.right >= needed.width && arranged_.bottom >= needed.height) return;
+  place_.Enlarge();
+  Arrange();
+}
+
+}  // namespace tarvo

@@ -1,0 +1,45 @@
+#include "form/windows/status_panel.h"
+
+#include "form/control_ids.h"
+#include "form/windows/log_widget.h"
+#include "form/windows/start_button.h"
+#include "toolkit/windows/label_widgets.h"
+
+namespace tarvo {
+namespace {
+
+/// A button and the name of its component beside it, three times; then room; then both for all.
+enum Column { kButton0, kName0, kRoom = 6, kStartAll, kStopAll, kColumns };
+enum Row { kLog, kButtons };
+
+constexpr char kWidestToggle[] = "Start";
+constexpr char kWidestForAll[] = "Start All";
+
+/// The names' access keys press the button beside them: &Login, &Char, &Map.
+constexpr char kToggleKeys[] = {'l', 'c', 'm'};
+
+}  // namespace
+
+StatusPanel::StatusPanel(Stage& stage, HWND parent, StatusPage& page)
+    : Panel(stage, parent, Ground::Page) {
+  SetColumns({{12}, {8}, {20}, {8}, {20}, {8}, {20, true}, {8}, {8}});
+  SetRows({{12, true}, {12}});
+  SetMargin({12, 12});
+
+  Add<HiddenNameWidget>({}, "Status log");
+  Add<LogWidget>(Slot{kLog, 0, kColumns}, NumberOf("RTLog"), page.RTLog);
+  for (int i = 0; i < static_cast<int>(kComponentCount); ++i) {
+    const auto index = static_cast<std::size_t>(i);
+    Add<CaptionWidget>(Slot{kButtons, kName0 + 2 * i},
+                       std::string("&") + NameOf(kComponents[index]));
+    Add<StartButton>(Slot{kButtons, kButton0 + 2 * i}, NumberOf("bStart", i), page.bStart[index],
+                     kWidestToggle)
+        .SetAccessKey(kToggleKeys[index]);
+  }
+  Add<StartButton>(Slot{kButtons, kStartAll}, NumberOf("bStart", 3), page.bStart[3], kWidestForAll)
+      .SetAccessKey('s');
+  Add<StartButton>(Slot{kButtons, kStopAll}, NumberOf("bStart", 4), page.bStart[4], kWidestForAll)
+      .SetAccessKey('o');
+}
+
+}  // namespace tarvo

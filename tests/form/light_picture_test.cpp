@@ -1,0 +1,66 @@
+#include "form/light_picture.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "form/status_colours.h"
+
+namespace tarvo {
+namespace {
+
+constexpr Colour kGround = Rgb(240, 240, 240);
+constexpr int kSize = 20;
+
+std::uint32_t PixelAt(const std::vector<std::uint32_t>& picture, int x, int y) {
+  return picture[static_cast<std::size_t>(y * kSize + x)];
+}
+
+TEST(LightState, FollowsFromTheColour) {
+  EXPECT_EQ(LightStateOf(kHealthyLight), LightState::Healthy);
+  EXPECT_EQ(LightStateOf(kTroubleLight), LightState::Trouble);
+  EXPECT_EQ(LightStateOf(kUnwatchedLight), LightState::NotWatched);
+  EXPECT_EQ(LightStateOf(kStoppedLight), LightState::Stopped);
+  EXPECT_EQ(LightStateOf(Rgb(1, 2, 3)), LightState::NotWatched);
+}
+
+TEST(LightState, HasWordsOfItsOwn) {
+  const std::set<std::string> words = {WordsOf(LightState::Healthy), WordsOf(LightState::Trouble),
+                                       WordsOf(LightState::NotWatched),
+                                       WordsOf(LightState::Stopped)};
+  EXPECT_EQ(words, (std::set<std::string>{"healthy", "trouble", "not watched", "stopped"}));
+}
+
+TEST(DrawLight, LeavesTheCornersToTheBackground) {
+  for (const Colour fill : {kHealthyLight, kTroubleLight, kUnwatchedLight, kStoppedLight}) {
+    const auto picture = DrawLight(fill, kGround, kSize);
+    ASSERT_EQ(picture.size(), static_cast<std::size_t>(kSize * kSize));
+    for (const int corner : {0, kSize - 1, kSize * (kSize - 1), kSize * kSize - 1}) {
+      EXPECT_EQ(picture[static_cast<std::size_t>(corner)], 0xF0F0F0U) << fill;
+    }
+  }
+}
+
+TEST(DrawLight, ShowsItsColourInTheOrderOfAScreen) {
+  EXPECT_EQ(PixelAt(DrawLight(kHealthyLight, kGround, kSize), 4, 7), 0x00C000U);
+  EXPECT_EQ(PixelAt(DrawLight(kTroubleLight, kGround, kSize), 5, 10), 0xFF0000U);
+  EXPECT_EQ(PixelAt(DrawLight(kStoppedLight, kGround, kSize), 3, 10), 0x808080U);
+}
+
+/// Drawn in one grey on one ground, what is dark still differs: nobody needs to see the colours.
+TEST(DrawLight, TellsTheStatesApartByShapeAlone) {
+  std::set<std::vector<bool>> shapes;
+  for (const Colour fill : {kHealthyLight, kTroubleLight, kUnwatchedLight, kStoppedLight}) {
+    std::vector<bool> shape;
+    for (const std::uint32_t pixel : DrawLight(fill, kGround, kSize)) {
+      shape.push_back(pixel == 0xF0F0F0 || pixel == 0xFFFFFF);
+    }
+    shapes.insert(shape);
+  }
+  EXPECT_EQ(shapes.size(), 4U);
+}
+
+}  // namespace
+}  // namespace tarvo

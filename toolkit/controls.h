@@ -1,0 +1,229 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "toolkit/colour.h"
+#include "toolkit/control.h"
+
+namespace tarvo {
+
+/// A line of text that the operator only reads.
+class Label : public Control {
+ public:
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption);
+
+ private:
+  std::string caption_;
+};
+
+/// A status light: a colour, and words for those who cannot tell it. Its tool tip is what there is
+/// to say beside the state.
+class Light : public Control {
+ public:
+  Colour Fill() const { return fill_; }
+  void SetFill(Colour fill);
+
+ private:
+  Colour fill_ = 0xC0C0C0;
+};
+
+class CommandButton : public Control {
+ public:
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption);
+  Colour Background() const { return background_; }
+  void SetBackground(Colour background);
+
+  void Click();
+
+  std::function<void()> onClick;
+
+ private:
+  std::string caption_;
+  Colour background_ = Rgb(192, 192, 192);
+};
+
+class CheckBox : public Control {
+ public:
+  bool Checked() const { return checked_; }
+  /// Raises `onChange` when the value differs from the old one.
+  void SetChecked(bool checked);
+
+  /// The operator's click: turns the box over, raises `onChange`, then `onClick`.
+  void Click();
+
+  std::function<void()> onChange;  ///< The value changed, whoever changed it.
+  std::function<void()>
+      onClick;  ///< The operator clicked; never raised by the program's own doing.
+
+ private:
+  bool checked_ = false;
+};
+
+/// A line of text that the operator edits. The caret stands before the character of its position;
+/// with a selection it stands at the selection's start.
+class TextBox : public Control {
+ public:
+  const std::string& Text() const { return text_; }
+  /// Puts the caret before the text; raises `onChange` when the text differs from the old one.
+  void SetText(std::string text);
+  std::size_t Caret() const { return caret_; }
+  void SetCaret(std::size_t position);
+  /// Characters that are selected behind the caret.
+  std::size_t SelectionLength() const { return selectionLength_; }
+  /// Selects the whole text, the caret before it.
+  void SelectAll();
+
+  /// Characters that the operator can type at most; 0 for no limit. The program's own texts and
+  /// `Type` are not cut.
+  std::size_t MaxLength() const { return maxLength_; }
+  void SetMaxLength(std::size_t characters);
+
+  /// The operator's typing: the box now holds `text` with the caret there, or at its end.
+  void Type(std::string text, std::size_t caret = std::string::npos);
+
+  /// The operator moved the caret or the selection. Mirrors are not told: it came from there.
+  void MoveCaret(std::size_t position, std::size_t selectionLength = 0);
+  /// What a key counts as that makes a character outside of 8 bits.
+  static constexpr char kOtherCharacter = 0;
+  /// Whether a key that the operator presses reaches the text; `onKeyPress` may swallow it.
+  bool LetsThrough(char key) const { return Enabled() && (!onKeyPress || onKeyPress(key)); }
+  /// A whole key press: a character or Backspace (8) that is let through edits the text at the
+  /// caret within the greatest length, as a native box does.
+  void PressKey(char key);
+  /// The operator entered or left the box.
+  void GainFocus();
+  void LoseFocus();
+
+  std::function<void()> onChange;
+  std::function<bool(char key)> onKeyPress;  ///< False swallows the key.
+  std::function<void()> onGotFocus;
+  std::function<void()> onLostFocus;
+
+ private:
+  std::string text_;
+  std::size_t caret_ = 0;
+  std::size_t selectionLength_ = 0;
+  std::size_t maxLength_ = 0;
+};
+
+/// What every control with a list of entries has. Its text is that of the selected entry, ""
+/// without a selection.
+class ItemList : public Control {
+ public:
+  const std::vector<std::string>& Items() const { return items_; }
+  void AddItem(std::string item);
+  /// Adds them all, telling the mirror once.
+  void AddItems(std::vector<std::string> items);
+  /// Takes an entry out; its selection goes with it, without `onSelect`. An index outside the list
+  /// changes nothing.
+  void RemoveItem(int index);
+  /// Puts these entries in the place of all; the selection goes, without `onSelect`. The mirror is
+  /// told once and never of an empty list between, so that a list on the screen keeps its place.
+  void SetItems(std::vector<std::string> items);
+
+  /// Index of the selected entry, -1 without a selection.
+  int ListIndex() const { return listIndex_; }
+  std::string Text() const;
+  /// Selects an entry, or none with -1, and raises `onSelect` when the selection changed.
+  /// Any other index is the run time's error of an invalid property value.
+  void SetListIndex(int index);
+
+  /// The operator picks an entry that is in the list; `onSelect` is raised even for the selected
+  /// one.
+  void Choose(int index);
+
+  /// How often entries were taken out: a mirror that only adds is out of date when it grew.
+  std::size_t Removals() const { return removals_; }
+
+  std::function<void()> onSelect;
+
+ protected:
+  ~ItemList() = default;
+
+ private:
+  std::vector<std::string> items_;
+  int listIndex_ = -1;
+  std::size_t removals_ = 0;
+};
+
+/// A list that shows its selected entry, and all of them when it is opened.
+class DropDownList : public ItemList {};
+
+/// A list that shows several entries at once.
+class ListBox : public ItemList {};
+
+/// A number that is set by moving a thumb or by arrow keys.
+class ScrollBar : public Control {
+ public:
+  int Min() const { return min_; }
+  int Max() const { return max_; }
+  /// `min` is not above `max`; the value is brought between them.
+  void SetRange(int min, int max);
+  int Value() const { return value_; }
+  /// Brings the value between the ends; raises `onChange` when it differs from the old one.
+  void SetValue(int value);
+
+  /// The operator moves the thumb there.
+  void Scroll(int value);
+
+  std::function<void()> onChange;
+
+ private:
+  int min_ = 0;
+  int max_ = 100;
+  int value_ = 0;
+};
+
+class OptionGroup;
+
+/// One of several choices; selecting it deselects its siblings.
+class OptionButton : public Control {
+ public:
+  bool Selected() const { return selected_; }
+  /// The program's choice: raises `onChange` when the option was not selected before.
+  void Select();
+  /// The operator's click: selects the option, then raises `onClick` at every press.
+  void Click();
+
+  std::function<void()> onChange;
+  std::function<void()> onClick;
+
+ private:
+  friend class OptionGroup;
+  void Deselect();
+
+  OptionGroup* group_ = nullptr;
+  bool selected_ = false;
+};
+
+/// Three options of which at most one is selected.
+class OptionGroup {
+ public:
+  OptionGroup();
+  OptionButton& operator[](std::size_t index) { return options_[index]; }
+  const OptionButton& operator[](std::size_t index) const { return options_[index]; }
+  static constexpr std::size_t Size() { return 3; }
+
+ private:
+  friend class OptionButton;
+  void DeselectOthers(const OptionButton& chosen);
+
+  OptionButton options_[3];
+};
+
+/// The pages of the window, one of which is shown. Page 0 is the first.
+class TabView : public Control {
+ public:
+  int Page() const { return page_; }
+  void SetPage(int page);
+
+ private:
+  int page_ = 0;
+};
+
+}  // namespace tarvo

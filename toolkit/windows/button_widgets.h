@@ -1,0 +1,59 @@
+#pragma once
+
+#include "toolkit/controls.h"
+#include "toolkit/windows/widget.h"
+
+namespace tarvo {
+
+/// A plain push button; its access key is underlined in its caption.
+class ButtonWidget : public Mirror<CommandButton> {
+ public:
+  ButtonWidget(Stage& stage, HWND parent, int id, CommandButton& button);
+  Extent Natural() const override;
+  void Command(int code) override;
+  void Access() override;
+  void SetAccessKey(char key) override;
+
+ protected:
+  void Show() override;
+};
+
+/// A check box with its text beside it; or, in a table whose column head tells the text, the box
+/// alone, the text then being its name for screen readers.
+class CheckWidget : public Mirror<CheckBox> {
+ public:
+  enum class Kind { WithText, BoxAlone };
+  CheckWidget(Stage& stage, HWND parent, int id, CheckBox& box, const std::string& text,
+              Kind kind = Kind::WithText);
+  Extent Natural() const override;
+  void Command(int code) override;
+  void Access() override;
+  /// Nothing marks the focus of a box without text, so its panel has to.
+  bool BoxAlone() const { return kind_ == Kind::BoxAlone; }
+
+ protected:
+  void Show() override;
+
+ private:
+  Kind kind_;
+};
+
+/// An option that acts at each press, also when it is the selected one. It is pressed by a click,
+/// by the space bar or by its access key; the keyboard's coming by alone does not press it, and
+/// every option is a stop of the Tab key.
+class OptionWidget : public Mirror<OptionButton> {
+ public:
+  OptionWidget(Stage& stage, HWND parent, int id, OptionButton& option, const std::string& text);
+  Extent Natural() const override;
+  void Command(int code) override;
+  void Access() override;
+
+ protected:
+  void Show() override;
+
+ private:
+  LRESULT Focus(UINT message, WPARAM w, LPARAM l);
+  bool focusing_ = false;  ///< The native button reports a click because it gets the keyboard.
+};
+
+}  // namespace tarvo

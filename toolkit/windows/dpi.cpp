@@ -1,0 +1,50 @@
+#include "toolkit/windows/dpi.h"
+
+#include "platform/windows/late_call.h"
+#include "toolkit/windows/drawing.h"
+
+namespace tarvo {
+namespace {
+
+constexpr char kLibrary[] = "user32.dll";
+
+using GetDpiForWindowCall = UINT(WINAPI*)(HWND);
+using AdjustForDpiCall = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
+using ParametersForDpiCall = BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT);
+
+}  // namespace
+
+int SystemDpi() {
+  const int dpi = GetDeviceCaps(ScreenContext().Get(), LOGPIXELSY);
+  return dpi > 0 ? dpi : kPlainDpi;
+}
+
+int DpiOf(HWND window) {
+  static const auto getDpi = LateCall<GetDpiForWindowCall>(kLibrary, "GetDpiForWindow");
+  const int dpi = getDpi ? static_cast<int>(getDpi(window)) : 0;
+  return dpi > 0 ? dpi : SystemDpi();
+}
+
+void GrowToWindow(RECT& rectangle, HWND window, int dpi) {
+  static const auto adjust = LateCall<AdjustForDpiCall>(kLibrary, "AdjustWindowRectExForDpi");
+  const auto style = static_cast<DWORD>(GetWindowLongPtrA(window, GWL_STYLE));
+  const auto extended = static_cast<DWORD>(GetWindowLongPtrA(window, GWL_EXSTYLE));
+  if (adjust && adjust(&rectangle, style, FALSE, extended, static_cast<UINT>(dpi))) return;
+  AdjustWindowRectEx(&rectangle, style, FALSE, extended);
+}
+
+LOGFONTW MessageFontAt(int dpi) {
+  static const auto parameters =
+      LateCall<ParametersForDpiCall>(kLibrary, "SystemParametersInfoForDpi");
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  if (parameters &&
+      parameters(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi))) {
+    return metrics.lfMessageFont;
+  }
+  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+  metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, SystemDpi());
+  return metrics.lfMessageFont;
+}
+
+}  // namespace tarvo

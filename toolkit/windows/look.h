@@ -1,0 +1,56 @@
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <string>
+#include <tuple>
+
+#include "toolkit/grid.h"
+#include "toolkit/windows/drawing.h"
+
+namespace tarvo {
+
+/// Fonts and measures of the window at its present resolution, and the brush of its pages.
+class Look {
+ public:
+  /// Takes the system's settings over anew; fonts handed out before are gone after this.
+  void Renew(HWND window);
+
+  int Dpi() const { return dpi_; }
+  /// So many pixels as `at100` are at 100 %.
+  int Px(int at100) const { return MulDiv(at100, dpi_, 96); }
+
+  HFONT Font() const { return font_.Get(); }
+  HFONT BoldFont() const { return boldFont_.Get(); }
+  const LOGFONTW& FontRecord() const { return fontRecord_; }
+
+  /// The one height of every field, check box and line of text in a row.
+  int ControlHeight() const;
+  /// The extent of a text in the font, or in the bold one; `&` marks an access key unless `plain`.
+  Extent TextExtent(const std::string& text, bool bold = false, bool plain = false) const;
+
+  /// What lies behind the controls of a page, and behind those around the pages.
+  HBRUSH PageBrush() const { return pageBrush_.Get(); }
+  COLORREF PageColour() const { return pageColour_; }
+
+ private:
+  using Measured = std::tuple<std::string, bool, bool>;
+
+  Extent Measure(const std::string& text, bool bold, bool plain) const;
+
+  MemoryContext measuring_{CreateCompatibleDC(nullptr)};
+  /// Captions are measured over and over while pages are laid out, and the system is slow at it.
+  mutable std::map<Measured, Extent> extents_;
+  int dpi_ = 96;
+  LOGFONTW fontRecord_{};
+  tarvo::Font font_;
+  tarvo::Font boldFont_;
+  Brush pageBrush_;
+  COLORREF pageColour_ = 0;
+};
+
+/// True when the operator has asked the system for colours of high contrast.
+bool HighContrast();
+
+}  // namespace tarvo

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+#include "toolkit/grid.h"
+
+namespace tarvo {
+
+/// Every screen of the desktop, without its task bar.
+std::vector<Place> Screens();
+
+/// The screen that a window is on for the greatest part, or the nearest one, without its task bar.
+Place ScreenOf(HWND window);
+
+/// Where a window stands, its frame included.
+Place PlaceOf(HWND window);
+
+}  // namespace tarvo

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "toolkit/control.h"
+#include "toolkit/windows/stage.h"
+
+namespace tarvo {
+
+/// One native child window. It belongs to its parent window and is destroyed with it.
+///
+/// A widget of a control mirrors that control: `Refresh` carries the control's state to the native
+/// window, `Command` hands what the operator did to the control. Controls lead: a native window
+/// never changes its state by itself, or is set back to the control's.
+class Widget : public ControlMirror {
+ public:
+  ~Widget() override = default;
+  Widget(const Widget&) = delete;
+  Widget& operator=(const Widget&) = delete;
+
+  HWND Window() const { return window_; }
+
+  /// The size that shows all of it.
+  virtual Extent Natural() const = 0;
+  /// Takes the fonts and measures of the look over.
+  virtual void TakeLook();
+  /// A notification of the native window to its parent.
+  virtual void Command(int /*code*/) {}
+  /// A scroll bar was moved: one of the SB_ codes, and the thumb's place for those that have one.
+  virtual void Scrolled(int /*code*/, int /*position*/) {}
+  /// Pixels that it reaches over its columns at both sides.
+  virtual int Overhang() const { return 0; }
+  /// Draws an owner-drawn window.
+  virtual void Draw(const DRAWITEMSTRUCT& /*item*/) {}
+  /// What its tool tip says at this moment; "" for no tool tip.
+  virtual std::string Tip() const { return {}; }
+  /// A window without an edge of its own, which its panel draws a frame around.
+  virtual bool Framed() const { return false; }
+  /// Ends the mirroring, before the native window goes.
+  virtual void Detach() {}
+
+  void Refresh(const Control& control) override;
+
+  /// The access key that presses or focuses the widget, in lower case; 0 for none.
+  char AccessKey() const { return accessKey_; }
+  virtual void SetAccessKey(char key) { accessKey_ = key; }
+  /// Does what the access key asks for.
+  virtual void Access() { SetFocus(window_); }
+
+  /// What a disabled control says in its tool tip, before all else.
+  void SetReasonWhenDisabled(std::string reason) { reasonWhenDisabled_ = std::move(reason); }
+  const std::string& ReasonWhenDisabled() const { return reasonWhenDisabled_; }
+
+  /// The widget of a native window; nullptr for a window that has none.
+  static Widget* Of(HWND window);
+
+ protected:
+  explicit Widget(Stage& stage) : stage_(stage) {}
+  void Create(HWND parent, const char* windowClass, const std::string& text, DWORD style,
+              DWORD extendedStyle, int id);
+  /// Carries the control's state, all but enabled, to the native window.
+  virtual void Show() {}
+  /// Sets the window's text when it differs, so that nothing is drawn in vain.
+  void SetText(const std::string& text);
+
+  Stage& stage_;
+
+ private:
+  HWND window_ = nullptr;
+  char accessKey_ = 0;
+  std::string reasonWhenDisabled_;
+};
+
+/// A widget that mirrors a control.
+template <class ControlType>
+class Mirror : public Widget {
+ public:
+  void Detach() override { control_.SetMirror(nullptr); }
+  std::string Tip() const override {
+    return !control_.Enabled() && !ReasonWhenDisabled().empty() ? ReasonWhenDisabled()
+                                                                : control_.ToolTip();
+  }
+
+ protected:
+  Mirror(Stage& stage, ControlType& control) : Widget(stage), control_(control) {}
+  /// Begins the mirroring; the native window exists.
+  void Attach() {
+    control_.SetMirror(this);
+    Refresh(control_);
+  }
+
+  ControlType& control_;
+};
+
+/// Whether a button's notification tells a press. Of options, owner-drawn buttons and notifying
+/// check boxes Windows tells the second press of a double click as something else.
+constexpr bool IsPress(int code) { return code == BN_CLICKED || code == BN_DBLCLK; }
+
+/// The window's text, in whole.
+std::string TextOf(HWND window);
+
+}  // namespace tarvo
