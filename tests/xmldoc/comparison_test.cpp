@@ -1,5 +1,5 @@
 // What counts as a number in a comparison, and how each sign compares.
-#include "xmldoc/condition_comparison.h"
+#include "xmldoc/template/condition_comparison.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +23,7 @@ TEST(DecimalNumber, IsAWholeTextOfOneNumber) {
       {"999999999999999", 999999999999999.0},
       {"1000000000000000", 1e15},
       {"9007199254740993", 9007199254740992.0},
+      {"99999999999999999999", 1e20},
       {std::string_view("1.55").substr(0, 3), 1.5},
       {std::string_view("155").substr(0, 2), 15},
   };

@@ -69,6 +69,18 @@ TEST(FieldList, SearchFieldThatFindsNothingGivesADetachedEmptyField) {
   EXPECT_EQ(document->Fields().SearchField("missing", true)->Value(), "");
 }
 
+TEST(FieldList, AddsFieldsWithoutACipherUnlessTold) {
+  const Ref<Document> document = Document::Create();
+  document->Fields().AddField("plain");
+  document->Fields().AddField("ciphered", "value", "password", 3);
+  const Ref<Field> plain = document->Fields().Field(0);
+  EXPECT_EQ(plain->Value() + plain->EncodePassword(), "");
+  EXPECT_EQ(plain->CryptType(), 0);
+  const Ref<Field> ciphered = document->Fields().Field(1);
+  EXPECT_EQ(ciphered->Value() + ciphered->EncodePassword(), "valuepassword");
+  EXPECT_EQ(ciphered->CryptType(), 3);
+}
+
 TEST(FieldList, LooksUpByIndexAndByName) {
   const Ref<Document> document = WithFields({"a", "b", "A", "1"});
   const Fields& fields = document->Fields();

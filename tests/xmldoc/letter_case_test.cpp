@@ -168,8 +168,8 @@ TEST(Letters, HaveOneByteOrTwoOrNoCase) {
   EXPECT_EQ(CasedLength("a\x82", 1), 1u) << "each byte is a letter without a code page";
   JapanesePage page;
   const LettersInUse inUse(page);
-  const std::string text = "a\x82\x60\xB1\xB2\x82";
-  const std::size_t lengths[] = {1, 2, 1, 0, 0, 0};
+  const std::string text = "a\x82\x60\xB1\xB2\x80\x7F\x82";
+  const std::size_t lengths[] = {1, 2, 1, 0, 0, 0, 1, 0};
   for (std::size_t i = 0; i < text.size(); ++i) EXPECT_EQ(CasedLength(text, i), lengths[i]) << i;
 }
 

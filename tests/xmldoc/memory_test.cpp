@@ -1,14 +1,16 @@
 // Nodes give back what they took, however they were held, and bad input takes no more than it may.
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "allocated_bytes.h"
 #include "scarce_memory.h"
 #include "tree_text.h"
+#include "xmldoc/nodes/compact_text.h"
 #include "xmldoc/document.h"
-#include "xmldoc/node_pool.h"
+#include "xmldoc/nodes/node_pool.h"
 
 namespace tarvo {
 namespace {
@@ -83,6 +85,35 @@ TEST(NodeMemory, IsGivenBackWhenATextIsSetAnew) {
   root->Fields().Field(0)->SetName("f");
   root->Fields().Field(0)->SetValue("");
   EXPECT_EQ(TreeText(*root), "r{f(a=" + text + ")=}");
+}
+
+TEST(CompactText, GivesBackItsOwnCharactersAlone) {
+  static constexpr char kForeign[] = "somebody else's";
+  EXPECT_EQ(LeftBehind([] {
+              CompactText text;
+              text.Assign(std::string(100, 'x'));
+              text.Show(kForeign, sizeof kForeign - 1);
+              EXPECT_EQ(text.View(), kForeign);
+              text.Assign("own");
+              text.Assign(text.View().substr(1));
+              EXPECT_EQ(text.View(), "wn");
+              text.Assign("");
+              EXPECT_TRUE(text.Empty());
+            }),
+            0u);
+}
+
+// The length alone decides: behind the first bytes there is nothing to read.
+TEST(CompactText, OfFourGibibytesIsRefused) {
+  CompactText text;
+  text.Assign("as before");
+  try {
+    text.Assign(std::string_view("few", std::size_t{1} << 32));
+    FAIL() << "taken";
+  } catch (const std::length_error& error) {
+    EXPECT_STREQ(error.what(), "text of a node too long");
+  }
+  EXPECT_EQ(text.View(), "as before");
 }
 
 TEST(NodeMemory, IsGivenBackByThePool) {

@@ -70,6 +70,7 @@ TEST(Reader, SelfClosingTags) {
 TEST(Reader, Declarations) {
   Check({
       {"a comment ends at its own closer", "<r><!-- a > b --><a/></r>", "r{a=}", true, true},
+      {"a comment without blanks", "<r><!--x><b/>--><a/></r>", "r{a=}", true, true},
       {"the shortest comment", "<!--><r><a/></r>", "r{a=}", true, true},
       {"a comment may hold tags", "<r><!-- <b/> </r> --><a/></r>", "r{a=}", true, true},
       {"a document type is skipped", "<!DOCTYPE r SYSTEM \"x\"><r><a/></r>", "r{a=}", true, true},
@@ -184,6 +185,7 @@ TEST(Reader, Entities) {
        "r{a=a < b &amp; c >}", true, true},
       {"a plain > in a value", "<r><a>a > b</a></r>", "r{a=a > b}", true, true},
       {"attributes are not decoded", "<r><a x=\"&lt;\"/></r>", "r{a(x=&lt;)=}", true, true},
+      {"the second > in a value is text", "<r><a x=\"1>></a></r>", "r{a(x=)=>}", true, true},
       {"> ends a tag, within quotes too", "<r><a x=\"1>2\"/></r>", "r{|a(x=){}}", true, true},
       {"bytes above 127 stay", "<r><\xE1>\xFF\x80</\xE1></r>", "r{\xE1=\xFF\x80}", true, true},
       {"a NUL stays", std::string("<r><a>x\0y</a></r>", 17), std::string("r{a=x\0y}", 8), true,

@@ -149,6 +149,19 @@ TEST(TemplateBlocks, TakeQuotesOutOfAnId) {
             ".");
 }
 
+TEST(TemplateBlocks, ThatHaveEndedLeaveALaterEndAsText) {
+  EXPECT_EQ(Filled(kDocument, "<@open ID=\"b\">.<@close ID=\"b\"><@close ID=\"b\">"),
+            "...<@close ID=\"b\">");
+  EXPECT_EQ(Filled(kDocument,
+                   "<@open ID=\"b\">.<@close ID=\"b\"><@open ID=\"b\">:<@close ID=\"b\">"
+                   "<@close ID=\"b\">"),
+            "...:::<@close ID=\"b\">");
+}
+
+TEST(TemplateBlocks, KnowTheirAttributesByWholeNames) {
+  EXPECT_EQ(Filled(kDocument, "<@open grid=\"x\" ID=\"b\" unstop=\"1\">.<@close ID=\"b\">"), "...");
+}
+
 TEST(TemplateBlocks, MayHoldAGreaterSignInQuotes) {
   EXPECT_EQ(Filled(kDocument, "<@open ID=\"b\" when=\"var(x)>2\"><@field x><@close ID=\"b\">"),
             "3");

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "tests/xmldoc/template_outcome.h"
-#include "xmldoc/template_calculation.h"
+#include "xmldoc/template/template_calculation.h"
 
 namespace tarvo {
 namespace {

@@ -141,6 +141,13 @@ TEST(GetChilds, GivesAllForTheEmptyConditionAndNoneWhereNoneHolds) {
   EXPECT_EQ(Document::Create()->GetChilds("var(v)=1").Count(), 0);
 }
 
+TEST(GetChilds, CanBeHandedOn) {
+  Documents found = DocumentOf(kFamily)->GetChilds("var(v)>1");
+  const Documents taken(std::move(found));
+  EXPECT_EQ(taken.Count(), 2);
+  EXPECT_EQ(taken.Child(1)->Fields().Field("v")->Value(), "3");
+}
+
 TEST(GetChilds, KeepsItsNodesWhenTheTreeGoes) {
   Ref<Document> root = DocumentOf(kFamily);
   const Documents found = root->GetChilds("var(v)='3'");

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "tests/xmldoc/template_outcome.h"
-#include "xmldoc/template_functions.h"
+#include "xmldoc/template/template_functions.h"
 
 namespace tarvo {
 namespace {
@@ -158,7 +158,8 @@ TEST(TemplateFormats, OfTitlesAndSentences) {
        "b",
        "A\x80"
        "b"},
-      {"z z", "Z Z", "Z z"},
+      {"zoo zz", "Zoo Zz", "Zoo zz"},
+      {"aa 0a 9z", "Aa 0a 9z", "Aa 0a 9z"},
       {"o'neil's", "O'neil's", "O'neil's"},
       {"'one' two", "'one' Two", "'One' two"},
       {"one.two. three", "One.Two. Three", "One.two. Three"},

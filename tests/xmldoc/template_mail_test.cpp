@@ -65,6 +65,11 @@ TEST(TemplateMail, LeavesTheReportOfAFailure) {
       {"server=\"m\" port=\"x\"", "[xDocument[SENDMAIL] Error: no valid port given]"},
       {"server=\"m\" port=\"2.5\"", "[xDocument[SENDMAIL] Error: no valid port given]"},
       {"server=\"m\" port=\"65535\"", "[]"},
+      {"server=\"m\" port=\"1\"", "[]"},
+      {"server=\" m \" port=\" 1 \"", "[]"},
+      {"server=\"m\" port=\" \"", "[]"},
+      {"server=\" \"", "[xDocument[SENDMAIL] Error: no server given]"},
+      {"server=\"m\" port=\"-1\"", "[xDocument[SENDMAIL] Error: no valid port given]"},
   };
   for (const auto& [attributes, outcome] : cases) {
     FakePorts fakes;

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "tests/xmldoc/template_outcome.h"
-#include "xmldoc/template_output.h"
-#include "xmldoc/template_path.h"
+#include "xmldoc/template/template_output.h"
+#include "xmldoc/template/template_path.h"
 
 namespace tarvo {
 namespace {
@@ -43,6 +43,26 @@ TEST(TemplateSharing, CountsTheChildrenThatEachBlockLooksAt) {
   }
 }
 
+TEST(TemplateSharing, LooksNoFurtherThanItsStop) {
+  const std::string block = "<@open ID=\"b\" stop=\"1\">.<@close ID=\"b\">";
+  for (const std::size_t blocks : {1U, 2U}) {
+    TemplatePorts ports;
+    ports.mostChilds = blocks;
+    EXPECT_EQ(Filled(kRows, blocks == 1 ? block : block + block, ports), std::string(blocks, '.'));
+  }
+}
+
+TEST(TemplateSharing, TellsPathsApartThatReadAlike) {
+  const char* document = "<r><a><b><x>1</x></b></a><ab><x>2</x></ab><a~b><x>3</x></a~b></r>";
+  std::string source;
+  for (int twice = 0; twice < 2; ++twice) {
+    for (const std::string id : {"a.b", "ab", "a~b"}) {
+      source += "<@open ID=\"" + id + "\" when=\"var(x)>0\"><@field x><@close ID=\"" + id + "\">";
+    }
+  }
+  EXPECT_EQ(Filled(document, source), "123123");
+}
+
 TEST(TemplateSharing, SeesWhatSetStored) {
   EXPECT_EQ(Filled(kRows,
                    "<@open ID=\"b\" when=\"var(x)=2\">a<@field set(x,3)><@close ID=\"b\">"
@@ -76,6 +96,10 @@ TEST(TemplateSharing, SeesWhatAComponentChanged) {
                        "<@close ID=\"b\"><@open ID=\"b\" when=\"var(x)=3\">c<@close ID=\"b\">",
                        nullptr, ports),
       "abc");
+}
+
+TEST(TemplateFields, MayHaveBlanksAroundThem) {
+  EXPECT_EQ(Filled("<r/>", "<@field   LET x=1  ><@field   x  ><@field   upp(a)  >"), "1A");
 }
 
 TEST(TemplatePorts, BoundATemplateUnlessTheProgramSaysOtherwise) {

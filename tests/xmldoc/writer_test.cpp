@@ -47,6 +47,27 @@ TEST(Writer, ARootWithoutContentHasNoDeclaration) {
   EXPECT_EQ(withAttribute->XMLExport(), "<xml x=\"1\"/>\r\n");
 }
 
+// Beyond a thousand levels a text is measured before it is written.
+TEST(Writer, WritesAThousandLevelsLikeAFew) {
+  for (const std::size_t levels : {998U, 999U, 1000U, 1001U, 1200U}) {
+    const Ref<Document> root = Named("n");
+    Ref<Document> node = root;
+    std::string opened;
+    std::string closed;
+    for (std::size_t depth = 0; depth < levels; ++depth) {
+      const std::string tabs(depth, '\t');
+      opened += tabs + "<n>\r\n";
+      closed.insert(0, tabs + "</n>\r\n");
+      node->Childs().AddChild("n");
+      node = node->Childs().Child(0);
+    }
+    const std::string text =
+        kDeclaration + opened + std::string(levels, '\t') + "<n/>\r\n" + closed;
+    EXPECT_TRUE(root->XMLExport() == text) << levels;
+    EXPECT_TRUE(root->XMLExport() == text) << levels << " once more";
+  }
+}
+
 TEST(Writer, AChildNamedXmlWithoutContentIsWritten) {
   const Ref<Document> root = Named("r");
   root->Childs().AddChild("xml");
