@@ -3,12 +3,10 @@
 #include <algorithm>
 
 #include "app/version.h"
-#include "core/registry_text.h"
 #include "core/server_configuration.h"
 #include "supervision/memory_watch.h"
 #include "supervision/winsock_error_text.h"
 #include "support/number_text.h"
-#include "support/runtime_error.h"
 #include "toolkit/window_place.h"
 
 namespace tarvo {
@@ -31,31 +29,38 @@ Principal::Principal(const Machine& machine)
       perUserRegistry_(machine.registry),
       root_(machine.executablePath, machine.codePage),
       registry_(perUserRegistry_, root_.SettingsKey()),
+      store_(registry_, root_.SettingsKey()),
       timers_(machine.tickClock),
       form_(timers_),
       log_(form_.status.RTLog, form_.servers.WLog, form_.servers.LogH, machine.fileAppender,
            machine.localClock, root_.AppFolder()),
-      settings_(form_, components_, registry_, root_, machine.localClock),
+      settings_(BindSettings(form_), components_, store_),
       processes_(machine.processes, machine.foreignWindows, machine.tickClock, machine.codePage,
                  machine.workingFolder, form_.servers.Exes, root_.AppFolder()),
-      startStop_(form_, components_, processes_, log_, machine.messageBoxes),
+      startStop_(BindStartStop(form_), components_, processes_, log_, machine.messageBoxes),
       probe_(machine.sockets),
-      freezeWatch_(form_, components_, probe_, processes_, log_, machine.localClock,
-                   machine.tickClock),
-      crashWatch_(form_, components_, processes_, startStop_, log_, machine.localClock),
+      freezeWatch_(BindFreezeWatch(form_), components_, probe_, processes_, log_,
+                   machine.localClock, machine.tickClock),
+      crashWatch_(BindCrashWatch(form_), components_, processes_, startStop_, log_,
+                  machine.localClock),
       lights_(form_.frame.Sem, components_),
-      windowOptions_(form_, components_, processes_, registry_, root_),
+      windowOptions_(components_, processes_),
+      startUpEntry_(form_.servers.Check2, form_.frame.SName, registry_, store_, root_),
       lastHour_(form_.frame.Strip, components_, machine.tickClock),
       statusIcons_(machine.icons),
       tray_(machine.notificationArea, machine.codePage, dispatch_),
-      upgradeSettings_(form_, registry_, root_, machine.fileDialog, machine.messageBoxes),
-      upgrade_({form_, components_, startStop_, log_, upgradeSettings_, machine.fileReader,
-                PatientCopies(machine.fileCopies, machine.tickClock), machine.localClock,
-                machine.messageBoxes, root_.AppFolder(), crashWatch_.UpgradeInProgress}),
+      upgradeSettings_(BindUpgradeSettings(form_), store_, root_, machine.fileDialog,
+                       machine.messageBoxes),
+      upgrade_({BindUpgrade(form_), components_, startStop_, log_, upgradeSettings_,
+                machine.fileReader, PatientCopies(machine.fileCopies, machine.tickClock),
+                machine.localClock, machine.messageBoxes, root_.AppFolder(),
+                crashWatch_.UpgradeInProgress}),
       patientFiles_(machine.fileReplacer, machine.tickClock),
-      randomizer_(form_.randomizer, form_.timers.tmr_Calendar, log_, root_,
-                  {machine.fileReader, patientFiles_, machine.eventLog, registry_,
-                   machine.localClock, machine.random, machine.messageBoxes}) {
+      randomizerSettings_(form_.randomizer.opt_Rnd, form_.randomizer.txtMxD, store_,
+                          machine.localClock),
+      randomizer_(BindRandomizer(form_.randomizer, form_.timers.tmr_Calendar), log_, root_,
+                  {machine.fileReader, patientFiles_, machine.eventLog, store_, machine.localClock,
+                   machine.random, machine.messageBoxes}) {
   WireControls();
   WireTimers();
   WireUpgrade();
@@ -85,11 +90,11 @@ void Principal::WireControls() {
   for (ComponentKind kind : kComponents) {
     const std::size_t i = IndexOf(kind);
     servers.Prior[kind].onSelect = [this, kind] { startStop_.Prior_Click(kind); };
-    servers.chkAK[i].onChange = [this, i] { chkAK_Click(form_.servers, i); };
+    servers.chkAK[i].onChange = [this, i] { settings_.chkAK_Click(i); };
     servers.TTO[kind].onChange = [this, kind] { TTO_Change(form_.servers.TTO[kind]); };
     servers.opt_ShowWin[i].onClick = [this, kind] { windowOptions_.opt_ShowWin_Click(kind); };
   }
-  servers.Check2.onClick = [this] { windowOptions_.Check2_Click(); };
+  servers.Check2.onClick = [this] { startUpEntry_.Check2_Click(); };
   servers.Command1.onClick = [this] { Command1_Click(); };
   startStop_.cameUnderControl = [this](ComponentKind kind) { NoteUnderControl(kind); };
   startStop_.prepareFreezeWatch = [this](ComponentKind kind) { freezeWatch_.Prepare(kind); };
@@ -98,10 +103,10 @@ void Principal::WireControls() {
 void Principal::WireTimers() {
   Timers& timers = form_.timers;
   for (ComponentKind kind : kComponents) {
-    timers.CrashWatch(kind).onTick = [this, kind] { crashWatch_.Check(kind); };
-    timers.Preparation(kind).onTick = [this, kind] { freezeWatch_.Prepare(kind); };
-    timers.Probe(kind).onTick = [this, kind] { freezeWatch_.ProbePeriodically(kind); };
-    timers.Reprobe(kind).onTick = [this, kind] { freezeWatch_.ProbeAgain(kind); };
+    timers.CrashWatch[kind].onTick = [this, kind] { crashWatch_.Check(kind); };
+    timers.Preparation[kind].onTick = [this, kind] { freezeWatch_.Prepare(kind); };
+    timers.Probe[kind].onTick = [this, kind] { freezeWatch_.ProbePeriodically(kind); };
+    timers.Reprobe[kind].onTick = [this, kind] { freezeWatch_.ProbeAgain(kind); };
   }
   timers.Mem.onTick = [this] { ShowFreeMemory(machine_.memoryStatus, form_.frame.lblMemory); };
   timers.tmrAlarma.onTick = [this] { tmrAlarma_Timer(); };
@@ -136,7 +141,6 @@ void Principal::tmrAlarma_Timer() {
 IconHandle Principal::imgIcon(int code) { return statusIcons_.For(StatesOfCode(code)); }
 
 void Principal::WireUpgrade() {
-  settings_.loadUpgradeSettings = [this] { upgradeSettings_.LoadUpgradeSettings(); };
   crashWatch_.runUpgrade = [this](int trigger) { return upgrade_.RunUpgrade(trigger); };
   UpgradePage& page = form_.upgrade;
   for (ComponentKind kind : kComponents) {
@@ -209,9 +213,8 @@ void Principal::Form_Load() {
 }
 
 bool Principal::StartNetworking() {
-  const std::string text =
-      ReadRegistryString(registry_, Hive::LocalMachine, kSettingsKeyPrefix, "Winsock", "&H202");
-  const std::int32_t version = NamingSource("Winsock", [&text] { return ToInteger(text); });
+  const std::int32_t version =
+      SettingsStore(registry_, kSettingsKeyPrefix).Integer("Winsock", "&H202");
   const int code = machine_.sockets.Start(static_cast<std::uint16_t>(version));
   if (code != 0) RefuseToStart(WinsockErrorText(code));
   return code == 0;
@@ -234,9 +237,8 @@ bool Principal::LoadSettings() {
   // The settings may minimize the window, and then the icon is the only way back to it.
   tray_.Load("Tarvo Launcher", imgIcon(lights_.StatusCode()));
   RestoreWindowPlace();
-  settings_.Load();
   randomizer_.TheGate().SetCounters(
-      {settings_.LastRandomize(), settings_.DayRndCnt(), settings_.HourRndCnt()});
+      LoadAll(settings_, startUpEntry_, randomizerSettings_, upgradeSettings_));
   return true;
 }
 
@@ -255,7 +257,7 @@ void Principal::LogConfiguration() {
                    kInfo);
   }
   for (ComponentKind kind : kComponents) {
-    const std::uint32_t interval = form_.timers.Probe(kind).Interval();
+    const std::uint32_t interval = form_.timers.Probe[kind].Interval();
     if (interval == kDefaultCheckInterval) continue;
     log_.LogStatus(std::string(NameOf(kind)) + " Check Interval: " +
                        ShortestDecimal(interval / kMillisecondsInSecond) + " seconds.",
@@ -301,17 +303,14 @@ void Principal::OpenLogFile() {
 }
 
 void Principal::RestoreWindowPlace() {
-  const auto place = PlaceOfText(
-      ReadRegistryString(registry_, Hive::LocalMachine, root_.SettingsKey(), kWindowPlace));
+  const auto place = PlaceOfText(store_.Text(kWindowPlace));
   if (place) form_.frame.window.SetStanding(*place);
 }
 
-void Principal::SaveSettings(Registry& registry) {
-  LauncherSettings(form_, components_, registry, root_, machine_.localClock).Save();
+void Principal::SaveSettings(SettingsStore& store) {
+  SaveAll(store, settings_, startUpEntry_, randomizerSettings_, upgradeSettings_);
   const auto& place = form_.frame.window.Standing();
-  if (!place) return;
-  WriteRegistryString(registry, Hive::LocalMachine, root_.SettingsKey(), kWindowPlace,
-                      TextOfPlace(*place));
+  if (place) store.Write(kWindowPlace, TextOfPlace(*place));
 }
 
 void Principal::Form_Unload(bool& cancel) {
@@ -323,7 +322,7 @@ void Principal::Form_Unload(bool& cancel) {
     return;
   }
   tray_.Unload();
-  SaveSettings(registry_);
+  SaveSettings(store_);
   machine_.sockets.Stop();
 }
 
@@ -338,7 +337,7 @@ void Principal::RefuseToClose() {
 /// As a close, but servers that run do not hinder it: they are left to the system.
 void Principal::Form_EndSession() {
   tray_.Unload();
-  SaveSettings(registry_);
+  SaveSettings(store_);
   machine_.sockets.Stop();
   form_.frame.window.End(kExitNormal);
 }
@@ -359,7 +358,7 @@ void Principal::Command1_Click() {
   log_.LogStatus("Launcher unloaded from memory! (server still running)", kAlert);
   tray_.Unload();
   for (Component& component : components_) component.ProcessId = 0;
-  SaveSettings(registry_);
+  SaveSettings(store_);
   form_.frame.window.End(kExitNormal);
 }
 

@@ -3,21 +3,22 @@
 #include <cstdint>
 #include <string>
 
+#include "app/all_settings.h"
 #include "core/component.h"
 #include "core/handed_settings.h"
-#include "core/launcher_settings.h"
 #include "core/patience.h"
 #include "core/per_user_registry.h"
 #include "core/process_control.h"
 #include "core/restart_state.h"
 #include "core/server_root.h"
+#include "core/settings_store.h"
 #include "core/start_stop.h"
 #include "core/status_log.h"
 #include "desktop/frm_sys_tray.h"
 #include "desktop/last_hour.h"
 #include "desktop/status_icons.h"
 #include "desktop/window_options.h"
-#include "form/form.h"
+#include "form/bindings.h"
 #include "platform/machine.h"
 #include "randomizer/randomizer.h"
 #include "supervision/crash_watch.h"
@@ -83,7 +84,7 @@ class Principal {
   void Form_EndSession();
   void OpenLogFile();
   void RestoreWindowPlace();
-  void SaveSettings(Registry& registry);
+  void SaveSettings(SettingsStore& store);
 
   void TakeOver();
   void Resume();
@@ -112,6 +113,7 @@ class Principal {
   PerUserRegistry perUserRegistry_;
   ServerRoot root_;
   HandedSettings registry_;
+  SettingsStore store_;
   EventDispatch dispatch_;
   TimerQueue timers_;
   Form form_;
@@ -125,12 +127,14 @@ class Principal {
   CrashWatch crashWatch_;
   StatusLights lights_;
   WindowOptions windowOptions_;
+  StartUpEntry startUpEntry_;
   LastHour lastHour_;
   StatusIcons statusIcons_;
   frmSysTray tray_;
   UpgradeSettings upgradeSettings_;
   ComponentUpgrade upgrade_;
   PatientReplacer patientFiles_;
+  RandomizerSettings randomizerSettings_;
   Randomizer randomizer_;
   bool componentsFoundInMemory_ = false;
   bool refusingToClose_ = false;

@@ -36,13 +36,14 @@ void Principal::NoteUnderControl(ComponentKind kind) {
 
 void Principal::OrderRestart() {
   for (ComponentKind kind : kComponents) {
-    restartState_.underControl[kind] = form_.timers.CrashWatch(kind).Enabled();
+    restartState_.underControl[kind] = form_.timers.CrashWatch[kind].Enabled();
   }
   restartState_.minimized = form_.frame.window.State() == WindowState::Minimized;
   // No tick changes what the operator has set, and ticks are many.
   if (!timers_.Ticking()) {
     CollectedSettings settings;
-    SaveSettings(settings);
+    SettingsStore store(settings, root_.SettingsKey());
+    SaveSettings(store);
     restartState_.settings = settings.Settings();
   }
   KeepOrder();

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-#include "form/form.h"
 #include "platform/foreign_windows.h"
 #include "platform/processes.h"
+#include "support/per_component.h"
 
 namespace tarvo {
 

@@ -92,7 +92,7 @@ int ProcessControl::ShowComponentWindow(WindowHandle window, bool show) {
 }
 
 LaunchResult ProcessControl::LaunchComponent(ComponentKind kind) {
-  const std::string path = appFolder_ + "\\" + Exes_[kind].Text();
+  const std::string path = appFolder_ + "\\" + executables_[kind].Text();
   // A tick under a file dialog finds another folder current; the servers look for conf in it.
   workingFolder_.MoveInto(appFolder_ + "\\");
   LaunchResult launched = processes_.LaunchHidden(path);
@@ -101,7 +101,7 @@ LaunchResult ProcessControl::LaunchComponent(ComponentKind kind) {
 }
 
 bool ProcessControl::StopProcesses(ComponentKind kind) {
-  const std::string name = Exes_[kind].Text();
+  const std::string name = executables_[kind].Text();
   const std::uint32_t start = clock_.Milliseconds();
   while (FindProcessByName(name) != 0) {
     if (clock_.Milliseconds() - start >= kLongestStop) return false;

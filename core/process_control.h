@@ -10,6 +10,7 @@
 #include "platform/foreign_windows.h"
 #include "platform/processes.h"
 #include "platform/working_folder.h"
+#include "toolkit/controls.h"
 
 namespace tarvo {
 
@@ -25,13 +26,13 @@ class ProcessControl {
  public:
   ProcessControl(Processes& processes, ForeignWindows& windows, TickClock& clock,
                  CodePage& codePage, WorkingFolder& workingFolder,
-                 const PerComponent<DropDownList>& Exes, std::string appFolder)
+                 const PerComponent<DropDownList>& executables, std::string appFolder)
       : processes_(processes),
         windows_(windows),
         clock_(clock),
         codePage_(codePage),
         workingFolder_(workingFolder),
-        Exes_(Exes),
+        executables_(executables),
         appFolder_(std::move(appFolder)) {}
 
   /// The first process of that file name in the system's order; 0 for none, and for an empty name.
@@ -72,7 +73,7 @@ class ProcessControl {
   TickClock& clock_;
   CodePage& codePage_;
   WorkingFolder& workingFolder_;
-  const PerComponent<DropDownList>& Exes_;
+  const PerComponent<DropDownList>& executables_;
   const std::string appFolder_;
 };
 

@@ -7,6 +7,7 @@
 #include "core/server_root.h"
 #include "platform/file_diagnosis.h"
 #include "platform/files.h"
+#include "toolkit/controls.h"
 
 namespace tarvo {
 

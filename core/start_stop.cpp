@@ -30,7 +30,7 @@ void StartStop::bStart_Click(std::size_t index) {
   if (index == 3) return StartAll();
   if (index == 4) return StopAll();
   const ComponentKind kind = kComponents[index];
-  if (form_.status.bStart[index].Caption().ends_with('t')) {
+  if (controls_.buttons[index].Caption().ends_with('t')) {
     StartComponent(kind);
   } else {
     StopComponent(kind);
@@ -38,19 +38,19 @@ void StartStop::bStart_Click(std::size_t index) {
 }
 
 std::string StartStop::ReasonToRefuse() const {
-  const auto& Exes = form_.servers.Exes;
-  for (const DropDownList& chooser : Exes) {
+  const auto& executables = controls_.executables;
+  for (const DropDownList& chooser : executables) {
     if (chooser.Text().empty()) return "Please, select the right servers from the list";
   }
   bool tooShort = false;
   for (ComponentKind kind : kComponents) {
-    const TextBox& box = form_.servers.TTO[kind];
+    const TextBox& box = controls_.autokillTimes[kind];
     tooShort |= AutokillTime(box, kind) < kShortestAutokillTime && box.Enabled();
   }
   if (tooShort) return "The min autokill time is 5 second, please check.";
-  const std::string login = Exes[ComponentKind::Login].Text();
-  const std::string charServer = Exes[ComponentKind::Char].Text();
-  const std::string map = Exes[ComponentKind::Map].Text();
+  const std::string login = executables[ComponentKind::Login].Text();
+  const std::string charServer = executables[ComponentKind::Char].Text();
+  const std::string map = executables[ComponentKind::Map].Text();
   if (login == charServer || login == map || charServer == map) {
     return "Please, select the right servers from the list!";
   }
@@ -61,7 +61,7 @@ void StartStop::StartAll() {
   for (ComponentKind kind : kComponents) {
     if (components_[kind].ProcessId == 0) StartComponent(kind);
   }
-  form_.frame.SSTab1.SetPage(0);
+  controls_.pages.SetPage(0);
 }
 
 void StartStop::StopAll() {
@@ -71,8 +71,8 @@ void StartStop::StopAll() {
 }
 
 void StartStop::StartComponent(ComponentKind kind) {
-  form_.servers.Exes[kind].SetEnabled(false);
-  CommandButton& button = form_.status.bStart[IndexOf(kind)];
+  controls_.executables[kind].SetEnabled(false);
+  CommandButton& button = controls_.buttons[IndexOf(kind)];
   button.SetCaption("Stop");
   button.SetBackground(kStartedColour);
   if (kind == ComponentKind::Map && beforeMapServerStarts) beforeMapServerStarts();
@@ -81,25 +81,25 @@ void StartStop::StartComponent(ComponentKind kind) {
   if (components_[kind].ProcessId != 0) {
     if (prepareFreezeWatch) prepareFreezeWatch(kind);
     processes_.SetPriority(components_[kind].ProcessId,
-                           PriorityClassFor(form_.servers.Prior[kind].ListIndex()));
+                           PriorityClassFor(controls_.priorities[kind].ListIndex()));
   }
   // After a crash the timer still runs, and is due already when the restart took long: the new
   // process would have had no time to open its window.
-  Timer& watch = form_.timers.CrashWatch(kind);
+  Timer& watch = controls_.crashWatch[kind];
   watch.SetEnabled(false);
   watch.SetEnabled(true);
   if (cameUnderControl) cameUnderControl(kind);
 }
 
 void StartStop::LaunchOrAdopt(ComponentKind kind) {
-  const std::string executable = form_.servers.Exes[kind].Text();
+  const std::string executable = controls_.executables[kind].Text();
   const ProcessId running = processes_.FindProcessByName(executable);
   if (running == 0) return Launch(kind);
   components_[kind].ProcessId = running;
   log_.LogStatus("[" + executable + "] was found in memory!", kInfo);
   log_.LogStatus(ServerName(kind) + " under control" + StartedMark(kind) + PriorityText(kind),
                  kInfo);
-  form_.timers.Preparation(kind).SetEnabled(true);
+  controls_.preparation[kind].SetEnabled(true);
 }
 
 void StartStop::Launch(ComponentKind kind) {
@@ -110,36 +110,35 @@ void StartStop::Launch(ComponentKind kind) {
     return;
   }
   components_[kind].AlarmState = AlarmState::Trouble;
-  log_.LogStatus("[" + form_.servers.Exes[kind].Text() +
+  log_.LogStatus("[" + controls_.executables[kind].Text() +
                      "] can't be started: " + launched.reason.description + " (system error " +
                      std::to_string(launched.reason.number) + ")",
                  kAlert);
 }
 
 std::string StartStop::PriorityText(ComponentKind kind) const {
-  return " [" + form_.servers.Prior[kind].Text() + " Priority]";
+  return " [" + controls_.priorities[kind].Text() + " Priority]";
 }
 
 void StartStop::StopComponent(ComponentKind kind) {
-  Timers& timers = form_.timers;
-  for (Timer* timer : {&timers.CrashWatch(kind), &timers.Probe(kind), &timers.Reprobe(kind),
-                       &timers.Preparation(kind)}) {
-    timer->SetEnabled(false);
+  for (auto* timers :
+       {&controls_.crashWatch, &controls_.probe, &controls_.reprobe, &controls_.preparation}) {
+    (*timers)[kind].SetEnabled(false);
   }
   Component& component = components_[kind];
   component.ProcessId = 0;
   component.RunningHandle = 0;
   log_.LogStatus(ServerName(kind) + " Stopped!", kNotice);
   if (!processes_.StopProcesses(kind)) {
-    log_.LogStatus("[" + form_.servers.Exes[kind].Text() + "] refuses to end, still in memory!",
+    log_.LogStatus("[" + controls_.executables[kind].Text() + "] refuses to end, still in memory!",
                    kAlert);
   }
   component.AlarmState = AlarmState::NotWatched;
   component.probeFailure.clear();
-  form_.frame.Sem[kind].SetFill(kStoppedLight);
-  form_.frame.Sem[kind].SetToolTip({});
-  form_.servers.Exes[kind].SetEnabled(true);
-  CommandButton& button = form_.status.bStart[IndexOf(kind)];
+  controls_.lights[kind].SetFill(kStoppedLight);
+  controls_.lights[kind].SetToolTip({});
+  controls_.executables[kind].SetEnabled(true);
+  CommandButton& button = controls_.buttons[IndexOf(kind)];
   button.SetCaption("Start");
   button.SetBackground(kStoppedColour);
 }
@@ -147,7 +146,7 @@ void StartStop::StopComponent(ComponentKind kind) {
 void StartStop::Prior_Click(ComponentKind kind) {
   const ProcessId id = components_[kind].ProcessId;
   if (id == 0) return;
-  const DropDownList& list = form_.servers.Prior[kind];
+  const DropDownList& list = controls_.priorities[kind];
   processes_.SetPriority(id, PriorityClassFor(list.ListIndex()));
   log_.LogStatus(
       ServerName(kind) + " running with " + list.Text() + " priority" + PriorityMark(kind),

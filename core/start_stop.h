@@ -2,13 +2,15 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 
 #include "core/component.h"
 #include "core/process_control.h"
 #include "core/status_log.h"
-#include "form/form.h"
 #include "platform/message_boxes.h"
+#include "toolkit/controls.h"
+#include "toolkit/timer_queue.h"
 
 namespace tarvo {
 
@@ -16,13 +18,27 @@ namespace tarvo {
 /// setting that keeps them, for a text that is no 32-bit number.
 std::int32_t AutokillTime(const TextBox& box, ComponentKind kind);
 
+/// What the start and the stop of a component act on.
+struct StartStopControls {
+  PerComponent<DropDownList>& executables;
+  const PerComponent<DropDownList>& priorities;
+  const PerComponent<TextBox>& autokillTimes;
+  std::span<CommandButton, kComponentCount> buttons;
+  PerComponent<Light>& lights;
+  TabView& pages;
+  PerComponent<Timer>& crashWatch;
+  PerComponent<Timer>& preparation;
+  PerComponent<Timer>& probe;
+  PerComponent<Timer>& reprobe;
+};
+
 /// Starts and stops the components. The caption of a component's button is its state: "Start" when
 /// it is stopped, "Stop" when it is started.
 class StartStop {
  public:
-  StartStop(Form& form, ComponentTable& components, ProcessControl& processes, StatusLog& log,
-            MessageBoxes& messageBoxes)
-      : form_(form),
+  StartStop(const StartStopControls& controls, ComponentTable& components,
+            ProcessControl& processes, StatusLog& log, MessageBoxes& messageBoxes)
+      : controls_(controls),
         components_(components),
         processes_(processes),
         log_(log),
@@ -65,7 +81,7 @@ class StartStop {
   void Launch(ComponentKind kind);
   std::string PriorityText(ComponentKind kind) const;
 
-  Form& form_;
+  StartStopControls controls_;
   ComponentTable& components_;
   ProcessControl& processes_;
   StatusLog& log_;

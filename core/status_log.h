@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "form/form.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "toolkit/controls.h"
+#include "toolkit/rich_text_view.h"
 
 namespace tarvo {
 

@@ -5,21 +5,6 @@
 #include "form/status_colours.h"
 
 namespace tarvo {
-namespace {
-
-Timer& Pick(ComponentKind kind, Timer& login, Timer& charServer, Timer& map) {
-  switch (kind) {
-    case ComponentKind::Login:
-      return login;
-    case ComponentKind::Char:
-      return charServer;
-    case ComponentKind::Map:
-      break;
-  }
-  return map;
-}
-
-}  // namespace
 
 StatusPage::StatusPage()
     : RTLog({kStampColour, kInfoColour, kNoticeColour, kAlertColour, kExtraColour}) {
@@ -55,25 +40,12 @@ ServersPage::ServersPage() {
 }
 
 Timers::Timers(TimerQueue& queue)
-    : LCtrl(queue, "LCtrl", 5000),
-      CCtrl(queue, "CCtrl", 5000),
-      MCtrl(queue, "MCtrl", 5000),
-      PrepL(queue, "PrepL", 3000),
-      PrepC(queue, "PrepC", 5000),
-      PrepM(queue, "PrepM", 10000),
-      TTL(queue, "TTL", 10000),
-      TTC(queue, "TTC", 10000),
-      TTM(queue, "TTM", 10000),
-      TLogin(queue, "TLogin", 2000),
-      TChar(queue, "TChar", 2000),
-      TMap(queue, "TMap", 2000),
+    : CrashWatch{{{{queue, "LCtrl", 5000}, {queue, "CCtrl", 5000}, {queue, "MCtrl", 5000}}}},
+      Preparation{{{{queue, "PrepL", 3000}, {queue, "PrepC", 5000}, {queue, "PrepM", 10000}}}},
+      Probe{{{{queue, "TTL", 10000}, {queue, "TTC", 10000}, {queue, "TTM", 10000}}}},
+      Reprobe{{{{queue, "TLogin", 2000}, {queue, "TChar", 2000}, {queue, "TMap", 2000}}}},
       Mem(queue, "Mem", 5000, true),
       tmrAlarma(queue, "tmrAlarma", 2000, true),
       tmr_Calendar(queue, "tmr_Calendar", 15000) {}
-
-Timer& Timers::CrashWatch(ComponentKind kind) { return Pick(kind, LCtrl, CCtrl, MCtrl); }
-Timer& Timers::Preparation(ComponentKind kind) { return Pick(kind, PrepL, PrepC, PrepM); }
-Timer& Timers::Probe(ComponentKind kind) { return Pick(kind, TTL, TTC, TTM); }
-Timer& Timers::Reprobe(ComponentKind kind) { return Pick(kind, TLogin, TChar, TMap); }
 
 }  // namespace tarvo

@@ -57,18 +57,13 @@ struct ServersPage {
 struct Timers {
   explicit Timers(TimerQueue& queue);
 
-  Timer LCtrl, CCtrl, MCtrl;  ///< Crash watch, 5000 ms.
-  Timer PrepL, PrepC, PrepM;  ///< Grace after a start, 3000, 5000 and 10000 ms.
-  Timer TTL, TTC, TTM;        ///< Periodic port probe, interval from the settings.
-  Timer TLogin, TChar, TMap;  ///< Re-probe of a frozen component, 2000 ms.
-  Timer Mem;                  ///< Memory read-out, 5000 ms, always on.
-  Timer tmrAlarma;            ///< Status lights, 2000 ms, always on.
-  Timer tmr_Calendar;         ///< Randomize calendar, 15000 ms.
-
-  Timer& CrashWatch(ComponentKind kind);
-  Timer& Preparation(ComponentKind kind);
-  Timer& Probe(ComponentKind kind);
-  Timer& Reprobe(ComponentKind kind);
+  PerComponent<Timer> CrashWatch;   ///< `LCtrl`, `CCtrl`, `MCtrl`, 5000 ms.
+  PerComponent<Timer> Preparation;  ///< `PrepL`, `PrepC`, `PrepM`: grace after a start.
+  PerComponent<Timer> Probe;        ///< `TTL`, `TTC`, `TTM`, interval from the settings.
+  PerComponent<Timer> Reprobe;      ///< `TLogin`, `TChar`, `TMap`: of a frozen one, 2000 ms.
+  Timer Mem;                        ///< Memory read-out, 5000 ms, always on.
+  Timer tmrAlarma;                  ///< Status lights, 2000 ms, always on.
+  Timer tmr_Calendar;               ///< Randomize calendar, 15000 ms.
 };
 
 /// The whole form: one struct a page, its members named as the operator's controls are.

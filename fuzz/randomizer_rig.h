@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "randomizer/randomizer.h"
+#include "form/bindings.h"
 
 /// The randomizer between ports of memory, for targets that give it arbitrary files.
 class RandomizerRig final : public tarvo::FileReader,
@@ -46,11 +46,11 @@ class RandomizerRig final : public tarvo::FileReader,
   tarvo::CheckBox WLog;
   tarvo::DropDownList LogH;
   tarvo::StatusLog log{view, WLog, LogH, *this, *this, "C:\\srv"};
-  tarvo::Randomizer randomizer{page,
-                               calendarTimer,
+  tarvo::SettingsStore store{*this, "Settings"};
+  tarvo::Randomizer randomizer{tarvo::BindRandomizer(page, calendarTimer),
                                log,
                                tarvo::ServerRoot("C:\\srv\\tarvo-launcher.exe", *this),
-                               {*this, *this, *this, *this, *this, *this, *this}};
+                               {*this, *this, *this, store, *this, *this, *this}};
 
  private:
   bool Exists(const std::string& path) override { return files.count(path) != 0; }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/registry_text.h"
 #include "randomizer/calendar_line.h"
 #include "randomizer/server_settings.h"
 #include "support/date_time.h"
@@ -40,7 +39,7 @@ void RandomizerCalendar::ListEntries() {
     lines.push_back(
         CalendarLineOf(entry->Name(), entry->Parameters().Parameter("Restart")->Value()));
   }
-  page_.lstDTRands.SetItems(std::move(lines));
+  controls_.entries.SetItems(std::move(lines));
 }
 
 void RandomizerCalendar::cmdCalendar_Click(std::size_t index) {
@@ -54,42 +53,42 @@ void RandomizerCalendar::cmdCalendar_Click(std::size_t index) {
 }
 
 void RandomizerCalendar::ListEntriesAnew() {
-  const std::string selected = page_.lstDTRands.Text();
+  const std::string selected = controls_.entries.Text();
   ListEntries();
-  const auto& lines = page_.lstDTRands.Items();
+  const auto& lines = controls_.entries.Items();
   const auto found = std::find(lines.begin(), lines.end(), selected);
-  if (found != lines.end()) page_.lstDTRands.SetListIndex(static_cast<int>(found - lines.begin()));
+  if (found != lines.end()) controls_.entries.SetListIndex(static_cast<int>(found - lines.begin()));
 }
 
 void RandomizerCalendar::Add() {
-  if (page_.lstDay.ListIndex() < 0) return;
-  for (std::size_t i = 0; i < page_.txt_Time.size(); ++i) txt_Time_LostFocus(i);
+  if (controls_.days.ListIndex() < 0) return;
+  for (std::size_t i = 0; i < controls_.times.size(); ++i) txt_Time_LostFocus(i);
   const std::string name =
-      page_.lstDay.Text() + "_" + page_.txt_Time[0].Text() + ":" + page_.txt_Time[1].Text();
+      controls_.days.Text() + "_" + controls_.times[0].Text() + ":" + controls_.times[1].Text();
   Fields& entries = set_.Child()->Fields();
   if (IndexOfField(entries, name) >= 0) return;
-  const char* const restart = page_.cmbRstrt.ListIndex() == 0 ? "Yes" : "No";
+  const char* const restart = controls_.restarts.ListIndex() == 0 ? "Yes" : "No";
   const int added = entries.AddField(name);
   entries.Field(added)->Parameters().AddParameter("Restart", restart);
-  page_.lstDTRands.AddItem(CalendarLineOf(name, restart));
+  controls_.entries.AddItem(CalendarLineOf(name, restart));
 }
 
 void RandomizerCalendar::Remove() {
-  const int selected = page_.lstDTRands.ListIndex();
+  const int selected = controls_.entries.ListIndex();
   if (selected < 0) return;
-  const auto& lines = page_.lstDTRands.Items();
+  const auto& lines = controls_.entries.Items();
   const std::string name = NameInCalendarLine(lines[static_cast<std::size_t>(selected)]);
   RemoveFieldOfLine(set_.Child()->Fields(), name, selected);
-  page_.lstDTRands.RemoveItem(selected);
+  controls_.entries.RemoveItem(selected);
 }
 
 void RandomizerCalendar::ScrollTime_Change(std::size_t index) {
-  page_.txt_Time[index].SetText(TwoDigits(page_.ScrollTime[index].Value()));
+  controls_.times[index].SetText(TwoDigits(controls_.scrolls[index].Value()));
 }
 
 void RandomizerCalendar::txt_Time_LostFocus(std::size_t index) {
-  const std::string typed = page_.txt_Time[index].Text();
-  ScrollBar& scroll = page_.ScrollTime[index];
+  const std::string typed = controls_.times[index].Text();
+  ScrollBar& scroll = controls_.scrolls[index];
   if (IsNumeric(typed)) {
     const double value = std::clamp<double>(NumericValue(typed), scroll.Min(), scroll.Max());
     scroll.SetValue(static_cast<int>(value));
@@ -101,7 +100,7 @@ void RandomizerCalendar::Tick() {
   const LocalTime now = clock_.Now();
   const MinuteOfWeek current = MinuteOfWeekAt(now);
   const std::string_view today = DayName(current.weekday);
-  const auto& lines = page_.lstDTRands.Items();
+  const auto& lines = controls_.entries.Items();
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (!lines[i].starts_with(today)) continue;
     const auto entry = ReadCalendarLine(lines[i]);
@@ -113,20 +112,18 @@ void RandomizerCalendar::Tick() {
 
 bool RandomizerCalendar::RanInThisMinute(LocalTime now) const {
   const LocalTime longAgo = LastRunWhenMissing(now);
-  const std::string text = ReadRegistryString(registry_, Hive::LocalMachine, settingsKey_, kLastRun,
-                                              GeneralDate(longAgo));
+  const std::string text = store_.Text(kLastRun, GeneralDate(longAgo));
   return MinuteOfWeekAt(ReadDateTime(text, longAgo)) == MinuteOfWeekAt(now);
 }
 
 void RandomizerCalendar::Run(bool restarts) {
-  if (page_.lstRnd.Items().empty()) log_.LogStatus("Randomize: Nothing to do!", kExtra);
+  if (controls_.ranges.Items().empty()) log_.LogStatus("Randomize: Nothing to do!", kExtra);
   engine_.RunRandomizer();
   if (restarts) {
     log_.LogStatus("Randomize: Restarting Server", kExtra);
     if (restartRunning) restartRunning();
   }
-  WriteRegistryString(registry_, Hive::LocalMachine, settingsKey_, kLastRun,
-                      GeneralDate(clock_.Now()));
+  store_.Write(kLastRun, GeneralDate(clock_.Now()));
 }
 
 LocalTime LastRunWhenMissing(LocalTime now) { return now - std::chrono::days(1000); }

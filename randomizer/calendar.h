@@ -1,17 +1,27 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
-#include <string>
 
+#include "core/settings_store.h"
 #include "core/status_log.h"
-#include "form/randomizer_page.h"
 #include "platform/clock.h"
-#include "platform/registry.h"
 #include "randomizer/engine.h"
 #include "randomizer/stored_set.h"
+#include "toolkit/controls.h"
 
 namespace tarvo {
+
+/// The day, time and restart of an entry that is to be added, and all entries.
+struct CalendarControls {
+  ListBox& days;
+  std::array<ScrollBar, 2>& scrolls;  ///< 0 the hour, 1 the minute.
+  std::array<TextBox, 2>& times;      ///< The same as texts of two digits.
+  const DropDownList& restarts;       ///< 0 "Yes", 1 "No".
+  ListBox& entries;
+  const ListBox& ranges;  ///< The settings that a run gives new values.
+};
 
 /// The group "Randomize Calendar  (program  mode)": days and times of the week at which the engine
 /// runs and, if the entry says so, the running servers are restarted.
@@ -22,15 +32,9 @@ namespace tarvo {
 /// up.
 class RandomizerCalendar {
  public:
-  RandomizerCalendar(RandomizerPage& page, StoredSet& set, RandomizerEngine& engine,
-                     Registry& registry, std::string settingsKey, LocalClock& clock, StatusLog& log)
-      : page_(page),
-        set_(set),
-        engine_(engine),
-        registry_(registry),
-        settingsKey_(std::move(settingsKey)),
-        clock_(clock),
-        log_(log) {}
+  RandomizerCalendar(const CalendarControls& controls, StoredSet& set, RandomizerEngine& engine,
+                     SettingsStore& store, LocalClock& clock, StatusLog& log)
+      : controls_(controls), set_(set), engine_(engine), store_(store), clock_(clock), log_(log) {}
 
   /// Reads the file and lists its entries; call it once at start-up.
   void Load();
@@ -61,11 +65,10 @@ class RandomizerCalendar {
   bool RanInThisMinute(LocalTime now) const;
   void Run(bool restarts);
 
-  RandomizerPage& page_;
+  CalendarControls controls_;
   StoredSet& set_;
   RandomizerEngine& engine_;
-  Registry& registry_;
-  const std::string settingsKey_;
+  SettingsStore& store_;
   LocalClock& clock_;
   StatusLog& log_;
 };

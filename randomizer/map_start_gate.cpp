@@ -2,7 +2,6 @@
 
 #include <limits>
 
-#include "core/registry_text.h"
 #include "randomizer/minute_of_week.h"
 #include "support/date_time.h"
 #include "support/number_text.h"
@@ -26,7 +25,7 @@ LocalTime ZeroDateTime() {
 }
 
 void MapStartGate::RandomizeOnMapStart() {
-  if (!page_.opt_Rnd[0].Selected()) return;
+  if (!controls_.mode[0].Selected()) return;
   const LocalTime now = clock_.Now();
   if (counters_.LastRandomize == ZeroDateTime()) counters_.LastRandomize = now;
   if (LimitReached(now)) return;
@@ -42,24 +41,21 @@ bool MapStartGate::LimitReached(LocalTime now) {
   const MinuteOfWeek current = MinuteOfWeekAt(now);
   if (last.hour != current.hour) {
     counters_.HourRndCnt = 0;
-  } else if (NotAbove(page_.txtMxD[0], counters_.HourRndCnt)) {
+  } else if (NotAbove(controls_.limits[0], counters_.HourRndCnt)) {
     return true;
   }
   if (last.weekday != current.weekday) {
     counters_.DayRndCnt = 0;
-  } else if (NotAbove(page_.txtMxD[1], counters_.DayRndCnt)) {
+  } else if (NotAbove(controls_.limits[1], counters_.DayRndCnt)) {
     return true;
   }
   return false;
 }
 
 void MapStartGate::Save() {
-  const auto write = [this](const char* name, const std::string& text) {
-    WriteRegistryString(registry_, Hive::LocalMachine, settingsKey_, name, text);
-  };
-  write("LastRandomize", GeneralDate(counters_.LastRandomize));
-  write("DayRndCnt", std::to_string(counters_.DayRndCnt));
-  write("HourRndCnt", std::to_string(counters_.HourRndCnt));
+  store_.Write("LastRandomize", GeneralDate(counters_.LastRandomize));
+  store_.Write("DayRndCnt", std::to_string(counters_.DayRndCnt));
+  store_.Write("HourRndCnt", std::to_string(counters_.HourRndCnt));
 }
 
 }  // namespace tarvo

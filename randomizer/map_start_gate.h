@@ -1,12 +1,12 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
-#include <string>
 
-#include "form/randomizer_page.h"
+#include "core/settings_store.h"
 #include "platform/clock.h"
-#include "platform/registry.h"
 #include "randomizer/engine.h"
+#include "toolkit/controls.h"
 
 namespace tarvo {
 
@@ -20,6 +20,12 @@ struct MapStartCounters {
   std::int32_t HourRndCnt = 0;
 };
 
+/// The operator's mode of the randomizer, and his limits of the map starts.
+struct MapStartControls {
+  const OptionGroup& mode;               ///< 0 at map starts, 1 by hand, 2 by the calendar.
+  const std::array<TextBox, 2>& limits;  ///< 0 an hour, 1 a day.
+};
+
 /// Randomizes at the starts of the map server, within the operator's limits.
 ///
 /// The limits compare the hour of the day (0 to 23) and the weekday alone, never the date: the runs
@@ -27,13 +33,9 @@ struct MapStartCounters {
 /// next week. A limit is the number that its box starts with, read anew each time.
 class MapStartGate {
  public:
-  MapStartGate(RandomizerPage& page, RandomizerEngine& engine, Registry& registry,
-               std::string settingsKey, LocalClock& clock)
-      : page_(page),
-        engine_(engine),
-        registry_(registry),
-        settingsKey_(std::move(settingsKey)),
-        clock_(clock) {}
+  MapStartGate(const MapStartControls& controls, RandomizerEngine& engine, SettingsStore& store,
+               LocalClock& clock)
+      : controls_(controls), engine_(engine), store_(store), clock_(clock) {}
 
   /// What the settings hold, once at start-up.
   void SetCounters(const MapStartCounters& counters) { counters_ = counters; }
@@ -48,10 +50,9 @@ class MapStartGate {
   bool LimitReached(LocalTime now);
   void Save();
 
-  RandomizerPage& page_;
+  MapStartControls controls_;
   RandomizerEngine& engine_;
-  Registry& registry_;
-  const std::string settingsKey_;
+  SettingsStore& store_;
   LocalClock& clock_;
   MapStartCounters counters_;
 };

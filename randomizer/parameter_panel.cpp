@@ -48,8 +48,8 @@ void ParameterPanel::Fill() {
   for (int i = 0; i < settings->Fields().Count(); ++i) {
     names.push_back(settings->Fields().Field(i)->Name());
   }
-  page_.cmdParam.AddItems(std::move(names));
-  if (!page_.cmdParam.Items().empty()) page_.cmdParam.SetListIndex(0);
+  controls_.settings.AddItems(std::move(names));
+  if (!controls_.settings.Items().empty()) controls_.settings.SetListIndex(0);
 }
 
 void ParameterPanel::CopyBounds() {
@@ -73,16 +73,16 @@ void ParameterPanel::RefillRandomizeList() {
   for (int i = 0; i < set->Fields().Count(); ++i) {
     lines.push_back(LineOf(*set->Fields().Field(i)));
   }
-  page_.lstRnd.SetItems(std::move(lines));
+  controls_.ranges.SetItems(std::move(lines));
 }
 
 void ParameterPanel::SelectRandomizeListEntry(const std::string& name) {
   listSelecting_ = true;
-  const auto& lines = page_.lstRnd.Items();
+  const auto& lines = controls_.ranges.Items();
   const auto found = std::find_if(lines.begin(), lines.end(), [&](const std::string& line) {
     return NameInLine(line) == name;
   });
-  if (found != lines.end()) page_.lstRnd.SetListIndex(static_cast<int>(found - lines.begin()));
+  if (found != lines.end()) controls_.ranges.SetListIndex(static_cast<int>(found - lines.begin()));
   listSelecting_ = false;
 }
 
@@ -92,18 +92,18 @@ Ref<Field> ParameterPanel::Setting(const std::string& name) const {
 }
 
 void ParameterPanel::cmdParam_Click() {
-  if (page_.cmdParam.ListIndex() < 0) return;
-  const Ref<Field> setting = Setting(page_.cmdParam.Text());
-  page_.rIni.SetText(BoundOrValue(*setting, "Min"));
-  page_.rEnd.SetText(BoundOrValue(*setting, "Max"));
+  if (controls_.settings.ListIndex() < 0) return;
+  const Ref<Field> setting = Setting(controls_.settings.Text());
+  controls_.least.SetText(BoundOrValue(*setting, "Min"));
+  controls_.greatest.SetText(BoundOrValue(*setting, "Max"));
 }
 
 void ParameterPanel::lstRnd_Click() {
-  if (listSelecting_ || page_.lstRnd.ListIndex() < 0) return;
-  const auto& names = page_.cmdParam.Items();
-  const auto found = std::find(names.begin(), names.end(), NameInLine(page_.lstRnd.Text()));
+  if (listSelecting_ || controls_.ranges.ListIndex() < 0) return;
+  const auto& names = controls_.settings.Items();
+  const auto found = std::find(names.begin(), names.end(), NameInLine(controls_.ranges.Text()));
   if (found == names.end()) return;
-  page_.cmdParam.SetListIndex(static_cast<int>(found - names.begin()));
+  controls_.settings.SetListIndex(static_cast<int>(found - names.begin()));
   cmdParam_Click();  // A setting that was selected already has not told of itself.
 }
 
@@ -116,14 +116,14 @@ void ParameterPanel::rAdd_Click(std::size_t index) {
 }
 
 void ParameterPanel::Update() {
-  if (page_.cmdParam.ListIndex() < 0 || RefuseBounds() || !SetIsReady()) return;
-  StoreRange(page_.cmdParam.Text());
+  if (controls_.settings.ListIndex() < 0 || RefuseBounds() || !SetIsReady()) return;
+  StoreRange(controls_.settings.Text());
   ShowAndSave();
 }
 
 bool ParameterPanel::RefuseBounds() {
-  const std::string min = page_.rIni.Text();
-  const std::string max = page_.rEnd.Text();
+  const std::string min = controls_.least.Text();
+  const std::string max = controls_.greatest.Text();
   if (!IsNumeric(min) || !IsNumeric(max)) {
     messageBoxes_.Ask({"Please, use numeric values!", BoxIcon::Exclamation});
     return true;
@@ -136,8 +136,8 @@ bool ParameterPanel::RefuseBounds() {
 }
 
 void ParameterPanel::StoreRange(const std::string& name) {
-  const std::string min = page_.rIni.Text();
-  const std::string max = page_.rEnd.Text();
+  const std::string min = controls_.least.Text();
+  const std::string max = controls_.greatest.Text();
   const Ref<Field> setting = Setting(name);
   SetBound(setting->Parameters(), "Max", ShortestDecimal(NumericValue(max)));
   SetBound(setting->Parameters(), "Min", ShortestDecimal(NumericValue(min)));
@@ -153,9 +153,9 @@ void ParameterPanel::StoreRange(const std::string& name) {
 }
 
 void ParameterPanel::Remove() {
-  const int selected = page_.lstRnd.ListIndex();
+  const int selected = controls_.ranges.ListIndex();
   if (selected < 0 || !SetIsReady()) return;
-  const auto& lines = page_.lstRnd.Items();
+  const auto& lines = controls_.ranges.Items();
   const std::string name = NameInLine(lines[static_cast<std::size_t>(selected)]);
   RemoveFieldOfLine(set_.Child()->Fields(), name, selected);
   ShowAndSave();
@@ -167,7 +167,7 @@ bool ParameterPanel::SetIsReady() {
 
 void ParameterPanel::ShowAndSave() {
   RefillRandomizeList();
-  SelectRandomizeListEntry(page_.cmdParam.Text());
+  SelectRandomizeListEntry(controls_.settings.Text());
   set_.Save();
 }
 

@@ -4,12 +4,20 @@
 #include <string>
 
 #include "core/status_log.h"
-#include "form/randomizer_page.h"
 #include "platform/message_boxes.h"
 #include "randomizer/stored_set.h"
+#include "toolkit/controls.h"
 #include "xmldoc/document.h"
 
 namespace tarvo {
+
+/// The settings that can have a range, the bounds of the one that is chosen, and all ranges.
+struct ParameterControls {
+  DropDownList& settings;
+  TextBox& least;
+  TextBox& greatest;
+  ListBox& ranges;
+};
 
 /// The group "Server Configuration" of the page: the settings of the server's file, each of which
 /// can be given a range, and the list of the ranges.
@@ -20,9 +28,13 @@ class ParameterPanel {
  public:
   /// `document` is the randomizer's tree, whose child "Battle_Athena" holds the settings with their
   /// present values, and the bounds of those that have a range.
-  ParameterPanel(RandomizerPage& page, Document& document, StoredSet& set,
+  ParameterPanel(const ParameterControls& controls, Document& document, StoredSet& set,
                  MessageBoxes& messageBoxes, StatusLog& log)
-      : page_(page), document_(document), set_(set), messageBoxes_(messageBoxes), log_(log) {}
+      : controls_(controls),
+        document_(document),
+        set_(set),
+        messageBoxes_(messageBoxes),
+        log_(log) {}
 
   /// Shows what was loaded: the ranges in `lstRnd` and in their settings, the settings in
   /// `cmdParam`, the first one selected.
@@ -55,7 +67,7 @@ class ParameterPanel {
   void StoreRange(const std::string& name);
   void ShowAndSave();
 
-  RandomizerPage& page_;
+  ParameterControls controls_;
   Document& document_;
   StoredSet& set_;
   MessageBoxes& messageBoxes_;

@@ -5,10 +5,9 @@
 
 namespace tarvo {
 
-Randomizer::Randomizer(RandomizerPage& page, Timer& calendarTimer, StatusLog& log,
-                       const ServerRoot& root, const RandomizerPorts& ports)
-    : page_(page),
-      calendarTimer_(calendarTimer),
+Randomizer::Randomizer(const RandomizerControls& controls, StatusLog& log, const ServerRoot& root,
+                       const RandomizerPorts& ports)
+    : controls_(controls),
       log_(log),
       fileReader_(ports.fileReader),
       serverFile_(root.AppFolder() + "\\conf\\battle_athena.conf"),
@@ -18,43 +17,44 @@ Randomizer::Randomizer(RandomizerPage& page, Timer& calendarTimer, StatusLog& lo
                ports.fileReplacer, ports.eventLog),
       engine_(*document_, serverFile_, ports.fileReader, ports.fileReplacer, ports.eventLog,
               ports.random, log),
-      panel_(page, *document_, parameters_, ports.messageBoxes, log),
-      gate_(page, engine_, ports.registry, root.SettingsKey(), ports.localClock),
-      calendar_(page, entries_, engine_, ports.registry, root.SettingsKey(), ports.localClock,
-                log) {}
+      panel_(controls.parameters, *document_, parameters_, ports.messageBoxes, log),
+      gate_({controls.mode, controls.limits}, engine_, ports.settings, ports.localClock),
+      calendar_(controls.calendar, entries_, engine_, ports.settings, ports.localClock, log) {}
 
 void Randomizer::WireControls() {
   WireParameters();
   WireCalendar();
   for (std::size_t i = 0; i < OptionGroup::Size(); ++i) {
-    page_.opt_Rnd[i].onChange = [this] { calendarTimer_.SetEnabled(page_.opt_Rnd[2].Selected()); };
+    controls_.mode[i].onChange = [this] {
+      controls_.calendarTimer.SetEnabled(controls_.mode[2].Selected());
+    };
   }
 }
 
 void Randomizer::WireParameters() {
-  page_.cmdParam.onSelect = [this] { panel_.cmdParam_Click(); };
-  page_.lstRnd.onSelect = [this] { panel_.lstRnd_Click(); };
-  for (std::size_t i = 0; i < page_.rAdd.size(); ++i) {
-    page_.rAdd[i].onClick = [this, i] { panel_.rAdd_Click(i); };
+  controls_.parameters.settings.onSelect = [this] { panel_.cmdParam_Click(); };
+  controls_.parameters.ranges.onSelect = [this] { panel_.lstRnd_Click(); };
+  for (std::size_t i = 0; i < controls_.rangeButtons.size(); ++i) {
+    controls_.rangeButtons[i].onClick = [this, i] { panel_.rAdd_Click(i); };
   }
-  for (TextBox* box : {&page_.rIni, &page_.rEnd}) {
+  for (TextBox* box : {&controls_.parameters.least, &controls_.parameters.greatest}) {
     box->onKeyPress = [box](char key) { return BoundTakesKey(*box, key); };
     box->onGotFocus = [box] { box->SelectAll(); };
     box->onLostFocus = [box] { TidyBound(*box); };
   }
-  page_.Command2.onClick = [this] { RunRandomizer(); };
+  controls_.now.onClick = [this] { RunRandomizer(); };
 }
 
 void Randomizer::WireCalendar() {
-  for (std::size_t i = 0; i < page_.ScrollTime.size(); ++i) {
-    page_.ScrollTime[i].onChange = [this, i] { calendar_.ScrollTime_Change(i); };
-    page_.txt_Time[i].onKeyPress = TimeTakesKey;
-    page_.txt_Time[i].onLostFocus = [this, i] { calendar_.txt_Time_LostFocus(i); };
+  for (std::size_t i = 0; i < controls_.calendar.scrolls.size(); ++i) {
+    controls_.calendar.scrolls[i].onChange = [this, i] { calendar_.ScrollTime_Change(i); };
+    controls_.calendar.times[i].onKeyPress = TimeTakesKey;
+    controls_.calendar.times[i].onLostFocus = [this, i] { calendar_.txt_Time_LostFocus(i); };
   }
-  for (std::size_t i = 0; i < page_.cmdCalendar.size(); ++i) {
-    page_.cmdCalendar[i].onClick = [this, i] { calendar_.cmdCalendar_Click(i); };
+  for (std::size_t i = 0; i < controls_.calendarButtons.size(); ++i) {
+    controls_.calendarButtons[i].onClick = [this, i] { calendar_.cmdCalendar_Click(i); };
   }
-  calendarTimer_.onTick = [this] { calendar_.Tick(); };
+  controls_.calendarTimer.onTick = [this] { calendar_.Tick(); };
 }
 
 void Randomizer::LoadRandomizerFiles() {

@@ -1,14 +1,14 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "core/server_root.h"
+#include "core/settings_store.h"
 #include "core/status_log.h"
-#include "form/randomizer_page.h"
 #include "platform/clock.h"
 #include "platform/message_boxes.h"
 #include "platform/random_source.h"
-#include "platform/registry.h"
 #include "randomizer/calendar.h"
 #include "randomizer/engine.h"
 #include "randomizer/map_start_gate.h"
@@ -19,12 +19,24 @@
 
 namespace tarvo {
 
+/// The randomizer's page and timer.
+struct RandomizerControls {
+  ParameterControls parameters;
+  std::array<CommandButton, 2>& rangeButtons;  ///< 0 gives a range, 1 takes it away.
+  CommandButton& now;
+  OptionGroup& mode;
+  std::array<TextBox, 2>& limits;
+  CalendarControls calendar;
+  std::array<CommandButton, 2>& calendarButtons;  ///< 0 adds an entry, 1 removes one.
+  Timer& calendarTimer;
+};
+
 /// What the randomizer needs of the machine.
 struct RandomizerPorts {
   FileReader& fileReader;
   FileReplacer& fileReplacer;
   EventLog& eventLog;
-  Registry& registry;
+  SettingsStore& settings;
   LocalClock& localClock;
   RandomSource& random;
   MessageBoxes& messageBoxes;
@@ -39,8 +51,8 @@ struct RandomizerPorts {
 /// launcher. Everything works with absent children too.
 class Randomizer {
  public:
-  /// `calendarTimer` is `tmr_Calendar`. All references outlive the randomizer.
-  Randomizer(RandomizerPage& page, Timer& calendarTimer, StatusLog& log, const ServerRoot& root,
+  /// All references outlive the randomizer.
+  Randomizer(const RandomizerControls& controls, StatusLog& log, const ServerRoot& root,
              const RandomizerPorts& ports);
   Randomizer(const Randomizer&) = delete;
   Randomizer& operator=(const Randomizer&) = delete;
@@ -65,8 +77,7 @@ class Randomizer {
   void WireParameters();
   void WireCalendar();
 
-  RandomizerPage& page_;
-  Timer& calendarTimer_;
+  RandomizerControls controls_;
   StatusLog& log_;
   FileReader& fileReader_;
   const std::string serverFile_;

@@ -18,15 +18,14 @@ void CrashWatch::Check(ComponentKind kind) {
 void CrashWatch::Crashed(ComponentKind kind) {
   Component& component = components_[kind];
   component.AlarmState = AlarmState::Trouble;
-  Timers& timers = form_.timers;
-  for (Timer* timer : {&timers.Reprobe(kind), &timers.Probe(kind), &timers.Preparation(kind)}) {
-    timer->SetEnabled(false);
+  for (auto* timers : {&controls_.reprobe, &controls_.probe, &controls_.preparation}) {
+    (*timers)[kind].SetEnabled(false);
   }
   // Without an id nothing was launched: what runs by that name is somebody else's, to be adopted.
   if (component.ProcessId != 0) {
-    processes_.KillProcessesByName(form_.servers.Exes[kind].Text());
+    processes_.KillProcessesByName(controls_.executables[kind].Text());
   }
-  ShowLastFailure(form_.frame.lblErr, kind, clock_.Now());
+  ShowLastFailure(controls_.lastFailure, kind, clock_.Now());
   log_.LogStatus(std::string(NameOf(kind)) + " Server crashed, restarting...", kAlert);
   component.ProcessId = 0;
   const bool upgraded = TriggerHolds(kind) && runUpgrade(static_cast<int>(IndexOf(kind)) + 1) <= 0;
@@ -35,8 +34,8 @@ void CrashWatch::Crashed(ComponentKind kind) {
 
 bool CrashWatch::TriggerHolds(ComponentKind kind) const {
   if (!runUpgrade || UpgradeInProgress) return false;
-  const OptionGroup& optMode = form_.upgrade.optMode;
-  return optMode[2].Selected() || (kind == ComponentKind::Map && optMode[1].Selected());
+  const OptionGroup& trigger = controls_.upgradeTrigger;
+  return trigger[2].Selected() || (kind == ComponentKind::Map && trigger[1].Selected());
 }
 
 void CrashWatch::Restart(ComponentKind kind) {
@@ -45,7 +44,7 @@ void CrashWatch::Restart(ComponentKind kind) {
 }
 
 void CrashWatch::MapAutokillRestart() {
-  if (!form_.servers.chkAK[3].Checked()) return;
+  if (!controls_.mapRestartsAll.Checked()) return;
   log_.LogStatus("Map Server Autokill: Closing Components...", kNotice);
   for (ComponentKind kind : {ComponentKind::Char, ComponentKind::Login}) {
     if (components_[kind].RunningHandle != 0) StopAndStart(kind);

@@ -6,10 +6,22 @@
 #include "core/process_control.h"
 #include "core/start_stop.h"
 #include "core/status_log.h"
-#include "form/form.h"
 #include "platform/clock.h"
+#include "toolkit/controls.h"
+#include "toolkit/timer_queue.h"
 
 namespace tarvo {
+
+/// What the crash watch reads and acts on.
+struct CrashWatchControls {
+  PerComponent<Timer>& preparation;
+  PerComponent<Timer>& probe;
+  PerComponent<Timer>& reprobe;
+  const PerComponent<DropDownList>& executables;
+  const CheckBox& mapRestartsAll;
+  const OptionGroup& upgradeTrigger;  ///< 0 by hand, 1 a crash of the map server, 2 any crash.
+  Label& lastFailure;
+};
 
 /// Finds crashed components and brings them back. Every 5 seconds while a component is started, its
 /// process must still own a top-level window; a process without one is a crash, and so is a launch
@@ -17,9 +29,9 @@ namespace tarvo {
 /// counts: handles are no numbers with a sign.
 class CrashWatch {
  public:
-  CrashWatch(Form& form, ComponentTable& components, ProcessControl& processes,
-             StartStop& startStop, StatusLog& log, LocalClock& clock)
-      : form_(form),
+  CrashWatch(const CrashWatchControls& controls, ComponentTable& components,
+             ProcessControl& processes, StartStop& startStop, StatusLog& log, LocalClock& clock)
+      : controls_(controls),
         components_(components),
         processes_(processes),
         startStop_(startStop),
@@ -51,7 +63,7 @@ class CrashWatch {
   void Restart(ComponentKind kind);
   void StopAndStart(ComponentKind kind);
 
-  Form& form_;
+  CrashWatchControls controls_;
   ComponentTable& components_;
   ProcessControl& processes_;
   StartStop& startStop_;

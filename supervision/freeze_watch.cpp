@@ -23,7 +23,7 @@ bool HoldsDigitsOnly(const std::string& text) {
 }  // namespace
 
 void FreezeWatch::Prepare(ComponentKind kind) {
-  Timer& timer = form_.timers.Preparation(kind);
+  Timer& timer = controls_.preparation[kind];
   if (!timer.Enabled()) {
     timer.SetEnabled(true);
     return;
@@ -35,8 +35,8 @@ void FreezeWatch::Prepare(ComponentKind kind) {
 }
 
 void FreezeWatch::ProbePeriodically(ComponentKind kind) {
-  if (!form_.servers.chkAK[IndexOf(kind)].Checked()) return;
-  Timer& timer = form_.timers.Probe(kind);
+  if (!controls_.autokill[IndexOf(kind)].Checked()) return;
+  Timer& timer = controls_.probe[kind];
   timer.SetEnabled(false);
   if (!Listens(kind)) {
     BeginFreeze(kind);
@@ -55,7 +55,7 @@ void FreezeWatch::BeginFreeze(ComponentKind kind) {
 }
 
 void FreezeWatch::ProbeAgain(ComponentKind kind) {
-  Timer& timer = form_.timers.Reprobe(kind);
+  Timer& timer = controls_.reprobe[kind];
   timer.SetEnabled(false);
   if (Listens(kind)) {
     EndFreeze(kind);
@@ -72,20 +72,20 @@ void FreezeWatch::EndFreeze(ComponentKind kind) {
   // next periodic probe. Operators know it so.
   components_[ComponentKind::Login].AlarmState =
       kind == ComponentKind::Char ? AlarmState::Trouble : AlarmState::Healthy;
-  form_.timers.Probe(kind).SetEnabled(true);
+  controls_.probe[kind].SetEnabled(true);
 }
 
 bool FreezeWatch::MustBeKilled(ComponentKind kind) {
-  if (!form_.servers.chkAK[IndexOf(kind)].Checked()) return false;
+  if (!controls_.autokill[IndexOf(kind)].Checked()) return false;
   const std::int64_t start = components_[kind].FreezeStart;
   const std::int64_t elapsed = Seconds() - start;
-  return elapsed > AutokillTime(form_.servers.TTO[kind], kind) && start > 0;
+  return elapsed > AutokillTime(controls_.autokillTimes[kind], kind) && start > 0;
 }
 
 void FreezeWatch::Kill(ComponentKind kind) {
   log_.LogStatus(std::string("Shuting down ") + NameOf(kind) + "...", kAlert);
-  ShowLastFailure(form_.frame.lblErr, kind, localClock_.Now());
-  processes_.KillProcessesByName(form_.servers.Exes[kind].Text());
+  ShowLastFailure(controls_.lastFailure, kind, localClock_.Now());
+  processes_.KillProcessesByName(controls_.executables[kind].Text());
 }
 
 bool FreezeWatch::Listens(ComponentKind kind) {

@@ -1,15 +1,28 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "core/component.h"
 #include "core/process_control.h"
 #include "core/status_log.h"
-#include "form/form.h"
 #include "platform/clock.h"
 #include "supervision/port_probe.h"
+#include "toolkit/controls.h"
+#include "toolkit/timer_queue.h"
 
 namespace tarvo {
+
+/// What the freeze watch reads, and the timers that it runs.
+struct FreezeWatchControls {
+  PerComponent<Timer>& preparation;
+  PerComponent<Timer>& probe;
+  PerComponent<Timer>& reprobe;
+  std::span<const CheckBox, kComponentCount> autokill;
+  const PerComponent<TextBox>& autokillTimes;
+  const PerComponent<DropDownList>& executables;
+  Label& lastFailure;
+};
 
 /// Finds components that hang without dying: a started component's port is probed at its interval;
 /// one that does not answer is probed again every 2 seconds, and killed once it has stayed silent
@@ -23,9 +36,10 @@ namespace tarvo {
 /// one begins. A freeze seen in the first second of the tick count is never killed.
 class FreezeWatch {
  public:
-  FreezeWatch(Form& form, ComponentTable& components, PortProbe& probe, ProcessControl& processes,
-              StatusLog& log, LocalClock& localClock, TickClock& tickClock)
-      : form_(form),
+  FreezeWatch(const FreezeWatchControls& controls, ComponentTable& components, PortProbe& probe,
+              ProcessControl& processes, StatusLog& log, LocalClock& localClock,
+              TickClock& tickClock)
+      : controls_(controls),
         components_(components),
         probe_(probe),
         processes_(processes),
@@ -52,7 +66,7 @@ class FreezeWatch {
   void Kill(ComponentKind kind);
   std::int64_t Seconds();
 
-  Form& form_;
+  FreezeWatchControls controls_;
   ComponentTable& components_;
   PortProbe& probe_;
   ProcessControl& processes_;

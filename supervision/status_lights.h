@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "core/component.h"
-#include "form/form.h"
+#include "toolkit/controls.h"
 
 namespace tarvo {
 

@@ -20,13 +20,13 @@ void ComponentUpgrade::UpdateNow_Click() {
                                    [](const Component& c) { return c.ProcessId != 0; });
   if (anyRuns && with_.messageBoxes.Ask(UpgradeQuestion()) != Answer::Yes) return;
   // A tick under the question may have ended the program.
-  if (with_.form.frame.window.Ended()) return;
+  if (with_.controls.window.Ended()) return;
   ShowResult(RunUpgrade(0));
 }
 
 void ComponentUpgrade::ShowResult(int code) {
-  if (const auto box = UpgradeBoxFor(code, with_.form.upgrade.nPath)) with_.messageBoxes.Ask(*box);
-  if (code == kUpgradeSeeLog) with_.form.frame.SSTab1.SetPage(0);
+  if (const auto box = UpgradeBoxFor(code, with_.controls.newFiles)) with_.messageBoxes.Ask(*box);
+  if (code == kUpgradeSeeLog) with_.controls.pages.SetPage(0);
 }
 
 int ComponentUpgrade::RunUpgrade(int trigger) {
@@ -40,12 +40,12 @@ int ComponentUpgrade::RunUpgrade(int trigger) {
   if (!MayGoOn(isNew)) return kUpgradeNotAllNew;
   const Marks toRestart = StopRunning(trigger);
   Paths sources = NewFiles();
-  if (with_.form.upgrade.chk_Opts[0].Checked()) BackUp(sources);
+  if (with_.controls.options[0].Checked()) BackUp(sources);
   Replace(sources);
   Remember(dates);
   StartAgain(toRestart);
-  if (with_.form.upgrade.chk_Opts[2].Checked()) {
-    with_.form.upgrade.optMode[0].Select();
+  if (with_.controls.options[2].Checked()) {
+    with_.controls.trigger[0].Select();
     with_.settings.optMode_Click(0);
   }
   with_.settings.ShowLastUpgrade();
@@ -53,20 +53,20 @@ int ComponentUpgrade::RunUpgrade(int trigger) {
 }
 
 int ComponentUpgrade::CheckPaths() {
-  const auto& nPath = with_.form.upgrade.nPath;
-  const bool anyEmpty = std::any_of(nPath.begin(), nPath.end(),
+  const auto& newFiles = with_.controls.newFiles;
+  const bool anyEmpty = std::any_of(newFiles.begin(), newFiles.end(),
                                     [](const PathBox& box) { return box.Text().empty(); });
   if (anyEmpty) {
     return Refuse(kUpgradeNotChosen, "Please, select the right new components (login, char, map)");
   }
-  const std::string& login = nPath[ComponentKind::Login].Text();
-  const std::string& charServer = nPath[ComponentKind::Char].Text();
-  const std::string& map = nPath[ComponentKind::Map].Text();
+  const std::string& login = newFiles[ComponentKind::Login].Text();
+  const std::string& charServer = newFiles[ComponentKind::Char].Text();
+  const std::string& map = newFiles[ComponentKind::Map].Text();
   if (login == charServer || login == map || charServer == map) {
     return Refuse(kUpgradeSameFile, "Please select the right components.");
   }
   for (ComponentKind kind : kComponents) {
-    const std::string& path = nPath[kind].Text();
+    const std::string& path = newFiles[kind].Text();
     if (with_.files.Exists(path)) continue;
     return Refuse(kUpgradeFirstMissing + static_cast<int>(IndexOf(kind)), "File missing: " + path);
   }
@@ -82,7 +82,7 @@ ComponentUpgrade::Marks ComponentUpgrade::ReadNewDates(DateTexts& dates) {
   for (ComponentKind kind : kComponents) dates[kind] = with_.settings.StoredDate(kind);
   Marks isNew{};
   for (ComponentKind kind : kComponents) {
-    const std::string text = with_.copies.DateText(with_.form.upgrade.nPath[kind].Text());
+    const std::string text = with_.copies.DateText(with_.controls.newFiles[kind].Text());
     isNew[kind] = text != dates[kind];
     dates[kind] = text;
   }
@@ -91,7 +91,7 @@ ComponentUpgrade::Marks ComponentUpgrade::ReadNewDates(DateTexts& dates) {
 
 bool ComponentUpgrade::MayGoOn(const Marks& isNew) {
   if (std::all_of(isNew.begin(), isNew.end(), [](bool mark) { return mark; })) return true;
-  if (with_.form.upgrade.chk_Opts[1].Checked()) {
+  if (with_.controls.options[1].Checked()) {
     with_.log.LogStatus("Error, some server component have not changes! - Upgrade stopped", kAlert);
     return false;
   }
@@ -116,7 +116,7 @@ ComponentUpgrade::Marks ComponentUpgrade::StopRunning(int trigger) {
 
 ComponentUpgrade::Paths ComponentUpgrade::NewFiles() const {
   Paths paths;
-  for (ComponentKind kind : kComponents) paths[kind] = with_.form.upgrade.nPath[kind].Text();
+  for (ComponentKind kind : kComponents) paths[kind] = with_.controls.newFiles[kind].Text();
   return paths;
 }
 
@@ -129,11 +129,11 @@ void ComponentUpgrade::BackUp(Paths& sources) {
   const std::string stamp = DateStamp(with_.clock.Now()).substr(0, kDigitsToTheMinute);
   Paths saved;
   for (ComponentKind kind : kComponents) {
-    saved[kind] = "\\LBackup\\" + stamp + "_" + with_.form.servers.Exes[kind].Text();
+    saved[kind] = "\\LBackup\\" + stamp + "_" + with_.controls.executables[kind].Text();
   }
   TakeAside(saved, sources);
   for (ComponentKind kind : kComponents) {
-    const std::string exe = with_.form.servers.Exes[kind].Text();
+    const std::string exe = with_.controls.executables[kind].Text();
     with_.log.LogStatus("Saving " + exe + " as " + saved[kind], kExtra);
     with_.copies.CopyOver(with_.settings.TargetPath(kind), with_.appFolder + saved[kind]);
   }

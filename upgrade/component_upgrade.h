@@ -1,19 +1,32 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "core/component.h"
 #include "core/start_stop.h"
 #include "core/status_log.h"
-#include "form/form.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/message_boxes.h"
+#include "toolkit/main_window.h"
+#include "toolkit/path_box.h"
 #include "upgrade/patient_copies.h"
 #include "upgrade/upgrade_boxes.h"
 #include "upgrade/upgrade_settings.h"
 
 namespace tarvo {
+
+/// What the upgrade reads and acts on.
+struct UpgradeControls {
+  const PerComponent<PathBox>& newFiles;
+  const PerComponent<DropDownList>& executables;
+  /// 0 makes a backup, 1 upgrades all three or none, 2 selects the trigger "by hand" afterwards.
+  const std::array<CheckBox, 3>& options;
+  OptionGroup& trigger;
+  TabView& pages;
+  const MainWindow& window;
+};
 
 /// Replaces the three server executables of the root by newly built ones, keeps a dated copy of the
 /// old ones in `LBackup`, and starts again what ran. An executable is new when the text of its
@@ -28,7 +41,7 @@ class ComponentUpgrade {
   /// What the upgrade works with. `UpgradeInProgress` is the program's one flag: true while an
   /// upgrade stops the running components.
   struct Parts {
-    Form& form;
+    UpgradeControls controls;
     ComponentTable& components;
     StartStop& startStop;
     StatusLog& log;

@@ -10,7 +10,7 @@ MessageBoxRequest UpgradeQuestion() {
       BoxIcon::Question, BoxButtons::YesNo};
 }
 
-std::optional<MessageBoxRequest> UpgradeBoxFor(int code, const PerComponent<PathBox>& nPath) {
+std::optional<MessageBoxRequest> UpgradeBoxFor(int code, const PerComponent<PathBox>& newFiles) {
   switch (code) {
     case kUpgradeDone:
       return MessageBoxRequest{"Upgrade was succesfull!", BoxIcon::Information};
@@ -31,7 +31,7 @@ std::optional<MessageBoxRequest> UpgradeBoxFor(int code, const PerComponent<Path
     case kUpgradeFirstMissing + 1:
     case kUpgradeFirstMissing + 2: {
       const auto index = static_cast<std::size_t>(code - kUpgradeFirstMissing);
-      return MessageBoxRequest{"File missing: " + nPath[index].Text(), BoxIcon::Critical};
+      return MessageBoxRequest{"File missing: " + newFiles[index].Text(), BoxIcon::Critical};
     }
     default:
       return std::nullopt;

@@ -2,8 +2,9 @@
 
 #include <optional>
 
-#include "form/upgrade_page.h"
 #include "platform/message_boxes.h"
+#include "support/per_component.h"
+#include "toolkit/path_box.h"
 
 namespace tarvo {
 
@@ -22,6 +23,6 @@ MessageBoxRequest UpgradeQuestion();
 
 /// The box that tells the operator what became of the upgrade that he began; nothing for a code
 /// that there is not.
-std::optional<MessageBoxRequest> UpgradeBoxFor(int code, const PerComponent<PathBox>& nPath);
+std::optional<MessageBoxRequest> UpgradeBoxFor(int code, const PerComponent<PathBox>& newFiles);
 
 }  // namespace tarvo

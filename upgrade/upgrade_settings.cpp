@@ -1,9 +1,6 @@
 #include "upgrade/upgrade_settings.h"
 
 #include "core/component.h"
-#include "core/registry_text.h"
-#include "support/number_text.h"
-#include "support/runtime_error.h"
 #include "support/text.h"
 
 namespace tarvo {
@@ -29,22 +26,23 @@ std::string FromName(ComponentKind kind) { return std::string(NameOf(kind)) + "F
 }  // namespace
 
 void UpgradeSettings::LoadUpgradeSettings() {
-  for (ComponentKind kind : kComponents) page_.nPath[kind].SetText(Read(FromName(kind)));
+  for (ComponentKind kind : kComponents) {
+    controls_.newFiles[kind].SetText(store_.Text(FromName(kind)));
+  }
   for (ComponentKind kind : kComponents) ShowTarget(kind);
   LoadMode();
   ShowLastUpgrade();
 }
 
 void UpgradeSettings::LoadMode() {
-  const std::int32_t mode =
-      NamingSource("UpdateMode", [this] { return ToInteger(Read("UpdateMode", "0")); });
+  const std::int32_t mode = store_.Integer("UpdateMode", "0");
   if (mode < 0 || mode >= static_cast<std::int32_t>(OptionGroup::Size())) return;
-  page_.optMode[static_cast<std::size_t>(mode)].Select();
+  controls_.trigger[static_cast<std::size_t>(mode)].Select();
 }
 
 void UpgradeSettings::cmd_nBrowse_Click(ComponentKind kind) {
   const std::string chosen =
-      dialog_.AskForFile({"Executables (*.exe)", "*.exe", page_.nPath[kind].Text()});
+      dialog_.AskForFile({"Executables (*.exe)", "*.exe", controls_.newFiles[kind].Text()});
   if (!chosen.empty()) ChooseNew(kind, chosen);
 }
 
@@ -57,38 +55,34 @@ void UpgradeSettings::nPath_Drop(ComponentKind kind, const std::string& path) {
 }
 
 void UpgradeSettings::ChooseNew(ComponentKind kind, const std::string& path) {
-  page_.nPath[kind].SetText(path);
-  Write(FromName(kind), path);
+  controls_.newFiles[kind].SetText(path);
+  store_.Write(FromName(kind), path);
 }
 
 void UpgradeSettings::optMode_Click(std::size_t index) {
-  Write("UpdateMode", std::to_string(index));
+  store_.Write("UpdateMode", std::to_string(index));
 }
 
 std::string UpgradeSettings::TargetPath(ComponentKind kind) const {
-  return appFolder_ + "\\" + Exes_[kind].Text();
+  return appFolder_ + "\\" + controls_.executables[kind].Text();
 }
 
 void UpgradeSettings::ShowTarget(ComponentKind kind) {
-  page_.oPath[IndexOf(kind)].SetCaption(TargetPath(kind));
+  controls_.targets[IndexOf(kind)].SetCaption(TargetPath(kind));
 }
 
-std::string UpgradeSettings::StoredDate(ComponentKind kind) { return Read(DateName(kind)); }
+std::string UpgradeSettings::StoredDate(ComponentKind kind) { return store_.Text(DateName(kind)); }
 
 void UpgradeSettings::StoreDate(ComponentKind kind, const std::string& text) {
-  Write(DateName(kind), text);
+  store_.Write(DateName(kind), text);
 }
 
-void UpgradeSettings::StoreLastUpgrade(const std::string& text) { Write("LASTUPDATE", text); }
-
-void UpgradeSettings::ShowLastUpgrade() { page_.oPath[3].SetCaption(Read("LASTUPDATE", "n/a")); }
-
-std::string UpgradeSettings::Read(const std::string& name, const std::string& defaultText) {
-  return ReadRegistryString(registry_, Hive::LocalMachine, settingsKey_, name, defaultText);
+void UpgradeSettings::StoreLastUpgrade(const std::string& text) {
+  store_.Write("LASTUPDATE", text);
 }
 
-void UpgradeSettings::Write(const std::string& name, const std::string& text) {
-  WriteRegistryString(registry_, Hive::LocalMachine, settingsKey_, name, text);
+void UpgradeSettings::ShowLastUpgrade() {
+  controls_.lastUpgrade.SetCaption(store_.Text("LASTUPDATE", "n/a"));
 }
 
 }  // namespace tarvo

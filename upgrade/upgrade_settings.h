@@ -1,14 +1,25 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "core/server_root.h"
-#include "form/form.h"
+#include "core/settings_store.h"
 #include "platform/file_dialog.h"
 #include "platform/message_boxes.h"
-#include "platform/registry.h"
+#include "support/per_component.h"
+#include "toolkit/path_box.h"
 
 namespace tarvo {
+
+/// What shows and edits the upgrade's settings.
+struct UpgradeSettingsControls {
+  PerComponent<PathBox>& newFiles;
+  std::span<Label, kComponentCount> targets;
+  Label& lastUpgrade;
+  OptionGroup& trigger;
+  const PerComponent<DropDownList>& executables;
+};
 
 /// What the upgrade remembers between its runs, all of it string values of the root's key, and the
 /// page's controls that show and choose it.
@@ -17,12 +28,10 @@ namespace tarvo {
 /// that he types is used and not stored. Refused writes go unnoticed.
 class UpgradeSettings {
  public:
-  UpgradeSettings(Form& form, Registry& registry, const ServerRoot& root, FileDialog& dialog,
-                  MessageBoxes& messageBoxes)
-      : page_(form.upgrade),
-        Exes_(form.servers.Exes),
-        registry_(registry),
-        settingsKey_(root.SettingsKey()),
+  UpgradeSettings(const UpgradeSettingsControls& controls, SettingsStore& store,
+                  const ServerRoot& root, FileDialog& dialog, MessageBoxes& messageBoxes)
+      : controls_(controls),
+        store_(store),
         appFolder_(root.AppFolder()),
         dialog_(dialog),
         messageBoxes_(messageBoxes) {}
@@ -31,6 +40,8 @@ class UpgradeSettings {
   /// `UpdateMode` that is no 32-bit number is a fault (13, 6) whose source is the value's name; a
   /// number that is no option's selects none.
   void LoadUpgradeSettings();
+  /// Writes what no click has stored: the trigger that the page shows.
+  void Save(SettingsStore& store) const { store.WriteChoice("UpdateMode", controls_.trigger); }
 
   /// Asks for the new executable of a component; cancelling changes nothing.
   void cmd_nBrowse_Click(ComponentKind kind);
@@ -54,13 +65,9 @@ class UpgradeSettings {
  private:
   void LoadMode();
   void ChooseNew(ComponentKind kind, const std::string& path);
-  std::string Read(const std::string& name, const std::string& defaultText = {});
-  void Write(const std::string& name, const std::string& text);
 
-  UpgradePage& page_;
-  const PerComponent<DropDownList>& Exes_;
-  Registry& registry_;
-  const std::string settingsKey_;
+  UpgradeSettingsControls controls_;
+  SettingsStore& store_;
   const std::string appFolder_;
   FileDialog& dialog_;
   MessageBoxes& messageBoxes_;

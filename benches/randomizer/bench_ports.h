@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "randomizer/randomizer.h"
+#include "form/bindings.h"
 
 namespace tarvo {
 

@@ -38,8 +38,10 @@ struct Life {
       : timers(ports),
         calendarTimer(timers, "tmr_Calendar", 15000),
         log(view, WLog, LogH, ports, ports, "C:\\srv"),
-        randomizer(page, calendarTimer, log, ServerRoot("C:\\srv\\tarvo-launcher.exe", ports),
-                   {ports, ports, ports, ports, ports, random, ports}) {
+        store(ports, "Settings"),
+        randomizer(BindRandomizer(page, calendarTimer), log,
+                   ServerRoot("C:\\srv\\tarvo-launcher.exe", ports),
+                   {ports, ports, ports, store, ports, random, ports}) {
     randomizer.WireControls();
   }
 
@@ -51,6 +53,7 @@ struct Life {
   CheckBox WLog;
   DropDownList LogH;
   StatusLog log;
+  SettingsStore store;
   Randomizer randomizer;
 };
 

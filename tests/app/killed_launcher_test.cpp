@@ -25,7 +25,7 @@ void ExpectUnderControl(SimMachine& machine, Launcher& launcher, const std::stri
     EXPECT_EQ(launcher.Of(kind).ProcessId, ids.front()) << where;
     EXPECT_EQ(launcher.Of(kind).AlarmState, AlarmState::Healthy) << where;
     EXPECT_EQ(launcher.TheForm().status.bStart[IndexOf(kind)].Caption(), "Stop") << where;
-    EXPECT_TRUE(launcher.TheForm().timers.CrashWatch(kind).Enabled()) << where;
+    EXPECT_TRUE(launcher.TheForm().timers.CrashWatch[kind].Enabled()) << where;
   }
 }
 

@@ -40,7 +40,7 @@ class RandomWeek : public LauncherStory, public ::testing::WithParamInterface<Sp
   void CheckInvariants() {
     for (std::size_t i = 0; i < 3; ++i) {
       ASSERT_LE(machine.processes.Named(kNames[i]).size(), 1u) << kNames[i];
-      ASSERT_TRUE(launcher->TheForm().timers.CrashWatch(kComponents[i]).Enabled()) << kNames[i];
+      ASSERT_TRUE(launcher->TheForm().timers.CrashWatch[i].Enabled()) << kNames[i];
     }
     ASSERT_LE(launcher->TheForm().status.RTLog.SourceLength(), kLongestLogSource + 200);
     ASSERT_EQ(machine.network.OpenSockets(), 0u);

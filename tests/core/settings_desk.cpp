@@ -20,18 +20,19 @@ std::string Choice(const OptionGroup& options) {
 
 }  // namespace
 
-SettingsDesk::SettingsDesk() {
-  ListExecutables(machine.files, root, form.servers.Exes);
-  settings.loadUpgradeSettings = [this] { upgradeSettings.LoadUpgradeSettings(); };
-}
+SettingsDesk::SettingsDesk() { ListExecutables(machine.files, root, form.servers.Exes); }
 
 std::string SettingsDesk::Load() {
   try {
-    settings.Load();
+    counters = LoadAll(settings, startUp, randomizerSettings, upgradeSettings);
   } catch (const RuntimeError& fault) {
     return std::to_string(fault.Number()) + " " + fault.Source();
   }
   return "loaded";
+}
+
+void SettingsDesk::Save() {
+  SaveAll(store, settings, startUp, randomizerSettings, upgradeSettings);
 }
 
 std::string SettingsDesk::Shown(const std::string& valueName) {
@@ -46,14 +47,14 @@ std::string SettingsDesk::Shown(const std::string& valueName) {
       {"UpdateMode", Choice(form.upgrade.optMode)},
       {"MaxRndDay", form.randomizer.txtMxD[0].Text()},
       {"MaxRndHour", form.randomizer.txtMxD[1].Text()},
-      {"LastRandomize", GeneralDate(settings.LastRandomize())},
-      {"DayRndCnt", std::to_string(settings.DayRndCnt())},
-      {"HourRndCnt", std::to_string(settings.HourRndCnt())},
+      {"LastRandomize", GeneralDate(counters.LastRandomize)},
+      {"DayRndCnt", std::to_string(counters.DayRndCnt)},
+      {"HourRndCnt", std::to_string(counters.HourRndCnt)},
   };
   for (ComponentKind kind : kComponents) {
     const std::string name = NameOf(kind);
     shown[name + "Exe"] = servers.Exes[kind].Text();
-    shown[name + "ChkInterval"] = std::to_string(form.timers.Probe(kind).Interval());
+    shown[name + "ChkInterval"] = std::to_string(form.timers.Probe[kind].Interval());
     shown[name + "Timeout"] = servers.TTO[kind].Text();
     shown[name + "Pri"] = std::to_string(servers.Prior[kind].ListIndex());
     shown[name + "AutoStart"] = Flag(servers.chkAutoStart[kind]);

@@ -2,19 +2,20 @@
 
 #include <string>
 
-#include "core/launcher_settings.h"
+#include "app/all_settings.h"
+#include "form/bindings.h"
 #include "tests/simulation/sim_machine.h"
-#include "upgrade/upgrade_settings.h"
 
 namespace tarvo {
 
-/// The settings between a form and the registry of a machine, with the upgrade's values and
-/// nothing else wired behind the form.
+/// The settings between a form and the registry of a machine, with nothing else wired behind the
+/// form.
 struct SettingsDesk {
   SettingsDesk();
 
   /// Loads; the number and source of the fault that ended it ("13 LoginPri"), or "loaded".
   std::string Load();
+  void Save();
   /// What the control of a value shows: a text, an index, "0" or "1".
   std::string Shown(const std::string& valueName);
 
@@ -23,8 +24,14 @@ struct SettingsDesk {
   TimerQueue timers{machine.clock};
   Form form{timers};
   ComponentTable components;
-  LauncherSettings settings{form, components, machine.registry, root, machine.clock};
-  UpgradeSettings upgradeSettings{form, machine.registry, root, machine.fileDialog, machine.boxes};
+  SettingsStore store{machine.registry, root.SettingsKey()};
+  LauncherSettings settings{BindSettings(form), components, store};
+  StartUpEntry startUp{form.servers.Check2, form.frame.SName, machine.registry, store, root};
+  RandomizerSettings randomizerSettings{form.randomizer.opt_Rnd, form.randomizer.txtMxD, store,
+                                        machine.clock};
+  UpgradeSettings upgradeSettings{BindUpgradeSettings(form), store, root, machine.fileDialog,
+                                  machine.boxes};
+  MapStartCounters counters;
 };
 
 /// Loads with this one value, of that type, in the registry; what its control shows then, or the

@@ -72,9 +72,6 @@ TEST(LoadedSettings, LoadingWritesNothing) {
 
 TEST(LoadedSettings, ValuesAreReadInTheirOrder) {
   SettingsDesk desk;
-  desk.settings.loadUpgradeSettings = [&] {
-    desk.machine.recorder.Note("registry.query(upgrade)");
-  };
   ASSERT_EQ(desk.Load(), "loaded");
   std::string order;
   for (const std::string& call : desk.machine.recorder.Calls()) {
@@ -85,8 +82,8 @@ TEST(LoadedSettings, ValuesAreReadInTheirOrder) {
             "CharTimeout MapTimeout LoginPri CharPri MapPri LoginAutoStart CharAutoStart "
             "MapAutoStart WriteLog WriteMode RunAtStartup LoginAutoKillEnabled "
             "CharAutoKillEnabled MapAutoKillEnabled MapFullAutokill AutoRandomize AutoRandomize "
-            "AutoRandomize MaxRndDay MaxRndHour LastRandomize DayRndCnt HourRndCnt upgrade "
-            "StartMinimized ");
+            "AutoRandomize MaxRndDay MaxRndHour LastRandomize DayRndCnt HourRndCnt LoginFrom "
+            "CharFrom MapFrom UpdateMode LASTUPDATE StartMinimized ");
 }
 
 struct Loaded {
@@ -319,12 +316,12 @@ TEST(ChkAkClick, EnablesExactlyItsOwnTimeBox) {
   SettingsDesk desk;
   for (std::size_t index = 0; index < 4; ++index) {
     desk.form.servers.chkAK[index].SetChecked(true);
-    chkAK_Click(desk.form.servers, index);
+    desk.settings.chkAK_Click(index);
     for (std::size_t box = 0; box < kComponentCount; ++box) {
       EXPECT_EQ(desk.form.servers.TTO.at(box).Enabled(), box == index) << index << box;
     }
     desk.form.servers.chkAK[index].SetChecked(false);
-    chkAK_Click(desk.form.servers, index);
+    desk.settings.chkAK_Click(index);
   }
   for (const TextBox& box : desk.form.servers.TTO) EXPECT_FALSE(box.Enabled());
 }

@@ -41,7 +41,7 @@ Values SavedOf(SettingsDesk& desk) {
 TEST(SavedSettings, AreEveryValueThatTheOperatorEditsAndNoOther) {
   SettingsDesk desk;
   ASSERT_EQ(desk.Load(), "loaded");
-  desk.settings.Save();
+  desk.Save();
   EXPECT_EQ(SavedOf(desk), kSavedDefaults);
 }
 
@@ -49,7 +49,7 @@ TEST(SavedSettings, AreWrittenInTheirOrder) {
   SettingsDesk desk;
   ASSERT_EQ(desk.Load(), "loaded");
   desk.machine.recorder.Forget();
-  desk.settings.Save();
+  desk.Save();
   std::string order;
   for (const std::string& call : desk.machine.recorder.Calls()) {
     if (call.starts_with("registry.write(")) order += call.substr(15, call.size() - 16) + " ";
@@ -80,7 +80,7 @@ TEST(SavedSettings, ComeBackByteForByte) {
   SettingsDesk desk;
   for (const auto& [name, text] : changed) desk.machine.SetSetting(name, text);
   ASSERT_EQ(desk.Load(), "loaded");
-  desk.settings.Save();
+  desk.Save();
   EXPECT_EQ(SavedOf(desk), changed);
 }
 
@@ -89,12 +89,12 @@ TEST(SavedSettings, ChoicesAreTheSelectedOptionAndTwoForNone) {
     SettingsDesk desk;
     desk.form.randomizer.opt_Rnd[choice].Select();
     desk.form.upgrade.optMode[choice].Select();
-    desk.settings.Save();
+    desk.Save();
     EXPECT_EQ(SavedOf(desk)["AutoRandomize"], std::to_string(choice));
     EXPECT_EQ(SavedOf(desk)["UpdateMode"], std::to_string(choice));
   }
   SettingsDesk none;
-  none.settings.Save();
+  none.Save();
   EXPECT_EQ(SavedOf(none)["AutoRandomize"], "2");
   EXPECT_EQ(SavedOf(none)["UpdateMode"], "2");
 }
@@ -103,14 +103,14 @@ TEST(SavedSettings, TheLimitsAreWrittenUnchangedAndCrossed) {
   SettingsDesk desk;
   desk.form.randomizer.txtMxD[0].SetText("x 1");
   desk.form.randomizer.txtMxD[1].SetText("");
-  desk.settings.Save();
+  desk.Save();
   EXPECT_EQ(SavedOf(desk)["MaxRndDay"], "x 1");
   EXPECT_EQ(SavedOf(desk)["MaxRndHour"], "");
 }
 
 TEST(SavedSettings, NoSelectionIsMinusOneAndAnEmptyExecutable) {
   SettingsDesk desk;
-  desk.settings.Save();
+  desk.Save();
   EXPECT_EQ(SavedOf(desk)["LoginExe"], "");
   EXPECT_EQ(SavedOf(desk)["LoginPri"], "-1");
   EXPECT_EQ(SavedOf(desk)["WriteMode"], "-1");
@@ -120,7 +120,7 @@ TEST(SavedSettings, TheCheckIntervalIsNeverWritten) {
   SettingsDesk desk;
   desk.machine.SetSetting("MapChkInterval", "500");
   ASSERT_EQ(desk.Load(), "loaded");
-  desk.settings.Save();
+  desk.Save();
   EXPECT_EQ(desk.machine.Setting("MapChkInterval"), "500");
   EXPECT_EQ(desk.machine.Setting("LoginChkInterval"), "(none)");
 }
@@ -129,7 +129,7 @@ TEST(SavedSettings, ARefusedWriteStopsNothing) {
   SettingsDesk desk;
   ASSERT_EQ(desk.Load(), "loaded");
   desk.machine.registry.Deny(Hive::LocalMachine);
-  desk.settings.Save();
+  desk.Save();
   EXPECT_EQ(desk.machine.recorder.CountOf("registry.write"), kSavedDefaults.size());
   EXPECT_TRUE(SavedOf(desk).empty());
 }

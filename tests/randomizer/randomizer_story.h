@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "form/bindings.h"
 #include "form/status_colours.h"
-#include "randomizer/randomizer.h"
 #include "tests/simulation/sim_machine.h"
 
 namespace tarvo {
@@ -32,8 +32,9 @@ class RandomizerLife : private RichTextMirror {
         view({kStampColour, kInfoColour, kNoticeColour, kAlertColour, kExtraColour}),
         log(view, WLog, LogH, machine.files, machine.clock, "C:\\srv"),
         root(machine.launcherPath, machine.codePage),
-        randomizer(page, calendarTimer, log, root,
-                   {machine.files, machine.files, machine.eventLog, machine.registry, machine.clock,
+        store(machine.registry, root.SettingsKey()),
+        randomizer(BindRandomizer(page, calendarTimer), log, root,
+                   {machine.files, machine.files, machine.eventLog, store, machine.clock,
                     machine.random, machine.boxes}) {
     view.SetRichTextMirror(this);
     randomizer.WireControls();
@@ -52,6 +53,7 @@ class RandomizerLife : private RichTextMirror {
   DropDownList LogH;
   StatusLog log;
   ServerRoot root;
+  SettingsStore store;
   Randomizer randomizer;
   int restarts = 0;
 

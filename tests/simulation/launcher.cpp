@@ -182,8 +182,8 @@ std::size_t Launcher::CountInLog(const std::string& text) const {
 std::string Launcher::RunningTimers(ComponentKind kind) {
   Timers& timers = TheForm().timers;
   std::string names;
-  for (const Timer* timer : {&timers.CrashWatch(kind), &timers.Preparation(kind),
-                             &timers.Probe(kind), &timers.Reprobe(kind)}) {
+  for (const Timer* timer : {&timers.CrashWatch[kind], &timers.Preparation[kind],
+                             &timers.Probe[kind], &timers.Reprobe[kind]}) {
     if (timer->Enabled()) names += (names.empty() ? "" : " ") + timer->Name();
   }
   return names;

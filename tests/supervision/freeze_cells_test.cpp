@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "supervision/freeze_watch.h"
+#include "form/bindings.h"
 #include "tests/simulation/sim_machine.h"
 
 namespace tarvo {
@@ -38,7 +38,8 @@ struct Desk {
 
   std::string Timers() {
     std::string names;
-    for (const Timer* timer : {&form.timers.PrepL, &form.timers.TTL, &form.timers.TLogin}) {
+    for (const Timer* timer :
+         {&form.timers.Preparation[0], &form.timers.Probe[0], &form.timers.Reprobe[0]}) {
       if (timer->Enabled()) names += (names.empty() ? "" : " ") + timer->Name();
     }
     return names;
@@ -65,13 +66,14 @@ struct Desk {
   StatusLog log{form.status.RTLog, form.servers.WLog, form.servers.LogH,
                 machine.files,     machine.clock,     "C:\\srv"};
   PortProbe probe{machine.network};
-  FreezeWatch watch{form, components, probe, processes, log, machine.clock, machine.clock};
+  FreezeWatch watch{BindFreezeWatch(form), components,   probe, processes, log,
+                    machine.clock,         machine.clock};
 };
 
 void Enter(Desk& desk, State state) {
-  desk.form.timers.PrepL.SetEnabled(state == State::Grace);
-  desk.form.timers.TTL.SetEnabled(state == State::Watching);
-  desk.form.timers.TLogin.SetEnabled(state == State::Frozen);
+  desk.form.timers.Preparation[0].SetEnabled(state == State::Grace);
+  desk.form.timers.Probe[0].SetEnabled(state == State::Watching);
+  desk.form.timers.Reprobe[0].SetEnabled(state == State::Frozen);
 }
 
 void Happen(Desk& desk, Event event) {

@@ -114,8 +114,8 @@ TEST_F(SilentHosts, WithAllThreeSilentNobodyStarves) {
   };
   Timers& timers = launcher->TheForm().timers;
   std::vector<Beat> beats;
-  for (Timer* timer : {&timers.LCtrl, &timers.CCtrl, &timers.MCtrl, &timers.Mem, &timers.tmrAlarma,
-                       &timers.tmr_Calendar}) {
+  for (Timer* timer : {&timers.CrashWatch[0], &timers.CrashWatch[1], &timers.CrashWatch[2],
+                       &timers.Mem, &timers.tmrAlarma, &timers.tmr_Calendar}) {
     beats.push_back({timer, timer->onTick, machine.clock.Age(), 0});
   }
   for (Beat& beat : beats) {

@@ -16,10 +16,10 @@
 namespace {
 
 void StopAllBut(tarvo::Timers& timers, const tarvo::Timer* kept) {
-  for (tarvo::Timer* timer :
-       {&timers.LCtrl, &timers.CCtrl, &timers.MCtrl, &timers.PrepL, &timers.PrepC, &timers.PrepM,
-        &timers.TTL, &timers.TTC, &timers.TTM, &timers.TLogin, &timers.TChar, &timers.TMap,
-        &timers.Mem, &timers.tmrAlarma, &timers.tmr_Calendar}) {
+  for (auto* watch : {&timers.CrashWatch, &timers.Preparation, &timers.Probe, &timers.Reprobe}) {
+    for (tarvo::Timer& timer : *watch) timer.SetEnabled(false);
+  }
+  for (tarvo::Timer* timer : {&timers.Mem, &timers.tmrAlarma, &timers.tmr_Calendar}) {
     if (timer != kept) timer->SetEnabled(false);
   }
 }

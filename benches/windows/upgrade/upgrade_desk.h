@@ -3,8 +3,8 @@
 #include <string>
 
 #include "core/server_configuration.h"
+#include "form/bindings.h"
 #include "platform/windows/windows_machine.h"
-#include "upgrade/component_upgrade.h"
 
 namespace tarvo {
 
@@ -19,7 +19,7 @@ struct UpgradeDesk {
         root(launcherPath, ports.codePage),
         processes(processPort, ports.foreignWindows, ports.tickClock, ports.codePage,
                   ports.workingFolder, form.servers.Exes, root.AppFolder()),
-        upgrade({form, components, startStop, log, settings, ports.fileReader,
+        upgrade({BindUpgrade(form), components, startStop, log, settings, ports.fileReader,
                  PatientCopies(copies, ports.tickClock), ports.localClock, ports.messageBoxes,
                  root.AppFolder(), UpgradeInProgress}) {
     ListExecutables(ports.folderLister, root, form.servers.Exes);
@@ -42,8 +42,10 @@ struct UpgradeDesk {
   StatusLog log{form.status.RTLog,  form.servers.WLog, form.servers.LogH,
                 ports.fileAppender, ports.localClock,  root.AppFolder()};
   ProcessControl processes;
-  StartStop startStop{form, components, processes, log, ports.messageBoxes};
-  UpgradeSettings settings{form, ports.registry, root, ports.fileDialog, ports.messageBoxes};
+  StartStop startStop{BindStartStop(form), components, processes, log, ports.messageBoxes};
+  SettingsStore store{ports.registry, root.SettingsKey()};
+  UpgradeSettings settings{BindUpgradeSettings(form), store, root, ports.fileDialog,
+                           ports.messageBoxes};
   bool UpgradeInProgress = false;
   ComponentUpgrade upgrade;
 };

@@ -1,0 +1,99 @@
+#include "form/bindings.h"
+
+namespace tarvo {
+namespace {
+
+/// The three of a control array that belong to the components; what follows them serves all.
+template <class Type, std::size_t kCount>
+std::span<Type, kComponentCount> OfComponents(std::array<Type, kCount>& controls) {
+  return std::span(controls).template first<kComponentCount>();
+}
+
+}  // namespace
+
+SettingsControls BindSettings(Form& form) {
+  ServersPage& page = form.servers;
+  return {.executables = page.Exes,
+          .priorities = page.Prior,
+          .autoStart = page.chkAutoStart,
+          .autokill = OfComponents(page.chkAK),
+          .autokillTimes = page.TTO,
+          .mapRestartsAll = page.chkAK[3],
+          .writesLogFile = page.WLog,
+          .logFileLevels = page.LogH,
+          .startsMinimized = page.SMinimized,
+          .probe = form.timers.Probe,
+          .pages = form.frame.SSTab1,
+          .window = form.frame.window};
+}
+
+StartStopControls BindStartStop(Form& form) {
+  return {.executables = form.servers.Exes,
+          .priorities = form.servers.Prior,
+          .autokillTimes = form.servers.TTO,
+          .buttons = OfComponents(form.status.bStart),
+          .lights = form.frame.Sem,
+          .pages = form.frame.SSTab1,
+          .crashWatch = form.timers.CrashWatch,
+          .preparation = form.timers.Preparation,
+          .probe = form.timers.Probe,
+          .reprobe = form.timers.Reprobe};
+}
+
+FreezeWatchControls BindFreezeWatch(Form& form) {
+  return {.preparation = form.timers.Preparation,
+          .probe = form.timers.Probe,
+          .reprobe = form.timers.Reprobe,
+          .autokill = OfComponents(form.servers.chkAK),
+          .autokillTimes = form.servers.TTO,
+          .executables = form.servers.Exes,
+          .lastFailure = form.frame.lblErr};
+}
+
+CrashWatchControls BindCrashWatch(Form& form) {
+  return {.preparation = form.timers.Preparation,
+          .probe = form.timers.Probe,
+          .reprobe = form.timers.Reprobe,
+          .executables = form.servers.Exes,
+          .mapRestartsAll = form.servers.chkAK[3],
+          .upgradeTrigger = form.upgrade.optMode,
+          .lastFailure = form.frame.lblErr};
+}
+
+UpgradeSettingsControls BindUpgradeSettings(Form& form) {
+  return {.newFiles = form.upgrade.nPath,
+          .targets = OfComponents(form.upgrade.oPath),
+          .lastUpgrade = form.upgrade.oPath[3],
+          .trigger = form.upgrade.optMode,
+          .executables = form.servers.Exes};
+}
+
+UpgradeControls BindUpgrade(Form& form) {
+  return {.newFiles = form.upgrade.nPath,
+          .executables = form.servers.Exes,
+          .options = form.upgrade.chk_Opts,
+          .trigger = form.upgrade.optMode,
+          .pages = form.frame.SSTab1,
+          .window = form.frame.window};
+}
+
+RandomizerControls BindRandomizer(RandomizerPage& page, Timer& calendarTimer) {
+  return {.parameters = {.settings = page.cmdParam,
+                         .least = page.rIni,
+                         .greatest = page.rEnd,
+                         .ranges = page.lstRnd},
+          .rangeButtons = page.rAdd,
+          .now = page.Command2,
+          .mode = page.opt_Rnd,
+          .limits = page.txtMxD,
+          .calendar = {.days = page.lstDay,
+                       .scrolls = page.ScrollTime,
+                       .times = page.txt_Time,
+                       .restarts = page.cmbRstrt,
+                       .entries = page.lstDTRands,
+                       .ranges = page.lstRnd},
+          .calendarButtons = page.cmdCalendar,
+          .calendarTimer = calendarTimer};
+}
+
+}  // namespace tarvo

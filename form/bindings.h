@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/launcher_settings.h"
+#include "core/start_stop.h"
+#include "form/form.h"
+#include "randomizer/randomizer.h"
+#include "supervision/crash_watch.h"
+#include "supervision/freeze_watch.h"
+#include "upgrade/component_upgrade.h"
+#include "upgrade/upgrade_settings.h"
+
+namespace tarvo {
+
+/// Which controls and timers of the form the rooms work on. The form must outlive what is bound.
+SettingsControls BindSettings(Form& form);
+StartStopControls BindStartStop(Form& form);
+FreezeWatchControls BindFreezeWatch(Form& form);
+CrashWatchControls BindCrashWatch(Form& form);
+UpgradeSettingsControls BindUpgradeSettings(Form& form);
+UpgradeControls BindUpgrade(Form& form);
+RandomizerControls BindRandomizer(RandomizerPage& page, Timer& calendarTimer);
+
+}  // namespace tarvo
