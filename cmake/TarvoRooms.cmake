@@ -46,11 +46,13 @@ function(tarvo_room name)
   endif()
 endfunction()
 
-# tarvo_room_tests(ROOM USES ROOM...)
-# One test program of every *_test.cpp in the folder and below it; each test carries the room's name as its label.
+# tarvo_room_tests(ROOM [FOLDERS FOLDER...] USES ROOM...)
+# One test program of every *_test.cpp in the folder, and in the named folders below it; each test carries the
+# room's name as its label.
 function(tarvo_room_tests room)
-  cmake_parse_arguments(TESTS "" "" "USES" ${ARGN})
-  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  cmake_parse_arguments(TESTS "" "" "FOLDERS;USES" ${ARGN})
+  list(TRANSFORM TESTS_FOLDERS APPEND /*.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp ${TESTS_FOLDERS})
   list(TRANSFORM TESTS_USES PREPEND tarvo_)
   add_executable(${room}_tests ${sources})
   target_link_libraries(${room}_tests PRIVATE tarvo_build ${TESTS_USES} GTest::gtest_main)
