@@ -41,7 +41,7 @@ Principal::Principal(const Machine& machine)
       probe_(machine.sockets),
       freezeWatch_(BindFreezeWatch(form_), components_, probe_, processes_, log_,
                    machine.localClock, machine.tickClock),
-      crashWatch_(BindCrashWatch(form_), components_, processes_, startStop_, log_,
+      crashWatch_(BindCrashWatch(form_), components_, processes_, startStop_, freezeWatch_, log_,
                   machine.localClock),
       lights_(form_.frame.Sem, components_),
       windowOptions_(components_, processes_),
@@ -49,12 +49,12 @@ Principal::Principal(const Machine& machine)
       lastHour_(form_.frame.Strip, components_, machine.tickClock),
       statusIcons_(machine.icons),
       tray_(machine.notificationArea, machine.codePage, dispatch_),
+      trayMenu_(tray_, form_.frame.window, machine.messageBoxes),
       upgradeSettings_(BindUpgradeSettings(form_), store_, root_, machine.fileDialog,
                        machine.messageBoxes),
       upgrade_({BindUpgrade(form_), components_, startStop_, log_, upgradeSettings_,
                 machine.fileReader, PatientCopies(machine.fileCopies, machine.tickClock),
-                machine.localClock, machine.messageBoxes, root_.AppFolder(),
-                crashWatch_.UpgradeInProgress}),
+                machine.localClock, machine.messageBoxes, root_.AppFolder()}),
       patientFiles_(machine.fileReplacer, machine.tickClock),
       randomizerSettings_(form_.randomizer.opt_Rnd, form_.randomizer.txtMxD, store_,
                           machine.localClock),
@@ -65,7 +65,6 @@ Principal::Principal(const Machine& machine)
   WireTimers();
   WireUpgrade();
   WireRandomizer();
-  WireTray();
 }
 
 void Principal::WireControls() {
@@ -98,6 +97,7 @@ void Principal::WireControls() {
   servers.Command1.onClick = [this] { Command1_Click(); };
   startStop_.cameUnderControl = [this](ComponentKind kind) { NoteUnderControl(kind); };
   startStop_.prepareFreezeWatch = [this](ComponentKind kind) { freezeWatch_.Prepare(kind); };
+  startStop_.endFreezeWatch = [this](ComponentKind kind) { freezeWatch_.End(kind); };
 }
 
 void Principal::WireTimers() {
@@ -112,24 +112,6 @@ void Principal::WireTimers() {
   timers.tmrAlarma.onTick = [this] { tmrAlarma_Timer(); };
 }
 
-void Principal::WireTray() {
-  tray_.AddMenuItem("&Show", "open", true);
-  tray_.SysTrayDoubleClick = [this](int) { form_.frame.window.BringToFront(); };
-  tray_.SysTrayMouseDown = [this](int button) { SysTrayMouseDown(button); };
-  tray_.MenuClick = [this](std::size_t, const std::string& key) { MenuClick(key); };
-}
-
-void Principal::SysTrayMouseDown(int button) {
-  constexpr int kRightButton = 2;
-  if (button == kRightButton) tray_.ShowMenu();
-}
-
-void Principal::MenuClick(const std::string& key) {
-  if (key == "close") return;
-  if (key == "open") return form_.frame.window.BringToFront();
-  machine_.messageBoxes.Ask({"Clicked item with key " + key, BoxIcon::Information});
-}
-
 void Principal::tmrAlarma_Timer() {
   lights_.Combine();
   tray_.SetIconHandle(imgIcon(lights_.StatusCode()));
@@ -141,7 +123,9 @@ void Principal::tmrAlarma_Timer() {
 IconHandle Principal::imgIcon(int code) { return statusIcons_.For(StatesOfCode(code)); }
 
 void Principal::WireUpgrade() {
-  crashWatch_.runUpgrade = [this](int trigger) { return upgrade_.RunUpgrade(trigger); };
+  crashWatch_.upgradeTakesOver = [this](ComponentKind kind) {
+    return upgrade_.TakesOverCrash(kind);
+  };
   UpgradePage& page = form_.upgrade;
   for (ComponentKind kind : kComponents) {
     page.cmd_nBrowse[kind].onClick = [this, kind] {

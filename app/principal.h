@@ -17,6 +17,7 @@
 #include "desktop/frm_sys_tray.h"
 #include "desktop/last_hour.h"
 #include "desktop/status_icons.h"
+#include "desktop/tray_menu.h"
 #include "desktop/window_options.h"
 #include "form/bindings.h"
 #include "platform/machine.h"
@@ -56,23 +57,13 @@ class Principal {
   TimerQueue& TheTimers() { return timers_; }
   EventDispatch& Dispatch() { return dispatch_; }
   const ComponentTable& Components() const { return components_; }
-  int StatusCode() const { return lights_.StatusCode(); }
 
   /// The name under which the machine knows this root's one launcher.
   std::string InstanceName() const { return root_.InstanceName(); }
 
-  /// Where an upgrade takes over a crash; see `CrashWatch::runUpgrade`.
-  CrashWatch& TheCrashWatch() { return crashWatch_; }
-
-  WindowOptions& TheWindowOptions() { return windowOptions_; }
-  frmSysTray& TheTray() { return tray_; }
-  ComponentUpgrade& TheUpgrade() { return upgrade_; }
-  UpgradeSettings& TheUpgradeSettings() { return upgradeSettings_; }
-
  private:
   void WireControls();
   void WireTimers();
-  void WireTray();
   void WireUpgrade();
   void WireRandomizer();
 
@@ -92,8 +83,6 @@ class Principal {
   void OrderRestart();
   void KeepOrder();
 
-  void SysTrayMouseDown(int button);
-  void MenuClick(const std::string& key);
   void tmrAlarma_Timer();
   IconHandle imgIcon(int code);
 
@@ -131,6 +120,7 @@ class Principal {
   LastHour lastHour_;
   StatusIcons statusIcons_;
   frmSysTray tray_;
+  TrayMenu trayMenu_;
   UpgradeSettings upgradeSettings_;
   ComponentUpgrade upgrade_;
   PatientReplacer patientFiles_;

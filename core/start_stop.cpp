@@ -121,10 +121,8 @@ std::string StartStop::PriorityText(ComponentKind kind) const {
 }
 
 void StartStop::StopComponent(ComponentKind kind) {
-  for (auto* timers :
-       {&controls_.crashWatch, &controls_.probe, &controls_.reprobe, &controls_.preparation}) {
-    (*timers)[kind].SetEnabled(false);
-  }
+  controls_.crashWatch[kind].SetEnabled(false);
+  if (endFreezeWatch) endFreezeWatch(kind);
   Component& component = components_[kind];
   component.ProcessId = 0;
   component.RunningHandle = 0;

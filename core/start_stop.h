@@ -27,9 +27,7 @@ struct StartStopControls {
   PerComponent<Light>& lights;
   TabView& pages;
   PerComponent<Timer>& crashWatch;
-  PerComponent<Timer>& preparation;
-  PerComponent<Timer>& probe;
-  PerComponent<Timer>& reprobe;
+  PerComponent<Timer>& preparation;  ///< On before the hook for a component found in memory.
 };
 
 /// Starts and stops the components. The caption of a component's button is its state: "Start" when
@@ -72,6 +70,8 @@ class StartStop {
   std::function<void(ComponentKind)> cameUnderControl;
   /// The freeze watch's preparation of a component that has just been started.
   std::function<void(ComponentKind)> prepareFreezeWatch;
+  /// The component is being stopped: nothing probes it any more.
+  std::function<void(ComponentKind)> endFreezeWatch;
 
  private:
   std::string ReasonToRefuse() const;

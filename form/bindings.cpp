@@ -35,9 +35,7 @@ StartStopControls BindStartStop(Form& form) {
           .lights = form.frame.Sem,
           .pages = form.frame.SSTab1,
           .crashWatch = form.timers.CrashWatch,
-          .preparation = form.timers.Preparation,
-          .probe = form.timers.Probe,
-          .reprobe = form.timers.Reprobe};
+          .preparation = form.timers.Preparation};
 }
 
 FreezeWatchControls BindFreezeWatch(Form& form) {
@@ -51,12 +49,8 @@ FreezeWatchControls BindFreezeWatch(Form& form) {
 }
 
 CrashWatchControls BindCrashWatch(Form& form) {
-  return {.preparation = form.timers.Preparation,
-          .probe = form.timers.Probe,
-          .reprobe = form.timers.Reprobe,
-          .executables = form.servers.Exes,
+  return {.executables = form.servers.Exes,
           .mapRestartsAll = form.servers.chkAK[3],
-          .upgradeTrigger = form.upgrade.optMode,
           .lastFailure = form.frame.lblErr};
 }
 

@@ -18,9 +18,7 @@ void CrashWatch::Check(ComponentKind kind) {
 void CrashWatch::Crashed(ComponentKind kind) {
   Component& component = components_[kind];
   component.AlarmState = AlarmState::Trouble;
-  for (auto* timers : {&controls_.reprobe, &controls_.probe, &controls_.preparation}) {
-    (*timers)[kind].SetEnabled(false);
-  }
+  freezeWatch_.End(kind);
   // Without an id nothing was launched: what runs by that name is somebody else's, to be adopted.
   if (component.ProcessId != 0) {
     processes_.KillProcessesByName(controls_.executables[kind].Text());
@@ -28,14 +26,7 @@ void CrashWatch::Crashed(ComponentKind kind) {
   ShowLastFailure(controls_.lastFailure, kind, clock_.Now());
   log_.LogStatus(std::string(NameOf(kind)) + " Server crashed, restarting...", kAlert);
   component.ProcessId = 0;
-  const bool upgraded = TriggerHolds(kind) && runUpgrade(static_cast<int>(IndexOf(kind)) + 1) <= 0;
-  if (!upgraded) Restart(kind);
-}
-
-bool CrashWatch::TriggerHolds(ComponentKind kind) const {
-  if (!runUpgrade || UpgradeInProgress) return false;
-  const OptionGroup& trigger = controls_.upgradeTrigger;
-  return trigger[2].Selected() || (kind == ComponentKind::Map && trigger[1].Selected());
+  if (!upgradeTakesOver || !upgradeTakesOver(kind)) Restart(kind);
 }
 
 void CrashWatch::Restart(ComponentKind kind) {

@@ -7,19 +7,15 @@
 #include "core/start_stop.h"
 #include "core/status_log.h"
 #include "platform/clock.h"
+#include "supervision/freeze_watch.h"
 #include "toolkit/controls.h"
-#include "toolkit/timer_queue.h"
 
 namespace tarvo {
 
 /// What the crash watch reads and acts on.
 struct CrashWatchControls {
-  PerComponent<Timer>& preparation;
-  PerComponent<Timer>& probe;
-  PerComponent<Timer>& reprobe;
   const PerComponent<DropDownList>& executables;
   const CheckBox& mapRestartsAll;
-  const OptionGroup& upgradeTrigger;  ///< 0 by hand, 1 a crash of the map server, 2 any crash.
   Label& lastFailure;
 };
 
@@ -30,11 +26,13 @@ struct CrashWatchControls {
 class CrashWatch {
  public:
   CrashWatch(const CrashWatchControls& controls, ComponentTable& components,
-             ProcessControl& processes, StartStop& startStop, StatusLog& log, LocalClock& clock)
+             ProcessControl& processes, StartStop& startStop, FreezeWatch& freezeWatch,
+             StatusLog& log, LocalClock& clock)
       : controls_(controls),
         components_(components),
         processes_(processes),
         startStop_(startStop),
+        freezeWatch_(freezeWatch),
         log_(log),
         clock_(clock) {}
 
@@ -49,17 +47,12 @@ class CrashWatch {
   /// login, each if it ran at its last check.
   void MapAutokillRestart();
 
-  /// A component crashed: may an upgrade take over? Takes 1 for login, 2 for char, 3 for map. With
-  /// a result greater than 0 the component is restarted as usual, otherwise the upgrade has seen to
-  /// it. Without this hook every crash is restarted.
-  std::function<int(int)> runUpgrade;
-
-  /// True while an upgrade stops the running components: no crash begins another upgrade then.
-  bool UpgradeInProgress = false;
+  /// The component crashed: true when an upgrade has taken over, which starts again what has to
+  /// run. Without this hook every crash is restarted.
+  std::function<bool(ComponentKind)> upgradeTakesOver;
 
  private:
   void Crashed(ComponentKind kind);
-  bool TriggerHolds(ComponentKind kind) const;
   void Restart(ComponentKind kind);
   void StopAndStart(ComponentKind kind);
 
@@ -67,6 +60,7 @@ class CrashWatch {
   ComponentTable& components_;
   ProcessControl& processes_;
   StartStop& startStop_;
+  FreezeWatch& freezeWatch_;
   StatusLog& log_;
   LocalClock& clock_;
 };

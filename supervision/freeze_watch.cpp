@@ -22,13 +22,35 @@ bool HoldsDigitsOnly(const std::string& text) {
 
 }  // namespace
 
-void FreezeWatch::Prepare(ComponentKind kind) {
-  Timer& timer = controls_.preparation[kind];
-  if (!timer.Enabled()) {
-    timer.SetEnabled(true);
-    return;
+Timer* FreezeWatch::TimerOf(FreezeState state, ComponentKind kind) {
+  switch (state) {
+    case FreezeState::Grace:
+      return &controls_.preparation[kind];
+    case FreezeState::Watching:
+      return &controls_.probe[kind];
+    case FreezeState::Frozen:
+      return &controls_.reprobe[kind];
+    case FreezeState::Off:
+      break;
   }
-  timer.SetEnabled(false);
+  return nullptr;
+}
+
+void FreezeWatch::Step(ComponentKind kind, FreezeEvent event) {
+  const FreezeStep& step = kFreezeSteps[static_cast<std::size_t>(event)];
+  if (Timer* ended = TimerOf(step.from, kind)) ended->SetEnabled(false);
+  if (Timer* begun = TimerOf(step.to, kind)) begun->SetEnabled(true);
+}
+
+void FreezeWatch::End(ComponentKind kind) {
+  for (auto* timers : {&controls_.probe, &controls_.reprobe, &controls_.preparation}) {
+    (*timers)[kind].SetEnabled(false);
+  }
+}
+
+void FreezeWatch::Prepare(ComponentKind kind) {
+  if (!controls_.preparation[kind].Enabled()) return Step(kind, FreezeEvent::Started);
+  Step(kind, FreezeEvent::GraceOver);
   ProbePeriodically(kind);
   log_.LogStatus(std::string("Listening ") + NameOf(kind) + " Server", kInfo);
   components_[kind].AlarmState = AlarmState::Healthy;
@@ -36,18 +58,14 @@ void FreezeWatch::Prepare(ComponentKind kind) {
 
 void FreezeWatch::ProbePeriodically(ComponentKind kind) {
   if (!controls_.autokill[IndexOf(kind)].Checked()) return;
-  Timer& timer = controls_.probe[kind];
-  timer.SetEnabled(false);
-  if (!Listens(kind)) {
-    BeginFreeze(kind);
-    return;
-  }
+  if (!Listens(kind)) return BeginFreeze(kind);
+  Step(kind, FreezeEvent::Answers);
   components_[kind].AlarmState = AlarmState::Healthy;
-  timer.SetEnabled(true);
   components_[kind].FreezeStart = 0;
 }
 
 void FreezeWatch::BeginFreeze(ComponentKind kind) {
+  Step(kind, FreezeEvent::FallsSilent);
   log_.LogStatus(std::string(NameOf(kind)) + FreezeText(kind), kNotice);
   components_[kind].AlarmState = AlarmState::Trouble;
   components_[kind].FreezeStart = Seconds();
@@ -55,24 +73,18 @@ void FreezeWatch::BeginFreeze(ComponentKind kind) {
 }
 
 void FreezeWatch::ProbeAgain(ComponentKind kind) {
-  Timer& timer = controls_.reprobe[kind];
-  timer.SetEnabled(false);
-  if (Listens(kind)) {
-    EndFreeze(kind);
-  } else if (MustBeKilled(kind)) {
-    Kill(kind);
-  } else {
-    timer.SetEnabled(true);
-  }
+  if (Listens(kind)) return EndFreeze(kind);
+  if (MustBeKilled(kind)) return Kill(kind);
+  Step(kind, FreezeEvent::StaysSilent);
 }
 
 void FreezeWatch::EndFreeze(ComponentKind kind) {
+  Step(kind, FreezeEvent::AnswersAgain);
   log_.LogStatus(std::string(NameOf(kind)) + " server is back!", kInfo);
-  // Whoever is back, the login server's light tells it; the component's own light follows at its
+  // Whoever is back, the login server's light shows it; the component's own light follows at its
   // next periodic probe. Operators know it so.
   components_[ComponentKind::Login].AlarmState =
       kind == ComponentKind::Char ? AlarmState::Trouble : AlarmState::Healthy;
-  controls_.probe[kind].SetEnabled(true);
 }
 
 bool FreezeWatch::MustBeKilled(ComponentKind kind) {
@@ -83,6 +95,7 @@ bool FreezeWatch::MustBeKilled(ComponentKind kind) {
 }
 
 void FreezeWatch::Kill(ComponentKind kind) {
+  Step(kind, FreezeEvent::SilentTooLong);
   log_.LogStatus(std::string("Shuting down ") + NameOf(kind) + "...", kAlert);
   ShowLastFailure(controls_.lastFailure, kind, localClock_.Now());
   processes_.KillProcessesByName(controls_.executables[kind].Text());

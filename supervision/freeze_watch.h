@@ -24,13 +24,45 @@ struct FreezeWatchControls {
   Label& lastFailure;
 };
 
+/// What a component's freeze watch does at the moment. In every state but the first its timer runs.
+enum class FreezeState {
+  Off,
+  Grace,     ///< `PrepL`, `PrepC`, `PrepM`: after a start.
+  Watching,  ///< `TTL`, `TTC`, `TTM`: probed at its interval.
+  Frozen,    ///< `TLogin`, `TChar`, `TMap`: probed every 2 seconds.
+};
+
+enum class FreezeEvent {
+  Started,
+  GraceOver,      ///< The component is probed at once, as at its interval.
+  Answers,        ///< A periodic probe found it listening.
+  FallsSilent,    ///< A periodic probe did not; it is probed again at once.
+  AnswersAgain,   ///< A frozen component listens.
+  StaysSilent,    ///< It does not, within its autokill time.
+  SilentTooLong,  ///< Beyond that time: it is killed.
+};
+
+struct FreezeStep {
+  FreezeEvent event;
+  FreezeState from;  ///< Ends.
+  FreezeState to;    ///< Begins, from its timer's full interval.
+};
+
+/// The whole watch, a row an event. A component that is stopped or has crashed is Off.
+inline constexpr FreezeStep kFreezeSteps[] = {
+    {FreezeEvent::Started, FreezeState::Off, FreezeState::Grace},
+    {FreezeEvent::GraceOver, FreezeState::Grace, FreezeState::Off},
+    {FreezeEvent::Answers, FreezeState::Watching, FreezeState::Watching},
+    {FreezeEvent::FallsSilent, FreezeState::Watching, FreezeState::Frozen},
+    {FreezeEvent::AnswersAgain, FreezeState::Frozen, FreezeState::Watching},
+    {FreezeEvent::StaysSilent, FreezeState::Frozen, FreezeState::Frozen},
+    {FreezeEvent::SilentTooLong, FreezeState::Frozen, FreezeState::Off},
+};
+
 /// Finds components that hang without dying: a started component's port is probed at its interval;
 /// one that does not answer is probed again every 2 seconds, and killed once it has stayed silent
 /// longer than its autokill time. The kill is all: the crash watch finds the process gone and
 /// restarts it.
-///
-/// A component's state is which of its three timers runs: none (off), preparation (grace after its
-/// start), periodic probe (watching), re-probe (frozen).
 ///
 /// The time base is the 32-bit tick count: a freeze that spans its wrap is not killed before a new
 /// one begins. A freeze seen in the first second of the tick count is never killed.
@@ -58,7 +90,12 @@ class FreezeWatch {
   /// depends on an autokill time that is no number.
   void ProbeAgain(ComponentKind kind);
 
+  /// The component was stopped or has crashed.
+  void End(ComponentKind kind);
+
  private:
+  Timer* TimerOf(FreezeState state, ComponentKind kind);
+  void Step(ComponentKind kind, FreezeEvent event);
   bool Listens(ComponentKind kind);
   void BeginFreeze(ComponentKind kind);
   void EndFreeze(ComponentKind kind);

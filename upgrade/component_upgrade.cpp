@@ -52,6 +52,13 @@ int ComponentUpgrade::RunUpgrade(int trigger) {
   return kUpgradeDone;
 }
 
+bool ComponentUpgrade::TakesOverCrash(ComponentKind kind) {
+  const OptionGroup& trigger = with_.controls.trigger;
+  const bool holds = trigger[2].Selected() || (kind == ComponentKind::Map && trigger[1].Selected());
+  if (!holds || upgradeInProgress_) return false;
+  return RunUpgrade(static_cast<int>(IndexOf(kind)) + 1) == kUpgradeDone;
+}
+
 int ComponentUpgrade::CheckPaths() {
   const auto& newFiles = with_.controls.newFiles;
   const bool anyEmpty = std::any_of(newFiles.begin(), newFiles.end(),
@@ -101,7 +108,7 @@ bool ComponentUpgrade::MayGoOn(const Marks& isNew) {
 
 ComponentUpgrade::Marks ComponentUpgrade::StopRunning(int trigger) {
   Marks toRestart{};
-  with_.UpgradeInProgress = true;
+  upgradeInProgress_ = true;
   for (ComponentKind kind : kComponents) {
     if (with_.components[kind].ProcessId != 0) {
       with_.log.LogStatus(Doing("Stopping", kind), kInfo);
@@ -110,7 +117,7 @@ ComponentUpgrade::Marks ComponentUpgrade::StopRunning(int trigger) {
     }
     if (trigger == static_cast<int>(IndexOf(kind)) + 1) toRestart[kind] = true;
   }
-  with_.UpgradeInProgress = false;
+  upgradeInProgress_ = false;
   return toRestart;
 }
 

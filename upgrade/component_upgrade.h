@@ -23,7 +23,7 @@ struct UpgradeControls {
   const PerComponent<DropDownList>& executables;
   /// 0 makes a backup, 1 upgrades all three or none, 2 selects the trigger "by hand" afterwards.
   const std::array<CheckBox, 3>& options;
-  OptionGroup& trigger;
+  OptionGroup& trigger;  ///< 0 by hand, 1 a crash of the map server, 2 any crash.
   TabView& pages;
   const MainWindow& window;
 };
@@ -38,8 +38,7 @@ struct UpgradeControls {
 /// leaves it.
 class ComponentUpgrade {
  public:
-  /// What the upgrade works with. `UpgradeInProgress` is the program's one flag: true while an
-  /// upgrade stops the running components.
+  /// What the upgrade works with.
   struct Parts {
     UpgradeControls controls;
     ComponentTable& components;
@@ -51,7 +50,6 @@ class ComponentUpgrade {
     LocalClock& clock;
     MessageBoxes& messageBoxes;
     std::string appFolder;
-    bool& UpgradeInProgress;
   };
 
   explicit ComponentUpgrade(Parts parts) : with_(std::move(parts)) {}
@@ -72,6 +70,12 @@ class ComponentUpgrade {
   /// stays copied, no date is remembered, and nothing is started again.
   int RunUpgrade(int trigger);
 
+  /// The component has crashed: upgrades if the chosen trigger says so. True when the upgrade has
+  /// started again what has to run; false when the component is still to be started, since the
+  /// trigger does not hold, the upgrade was refused, or the component died while another upgrade
+  /// stops the servers.
+  bool TakesOverCrash(ComponentKind kind);
+
  private:
   using DateTexts = PerComponent<std::string>;
   using Marks = PerComponent<bool>;
@@ -90,6 +94,7 @@ class ComponentUpgrade {
   void StartAgain(const Marks& toRestart);
 
   Parts with_;
+  bool upgradeInProgress_ = false;  ///< While the running components are being stopped.
 };
 
 }  // namespace tarvo

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "desktop/status_picture.h"
+#include "desktop/tray_menu.h"
 #include "supervision/status_lights.h"
 #include "tests/simulation/launcher_story.h"
 
@@ -38,7 +39,6 @@ TEST_F(Tray, TheIconBearsTheServersNameAndThePictureOfNothingWatched) {
   StartLauncher();
   EXPECT_EQ(Tip(), "[Northwind] - Tarvo Launcher");
   EXPECT_TRUE(Shows(kUnwatched, kUnwatched, kUnwatched));
-  EXPECT_EQ(launcher->TheProgram().StatusCode(), 8);
 }
 
 TEST_F(Tray, TheIconIsThereBeforeTheWindowCanMinimize) {
@@ -84,7 +84,6 @@ TEST_F(Tray, TheMenuComesAtTheRightButtonsPressAndNotAtItsRelease) {
   EXPECT_EQ(menu[0].caption, "&Show");
   EXPECT_TRUE(menu[0].isDefault);
   EXPECT_TRUE(menu[0].enabled);
-  EXPECT_EQ(launcher->TheProgram().TheTray().DefaultMenuIndex(), 0);
 }
 
 TEST_F(Tray, ShowInTheMenuBringsTheWindowBack) {
@@ -97,17 +96,20 @@ TEST_F(Tray, ShowInTheMenuBringsTheWindowBack) {
   EXPECT_EQ(launcher->Window().FrontRequests(), 1);
 }
 
-TEST_F(Tray, TheKeyCloseDoesNothingAndAnyOtherKeyIsTold) {
-  StartLauncher();
-  Minimize();
-  frmSysTray& tray = launcher->TheProgram().TheTray();
+TEST(TrayMenuKeys, CloseDoesNothingAndAnyOtherKeyIsTold) {
+  SimMachine machine;
+  EventDispatch dispatch;
+  MainWindow window;
+  frmSysTray tray(machine.tray, machine.codePage, dispatch);
+  const TrayMenu menu(tray, window, machine.boxes);
+  tray.Load("tip", 8);
   tray.AddMenuItem("Close", "close");
   tray.AddMenuItem("Other", "Open");
   tray.AddMenuItem("Empty", "");
   machine.tray.ChooseNext(1);
   machine.tray.Mouse(516);
   EXPECT_TRUE(machine.boxes.Shown().empty());
-  EXPECT_FALSE(launcher->Ended());
+  EXPECT_FALSE(window.Ended());
   for (std::size_t entry : {2U, 3U}) {
     machine.tray.ChooseNext(entry);
     machine.tray.Mouse(516);
@@ -115,7 +117,7 @@ TEST_F(Tray, TheKeyCloseDoesNothingAndAnyOtherKeyIsTold) {
   EXPECT_EQ(machine.boxes.NewTexts(), "Clicked item with key Open\nClicked item with key \n");
   EXPECT_EQ(machine.boxes.Shown()[0].icon, BoxIcon::Information);
   EXPECT_EQ(machine.boxes.Shown()[0].buttons, BoxButtons::Ok);
-  EXPECT_FALSE(launcher->Window().Visible());
+  EXPECT_EQ(window.FrontRequests(), 0);
 }
 
 TEST_F(Tray, ThePictureFollowsTheStatesAtTheTick) {
@@ -141,7 +143,6 @@ TEST_F(Tray, StatesWithoutACodeKeepThePictureOfTheCodeBefore) {
   const auto& Sem = launcher->TheForm().frame.Sem;
   ASSERT_EQ(Sem[ComponentKind::Login].Fill(), LightColourFor(kTrouble));
   ASSERT_EQ(Sem[ComponentKind::Map].Fill(), LightColourFor(kTrouble));
-  EXPECT_EQ(launcher->TheProgram().StatusCode(), 25);
   EXPECT_TRUE(Shows(kHealthy, kUnwatched, kHealthy));
 }
 

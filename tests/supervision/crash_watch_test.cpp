@@ -182,23 +182,6 @@ TEST_F(Crashes, AMapCrashLeavesAStoppedCharAlone) {
             "10:00:15 0 Map Server Started [High Priority]\n");
 }
 
-TEST_F(Crashes, AServerThatHasNotBeenCheckedSinceItsStartIsLeftAlone) {
-  launcher->Check("chkAK", 3);
-  launcher->Click("bStart", 1);
-  launcher->Pass(2s);
-  launcher->Click("bStart", 1);
-  launcher->ForgetLog();
-  const ProcessId started = Process(kChar).id;
-  launcher->TheProgram().Dispatch().Run([this] {
-    launcher->TheProgram().TheCrashWatch().MapAutokillRestart();
-    launcher->TheProgram().TheCrashWatch().RestartRunning();
-  });
-  EXPECT_EQ(Process(kChar).id, started);
-  EXPECT_EQ(launcher->CountInLog("Char Server Stopped!"), 0u);
-  EXPECT_EQ(launcher->CountInLog("Login Server Stopped!"), 1u);
-  EXPECT_EQ(launcher->CountInLog("Map Server Stopped!"), 1u);
-}
-
 TEST_F(Crashes, ACrashIsTroubleUntilTheNextProbe) {
   Crash(kLogin);
   launcher->Pass(4s);
@@ -215,32 +198,6 @@ TEST_F(Crashes, ALoginOrCharCrashRestartsNoOther) {
   EXPECT_EQ(launcher->CountInLog("Map Server Autokill: Closing Components..."), 0u);
 }
 
-TEST_F(Crashes, RestartRunningTakesEachRunningServerInTheirOrder) {
-  launcher->Click("bStart", 1);
-  launcher->ForgetLog();
-  launcher->TheProgram().Dispatch().Run(
-      [this] { launcher->TheProgram().TheCrashWatch().RestartRunning(); });
-  EXPECT_EQ(launcher->Log(),
-            "10:00:11 1 Restarting Server\n"
-            "10:00:11 1 Login Server Stopped!\n"
-            "10:00:11 0 Login Server Started! [Low Priority]\n"
-            "10:00:11 1 Map Server Stopped!\n"
-            "10:00:11 0 Map Server Started [High Priority]\n");
-}
-
-TEST_F(Crashes, RestartRunningGoesFromLoginByCharToMap) {
-  launcher->TheProgram().Dispatch().Run(
-      [this] { launcher->TheProgram().TheCrashWatch().RestartRunning(); });
-  EXPECT_EQ(launcher->Log(),
-            "10:00:11 1 Restarting Server\n"
-            "10:00:11 1 Login Server Stopped!\n"
-            "10:00:11 0 Login Server Started! [Low Priority]\n"
-            "10:00:11 1 Char Server Stopped!\n"
-            "10:00:11 0 Char Server Started [Norm Priority]\n"
-            "10:00:11 1 Map Server Stopped!\n"
-            "10:00:11 0 Map Server Started [High Priority]\n");
-}
-
 TEST_F(Crashes, AMapCrashTellsOfTheOthersEvenWhenNoneRuns) {
   launcher->Click("bStart", 0);
   launcher->Click("bStart", 1);
@@ -254,14 +211,6 @@ TEST_F(Crashes, AMapCrashTellsOfTheOthersEvenWhenNoneRuns) {
             "10:00:15 0 Map Server Started [High Priority]\n");
 }
 
-TEST_F(Crashes, RestartRunningWithNothingRunningSaysNothing) {
-  launcher->Click("bStart", 4);
-  launcher->ForgetLog();
-  launcher->TheProgram().TheCrashWatch().RestartRunning();
-  EXPECT_EQ(launcher->Log(), "");
-  EXPECT_TRUE(machine.processes.Named(kLogin).empty());
-}
-
 TEST_F(Crashes, ARemnantThatTakesItsTimeToDieIsReplacedAtTheNextCheckAtTheLatest) {
   machine.processes.Program(kMap).dyingTime = 300;
   Crash(kMap);
@@ -271,102 +220,6 @@ TEST_F(Crashes, ARemnantThatTakesItsTimeToDieIsReplacedAtTheNextCheckAtTheLatest
   EXPECT_EQ(machine.processes.Named(kMap).size(), 1u);
   EXPECT_EQ(launcher->Of(ComponentKind::Map).ProcessId, Process(kMap).id);
   EXPECT_NE(machine.processes.WindowOf(Process(kMap).id), nullptr);
-}
-
-class UpgradeAfterCrash : public Crashes {
- protected:
-  UpgradeAfterCrash() {
-    launcher->TheProgram().TheCrashWatch().runUpgrade = [this](int trigger) {
-      asked += std::to_string(trigger);
-      return result;
-    };
-  }
-  void CrashAll() {
-    for (const char* name : {kLogin, kChar, kMap}) Crash(name);
-    launcher->Pass(4s);
-  }
-  std::string asked;
-  int result = 1;
-};
-
-TEST_F(UpgradeAfterCrash, TheTriggerDecidesForWhoseCrashItIsAsked) {
-  const char* const expected[] = {"", "3", "123"};
-  for (std::size_t mode = 0; mode < 3; ++mode) {
-    asked.clear();
-    launcher->Click("optMode", mode);
-    CrashAll();
-    EXPECT_EQ(asked, expected[mode]) << mode;
-    for (const char* name : {kLogin, kChar, kMap}) {
-      EXPECT_EQ(machine.processes.Named(name).size(), 1u) << mode << name;
-    }
-    launcher->Pass(1s);
-  }
-}
-
-TEST_F(UpgradeAfterCrash, NothingOrLessThanNothingLeavesTheRestartToTheUpgrade) {
-  launcher->Click("optMode", 2);
-  for (int answer : {0, -1}) {
-    result = answer;
-    for (const char* name : {kLogin, kChar, kMap}) {
-      if (!machine.processes.Named(name).empty()) Crash(name);
-    }
-    launcher->Pass(5s);
-    for (const char* name : {kLogin, kChar, kMap}) {
-      EXPECT_TRUE(machine.processes.Named(name).empty()) << answer << name;
-    }
-  }
-  EXPECT_EQ(launcher->CountInLog("Login Server Started! [Low Priority]"), 0u);
-}
-
-TEST_F(UpgradeAfterCrash, TheWatchGoesOnAndAsksAgainAtEachCheckUntilTheServerIsBack) {
-  launcher->Click("optMode", 1);
-  result = 0;
-  launcher->ForgetLog();
-  Crash(kMap);
-  launcher->Pass(10s);
-  EXPECT_EQ(asked, "33");
-  EXPECT_EQ(launcher->RunningTimers(ComponentKind::Map), "MCtrl");
-  result = 1;
-  launcher->Pass(5s);
-  EXPECT_EQ(launcher->Log(),
-            "10:00:15 2 Map Server crashed, restarting...\n"
-            "10:00:20 2 Map Server crashed, restarting...\n"
-            "10:00:25 2 Map Server crashed, restarting...\n"
-            "10:00:25 0 Map Server Started [High Priority]\n");
-}
-
-TEST_F(UpgradeAfterCrash, AServerThatIsLeftToItCountsAsStopped) {
-  launcher->Click("optMode", 2);
-  result = 0;
-  CrashAll();
-  launcher->Pass(5s);
-  for (ComponentKind kind : kComponents) EXPECT_EQ(launcher->Of(kind).ProcessId, 0u);
-  launcher->Close();
-  EXPECT_TRUE(launcher->Ended());
-}
-
-TEST_F(UpgradeAfterCrash, WhileOneRunsACrashBeginsNoOther) {
-  launcher->Click("optMode", 2);
-  launcher->TheProgram().TheCrashWatch().UpgradeInProgress = true;
-  CrashAll();
-  EXPECT_EQ(asked, "");
-  EXPECT_EQ(machine.processes.Named(kMap).size(), 1u);
-}
-
-TEST_F(UpgradeAfterCrash, AnUpgradedMapServersRestartKeepsTheOrderOfTheOthers) {
-  launcher->Click("optMode", 1);
-  launcher->Check("chkAK", 3);
-  launcher->ForgetLog();
-  Crash(kMap);
-  launcher->Pass(4s);
-  EXPECT_EQ(launcher->Log(),
-            "10:00:15 2 Map Server crashed, restarting...\n"
-            "10:00:15 1 Map Server Autokill: Closing Components...\n"
-            "10:00:15 1 Char Server Stopped!\n"
-            "10:00:15 0 Char Server Started [Norm Priority]\n"
-            "10:00:15 1 Login Server Stopped!\n"
-            "10:00:15 0 Login Server Started! [Low Priority]\n"
-            "10:00:15 0 Map Server Started [High Priority]\n");
 }
 
 }  // namespace

@@ -202,35 +202,6 @@ TEST_F(UpgradeOnCrash, ACrashOfAnotherWhileServersAreStoppedIsNoSecondUpgrade) {
   ExpectAllRunOnce();
 }
 
-TEST_F(UpgradeOnCrash, TheFlagIsSetWhileServersAreStoppedAndClearBeforeTheCopies) {
-  Start(2);
-  bool whileStopping = true;
-  bool whileCopying = false;
-  machine.recorder.beforeEach = [&] {
-    const std::string& call = machine.recorder.Calls().back();
-    const bool flag = launcher->TheProgram().TheCrashWatch().UpgradeInProgress;
-    // The first end of a process is the crash watch's own, of what the crash left.
-    if (call.starts_with("processes.end")) whileStopping = whileStopping && flag;
-    if (call.starts_with("copies.copy")) whileCopying = whileCopying || flag;
-  };
-  Crash(kMap);
-  launcher->Pass(6s);
-  machine.recorder.beforeEach = nullptr;
-  EXPECT_EQ(Upgrades(), 1u);
-  EXPECT_TRUE(whileStopping);
-  EXPECT_FALSE(whileCopying);
-  EXPECT_FALSE(launcher->TheProgram().TheCrashWatch().UpgradeInProgress);
-}
-
-TEST_F(UpgradeOnCrash, WhileTheFlagIsSetACrashIsJustRestarted) {
-  Start(2);
-  launcher->TheProgram().TheCrashWatch().UpgradeInProgress = true;
-  Crash(kChar);
-  launcher->Pass(5s);
-  EXPECT_EQ(NewLines(),
-            "2 Char Server crashed, restarting...\n0 Char Server Started [Norm Priority]\n");
-}
-
 TEST_F(UpgradeOnCrash, GoesBackToManualSoTheNextCrashIsAPlainRestart) {
   Start(2);
   ClickOption(2, true);

@@ -290,30 +290,6 @@ TEST_F(UpgradeByHand, GoingBackToManualIsWrittenEvenWhenItIsManualAlready) {
   EXPECT_EQ(machine.Setting("UpdateMode"), "0");
 }
 
-TEST_F(UpgradeByHand, TheCodeThatPointsToTheLogShowsItsPage) {
-  StartReady();
-  TabView& pages = launcher->TheForm().frame.SSTab1;
-  for (int code : {1, 2, 4, 5, 6, 7, 8, 9, 0, 3}) {
-    pages.SetPage(3);
-    Do([&] { launcher->TheProgram().TheUpgrade().ShowResult(code); });
-    EXPECT_EQ(pages.Page(), code == 3 ? 0 : 3) << code;
-  }
-  EXPECT_EQ(machine.boxes.Shown().back().text, "Error, please check log Window!");
-}
-
-TEST_F(UpgradeByHand, TheOperationsGiveTheirCodesAndPaths) {
-  StartReady();
-  ComponentUpgrade& upgrade = launcher->TheProgram().TheUpgrade();
-  EXPECT_EQ(upgrade.RunUpgrade(0), kUpgradeDone);
-  EXPECT_EQ(upgrade.RunUpgrade(0), kUpgradeNothingNew);
-  TypePath(ComponentKind::Map, kNewChar);
-  EXPECT_EQ(upgrade.RunUpgrade(0), kUpgradeSameFile);
-  EXPECT_TRUE(machine.boxes.Shown().empty());
-  UpgradeSettings& settings = launcher->TheProgram().TheUpgradeSettings();
-  EXPECT_EQ(settings.TargetPath(ComponentKind::Map), "C:\\srv\\map-server.exe");
-  EXPECT_EQ(settings.StoredDate(ComponentKind::Char), "2026-01-02 00:00:00");
-}
-
 TEST_F(UpgradeByHand, ARefusedUpgradeLeavesTheTrigger) {
   SetTrigger(2);
   StartReady();

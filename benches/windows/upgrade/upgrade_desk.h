@@ -21,7 +21,7 @@ struct UpgradeDesk {
                   ports.workingFolder, form.servers.Exes, root.AppFolder()),
         upgrade({BindUpgrade(form), components, startStop, log, settings, ports.fileReader,
                  PatientCopies(copies, ports.tickClock), ports.localClock, ports.messageBoxes,
-                 root.AppFolder(), UpgradeInProgress}) {
+                 root.AppFolder()}) {
     ListExecutables(ports.folderLister, root, form.servers.Exes);
     for (ComponentKind kind : kComponents) {
       DropDownList& chooser = form.servers.Exes[kind];
@@ -46,7 +46,6 @@ struct UpgradeDesk {
   SettingsStore store{ports.registry, root.SettingsKey()};
   UpgradeSettings settings{BindUpgradeSettings(form), store, root, ports.fileDialog,
                            ports.messageBoxes};
-  bool UpgradeInProgress = false;
   ComponentUpgrade upgrade;
 };
 

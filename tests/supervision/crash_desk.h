@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+
+#include "form/bindings.h"
+#include "tests/simulation/sim_machine.h"
+
+namespace tarvo {
+
+/// Crash watch, freeze watch, start and stop on a simulated machine, without the rest of the
+/// program: for what no operator reaches by one step. All three servers run, and were seen by their
+/// last check.
+struct CrashDesk {
+  CrashDesk() {
+    const char* const names[] = {kLogin, kChar, kMap};
+    for (ComponentKind kind : kComponents) {
+      machine.files.Put(std::string("C:\\srv\\") + names[IndexOf(kind)], "");
+      for (const char* name : names) form.servers.Exes[kind].AddItem(name);
+      form.servers.Exes[kind].SetListIndex(static_cast<int>(kind));
+    }
+    startStop.prepareFreezeWatch = [this](ComponentKind kind) { freezes.Prepare(kind); };
+    startStop.endFreezeWatch = [this](ComponentKind kind) { freezes.End(kind); };
+    for (ComponentKind kind : kComponents) startStop.StartComponent(kind);
+    for (ComponentKind kind : kComponents) crashes.Check(kind);
+    NewLines();
+  }
+
+  void Crash(ComponentKind kind) { machine.processes.Crash(components[kind].ProcessId); }
+
+  /// The log's lines since the last call, without their times.
+  std::string NewLines() {
+    std::string lines;
+    const std::string text = form.status.RTLog.Text();
+    for (std::size_t end; (end = text.find("\r\n", seen_)) != std::string::npos; seen_ = end + 2) {
+      lines += text.substr(seen_ + 21, end - seen_ - 21) + "\n";
+    }
+    return lines;
+  }
+
+  SimMachine machine;
+  TimerQueue queue{machine.clock};
+  Form form{queue};
+  ComponentTable components;
+  ProcessControl processes{machine.processes, machine.processes,     machine.clock,
+                           machine.codePage,  machine.workingFolder, form.servers.Exes,
+                           "C:\\srv"};
+  StatusLog log{form.status.RTLog, form.servers.WLog, form.servers.LogH,
+                machine.files,     machine.clock,     "C:\\srv"};
+  StartStop startStop{BindStartStop(form), components, processes, log, machine.boxes};
+  PortProbe probe{machine.network};
+  FreezeWatch freezes{BindFreezeWatch(form), components,   probe, processes, log,
+                      machine.clock,         machine.clock};
+  CrashWatch crashes{BindCrashWatch(form), components, processes, startStop, freezes, log,
+                     machine.clock};
+
+ private:
+  std::size_t seen_ = 0;
+};
+
+}  // namespace tarvo
