@@ -17,6 +17,7 @@ struct CrashDesk {
       machine.files.Put(std::string("C:\\srv\\") + names[IndexOf(kind)], "");
       for (const char* name : names) form.servers.Exes[kind].AddItem(name);
       form.servers.Exes[kind].SetListIndex(static_cast<int>(kind));
+      form.servers.Prior[kind].SetListIndex(0);
     }
     startStop.prepareFreezeWatch = [this](ComponentKind kind) { freezes.Prepare(kind); };
     startStop.endFreezeWatch = [this](ComponentKind kind) { freezes.End(kind); };
