@@ -66,7 +66,7 @@ class Plan:
         words = self.uses[room]
         if ALL in words:
             return sorted(set(self.uses) - {room})
-        return sorted({self.room_of(word) or word for word in words} & set(self.uses))
+        return sorted({word if word in self.uses else self.room_of(word) for word in words} & set(self.uses))
 
     def circles(self):
         """Each as the rooms on the way round; of circles that share rooms at least one."""

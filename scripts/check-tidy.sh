@@ -1,12 +1,73 @@
 #!/usr/bin/env bash
-# The short list of clang-tidy's checks over the product's portable sources; every finding is fatal. Wants
-# the native preset configured.
+# The short list of clang-tidy's checks over the product's sources; every finding is fatal.
+#
+#   scripts/check-tidy.sh          what has changed since the last commit that passed here, or else since main;
+#                                  everything when there is neither
+#   scripts/check-tidy.sh --all    everything
+#
+# Wants the preset native configured, for the header that it generates. The sources for Windows are read as clang's
+# mingw target with the headers of the mingw compiler; every check of the list works there.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-# Options that only GCC knows are no finding.
-git ls-files 'support/*.cpp' 'xmldoc/*.cpp' 'toolkit/*.cpp' 'form/*.cpp' 'core/*.cpp' 'supervision/*.cpp' \
-  'randomizer/*.cpp' 'upgrade/*.cpp' 'desktop/*.cpp' 'app/principal*.cpp' \
-  'platform/*.cpp' |
-  grep -vE '/windows/|^xmldoc/tool/' |
-  xargs -P "$(nproc)" -n 4 clang-tidy -p build/native --quiet \
-    --extra-arg=-Wno-unknown-warning-option 2>/dev/null
+mkdir -p build/lint
+
+base() {
+  local passed=build/lint/passed commit
+  if [[ -s $passed ]] && git merge-base --is-ancestor "$(<"$passed")" HEAD 2>/dev/null; then
+    cat "$passed"
+    return
+  fi
+  for commit in main origin/main; do
+    commit=$(git merge-base HEAD "$commit" 2>/dev/null) || continue
+    [[ $commit == "$(git rev-parse HEAD)" ]] || echo "$commit"
+    return
+  done
+}
+
+# Sources that differ from the commit, and for each header that does one source that includes it.
+changed_since() {
+  local file
+  { git diff --name-only "$1" && git ls-files --others --exclude-standard; } | while read -r file; do
+    [[ $file != *.h ]] || file=$(git grep -lF "#include \"$file\"" -- '*.cpp' ':!tests' ':!benches' ':!fuzz' | head -1)
+    [[ $file != *.cpp || ! -e $file ]] || echo "$file"
+  done | sort -u
+}
+
+product() { grep -vE '^(tests|benches|fuzz)/' || true; }
+
+# tidy FILE...: each by itself.
+tidy() {
+  local flags=(-std=c++20 -I"$PWD" -I"$PWD/build/native/generated")
+  if [[ $1 == */windows/* || $1 == app/main.cpp || ${1##*/} == windows_* ]]; then
+    local headers
+    headers=$(dirname "$(x86_64-w64-mingw32-g++-win32 -print-libgcc-file-name)")/include/c++
+    flags+=(--target=x86_64-w64-mingw32 -stdlib++-isystem"$headers" -isystem"$headers/x86_64-w64-mingw32"
+      -D_WIN32_WINNT=0x0601 -DWIN32_LEAN_AND_MEAN -DNOMINMAX)
+  fi
+  clang-tidy --quiet --header-filter="^$PWD/.*" "$@" -- "${flags[@]}" 2>/dev/null
+}
+
+# tidy_folder FILE...: some sources of one folder. The system's headers take most of the time, so the sources are read
+# as one; where that cannot be, two of them having a name in common, or finds something, each is read by itself.
+tidy_folder() {
+  local together
+  together=$(mktemp "build/lint/$([[ $1 != */windows/* ]] || echo windows_)XXXXXX.cpp")
+  printf '#include "%s"\n' "$@" >"$together"
+  tidy "$together" >/dev/null || tidy "$@" || { rm "$together"; return 1; }
+  rm "$together"
+}
+export -f tidy tidy_folder
+
+since=
+[[ ${1:-} == --all ]] || since=$(base)
+if [[ -n $since ]] && git diff --quiet "$since" -- .clang-tidy scripts/check-tidy.sh; then
+  sources=$(changed_since "$since" | product)
+else
+  sources=$(git ls-files '*.cpp' | product)
+fi
+
+# A line of at most eight sources of one folder; what stands alone goes last.
+awk -F/ '{ folder = $0; sub(/[^\/]*$/, "", folder); if ($0 == "app/main.cpp") folder = $0
+    if (folder != last || ++count == 8) { if (NR > 1) printf "\n"; count = 0 } last = folder; printf "%s ", $0 }' \
+  <<<"$sources" | sed '/^ *$/d' | xargs -r -P "$(nproc)" -d '\n' -I{} bash -c 'set -f; tidy_folder {}'
+git rev-parse HEAD >build/lint/passed

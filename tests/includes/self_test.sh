@@ -13,14 +13,16 @@ plant() {
   put docs/architecture.md <<'END'
 | room | what lives there | may use |
 |---|---|---|
-| `lower/` | rules | the standard library |
+| `lower/` | rules | the standard library, lower/deep |
+| `lower/deep/` | what rules are made of | the standard library |
 | `lower/windows/` | adapters | Windows, lower |
 | `upper/` | watches | `lower/`, `lower/windows/late.h` |
 | `top/` | the entry | all of them |
 
 Only what stands above counts: `nowhere/`.
 END
-  put lower/rules.h <<<'#include <string>'
+  put lower/rules.h <<<$'#include <string>\n#include "lower/deep/part.h"'
+  put lower/deep/part.h <<<'#include <vector>'
   put lower/windows/late.h <<<'#include "lower/rules.h"'
   put lower/windows/late.cpp <<<'#include <windows.h>'
   put upper/watch.cpp <<<$'#include "lower/rules.h"\n#include "lower/windows/late.h"\n#include "upper/watch.h"'
