@@ -6,6 +6,12 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 option(TARVO_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+# windows-64 and native-release build without it, so that each source includes what it uses.
+option(TARVO_PRECOMPILE "Precompile the headers that most sources include" OFF)
+if(CMAKE_CXX_COMPILER_LAUNCHER)
+  # Precompiled headers differ from folder to folder: with them a compiler cache finds nothing of another one.
+  set(TARVO_PRECOMPILE OFF)
+endif()
 
 add_library(tarvo_build INTERFACE)
 target_include_directories(tarvo_build INTERFACE ${CMAKE_SOURCE_DIR})
@@ -29,6 +35,27 @@ if(WIN32)
   target_link_options(tarvo_build INTERFACE -static -Wl,--gc-sections $<$<CONFIG:Release>:-s>)
 endif()
 
+set(TARVO_COMMON_HEADERS <algorithm> <array> <chrono> <cstdint> <functional> <map> <memory> <optional> <string>
+  <string_view> <utility> <vector>)
+
+# tarvo_precompile(TARGET OWNER HEADER...)
+# TARGET's sources get the headers precompiled, once for all targets that name the same OWNER.
+function(tarvo_precompile target owner)
+  if(NOT TARVO_PRECOMPILE)
+    return()
+  endif()
+  if(NOT TARGET ${owner})
+    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/generated/${owner}.cpp CONTENT "" @ONLY)
+    add_library(${owner} OBJECT ${CMAKE_BINARY_DIR}/generated/${owner}.cpp)
+    target_link_libraries(${owner} PRIVATE tarvo_build)
+    if("<gtest/gtest.h>" IN_LIST ARGN)
+      target_link_libraries(${owner} PRIVATE GTest::gtest)
+    endif()
+    target_precompile_headers(${owner} PRIVATE ${ARGN})
+  endif()
+  target_precompile_headers(${target} REUSE_FROM ${owner})
+endfunction()
+
 # tarvo_room(NAME [USES ROOM...] [SYSTEM LIBRARY...])
 # A room is a static library of every source in its folder and the folders below it, but windows/ and tool/;
 # a room of headers alone is an interface.
@@ -40,6 +67,11 @@ function(tarvo_room name)
   if(sources)
     add_library(tarvo_${name} STATIC ${sources})
     target_link_libraries(tarvo_${name} PUBLIC tarvo_build ${ROOM_USES} ${ROOM_SYSTEM})
+    if(name MATCHES windows)
+      tarvo_precompile(tarvo_${name} tarvo_windows_headers ${TARVO_COMMON_HEADERS} <windows.h>)
+    else()
+      tarvo_precompile(tarvo_${name} tarvo_headers ${TARVO_COMMON_HEADERS})
+    endif()
   else()
     add_library(tarvo_${name} INTERFACE)
     target_link_libraries(tarvo_${name} INTERFACE tarvo_build ${ROOM_USES} ${ROOM_SYSTEM})
@@ -56,6 +88,7 @@ function(tarvo_room_tests room)
   list(TRANSFORM TESTS_USES PREPEND tarvo_)
   add_executable(${room}_tests ${sources})
   target_link_libraries(${room}_tests PRIVATE tarvo_build ${TESTS_USES} GTest::gtest_main)
+  tarvo_precompile(${room}_tests tarvo_test_headers ${TARVO_COMMON_HEADERS} <gtest/gtest.h>)
   gtest_discover_tests(${room}_tests
     TEST_PREFIX "${room}." PROPERTIES LABELS ${room} TIMEOUT 120 DISCOVERY_TIMEOUT 60)
 endfunction()
