@@ -2,7 +2,10 @@
 # Installs what is missing of the named groups of Debian packages; does nothing when all is there.
 #
 #   scripts/install-packages.sh windows wine native
+#   scripts/install-packages.sh --list windows    prints what is missing, a package a line, and installs nothing
 set -euo pipefail
+list=0
+[[ ${1:-} != --list ]] || { list=1; shift; }
 
 declare -A groups=(
   [windows]="cmake ninja-build g++-mingw-w64-x86-64-win32 binutils-mingw-w64-x86-64 googletest"
@@ -21,10 +24,11 @@ missing=()
 for group in "$@"; do
   for package in ${groups[$group]:?no such group: $group}; do
     status=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
-    [[ $status == installed ]] || missing+=("$package")
+    [[ $status == installed || " ${missing[*]:-} " == *" $package "* ]] || missing+=("$package")
   done
 done
 [[ ${#missing[@]} -gt 0 ]] || exit 0
+[[ $list == 0 ]] || { printf '%s\n' "${missing[@]}"; exit 0; }
 
 as_root=()
 if [[ $(id -u) -ne 0 ]]; then

@@ -4,7 +4,7 @@
 source "$(dirname "$0")/story.sh"
 story_begin "$0" "$@"
 # All lines belong into one day's file.
-[[ $(date +%H%M) < 2358 ]] || sleep 130
+until [[ $(date +%H%M) < 2358 ]]; do sleep 1; done
 settings_write "$ROOT" WriteLog=1 WriteMode=0
 start_launcher
 expect_log 10 "Launcher Ready!"

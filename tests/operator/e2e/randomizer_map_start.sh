@@ -4,7 +4,7 @@ source "$(dirname "$0")/story.sh"
 source "$(dirname "$0")/randomizer_verbs.bash"
 story_begin "$0" "$@"
 # Both starts, and the next launcher's, belong into one hour.
-(($(date +%-M) < 58)) || sleep 130
+until (($(date +%-M) < 58)); do sleep 1; done
 put_ranges '<base_exp_rate Min="555" Max="555"/>'
 settings_write "$ROOT" AutoRandomize=0 MaxRndDay=1 MaxRndHour=1
 start_launcher

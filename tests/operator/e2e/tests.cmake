@@ -15,3 +15,8 @@ foreach(name IN ITEMS start_stop crash_restart settings_kept upgrade_on_crash)
   set_tests_properties(operator.${name}.elsewhere PROPERTIES LABELS operator TIMEOUT 400
     ENVIRONMENT "TARVO_STORY_ELSEWHERE=1;TARVO_STORY_ROOT=Servidor Ñandú")
 endforeach()
+
+# The longest first, so that none of them is waited for alone at the end.
+set_tests_properties(operator.launcher_fault operator.launcher_out_of_memory operator.randomizer_calendar PROPERTIES COST 70)
+set_tests_properties(operator.window_look operator.silent_others operator.upgrade_on_crash operator.crash_restart
+  operator.upgrade_on_crash.elsewhere operator.crash_restart.elsewhere PROPERTIES COST 30)
