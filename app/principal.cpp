@@ -4,6 +4,7 @@
 
 #include "app/version.h"
 #include "core/server_configuration.h"
+#include "form/log_screen.h"
 #include "supervision/memory_watch.h"
 #include "supervision/winsock_error_text.h"
 #include "support/number_text.h"
@@ -32,8 +33,9 @@ Principal::Principal(const Machine& machine)
       store_(registry_, root_.SettingsKey()),
       timers_(machine.tickClock),
       form_(timers_),
-      log_(form_.status.RTLog, form_.servers.WLog, form_.servers.LogH, machine.fileAppender,
-           machine.localClock, root_.AppFolder()),
+      log_(machine.localClock),
+      logFile_(form_.servers.WLog, form_.servers.LogH, machine.fileAppender, machine.localClock,
+               root_.AppFolder()),
       settings_(BindSettings(form_), components_, store_),
       processes_(machine.processes, machine.foreignWindows, machine.tickClock, machine.codePage,
                  machine.workingFolder, form_.servers.Exes, root_.AppFolder()),
@@ -61,6 +63,8 @@ Principal::Principal(const Machine& machine)
       randomizer_(BindRandomizer(form_.randomizer, form_.timers.tmr_Calendar), log_, root_,
                   {machine.fileReader, patientFiles_, machine.eventLog, store_, machine.localClock,
                    machine.random, machine.messageBoxes}) {
+  log_.listeners = {[this](const LogLine& line) { ShowLine(form_.status.RTLog, line); },
+                    [this](const LogLine& line) { logFile_.Take(line); }};
   WireControls();
   WireTimers();
   WireUpgrade();
@@ -279,7 +283,7 @@ void Principal::LoadRandomizer() {
 }
 
 void Principal::OpenLogFile() {
-  if (machine_.documents.Open(log_.FileOfToday())) return;
+  if (machine_.documents.Open(logFile_.FileOfToday())) return;
   machine_.messageBoxes.Ask(
       {"There is no log file of today yet.\r\n"
        "Check \"Save status in log file?\" on the page Servers to have one.",

@@ -6,6 +6,7 @@
 #include "app/all_settings.h"
 #include "core/component.h"
 #include "core/handed_settings.h"
+#include "core/log_file.h"
 #include "core/patience.h"
 #include "core/per_user_registry.h"
 #include "core/process_control.h"
@@ -56,6 +57,7 @@ class Principal {
   Form& TheForm() { return form_; }
   TimerQueue& TheTimers() { return timers_; }
   EventDispatch& Dispatch() { return dispatch_; }
+  StatusLog& TheLog() { return log_; }
   const ComponentTable& Components() const { return components_; }
 
   /// The name under which the machine knows this root's one launcher.
@@ -108,6 +110,7 @@ class Principal {
   Form form_;
   ComponentTable components_;
   StatusLog log_;
+  LogFile logFile_;
   LauncherSettings settings_;
   ProcessControl processes_;
   StartStop startStop_;

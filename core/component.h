@@ -6,6 +6,7 @@
 #include "platform/foreign_windows.h"
 #include "platform/processes.h"
 #include "support/per_component.h"
+#include "toolkit/controls.h"
 
 namespace tarvo {
 
@@ -21,6 +22,19 @@ using ServerEndpoints = PerComponent<ComponentEndpoint>;
 
 /// What the watches know of a component.
 enum class AlarmState : std::int16_t { Healthy = 0, Trouble = 1, NotWatched = 2 };
+
+/// What the light of a component in that state says.
+constexpr LightState LightStateOf(AlarmState state) {
+  switch (state) {
+    case AlarmState::Healthy:
+      return LightState::Healthy;
+    case AlarmState::Trouble:
+      return LightState::Trouble;
+    case AlarmState::NotWatched:
+      break;
+  }
+  return LightState::NotWatched;
+}
 
 /// One of the three server programs: what the launcher knows of it besides the controls of the
 /// form.

@@ -1,6 +1,5 @@
 #include "core/start_stop.h"
 
-#include "form/status_colours.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 
@@ -74,7 +73,7 @@ void StartStop::StartComponent(ComponentKind kind) {
   controls_.executables[kind].SetEnabled(false);
   CommandButton& button = controls_.buttons[IndexOf(kind)];
   button.SetCaption("Stop");
-  button.SetBackground(kStartedColour);
+  button.SetBackground(controls_.started);
   if (kind == ComponentKind::Map && beforeMapServerStarts) beforeMapServerStarts();
   components_[kind].probeFailure.clear();
   LaunchOrAdopt(kind);
@@ -133,12 +132,12 @@ void StartStop::StopComponent(ComponentKind kind) {
   }
   component.AlarmState = AlarmState::NotWatched;
   component.probeFailure.clear();
-  controls_.lights[kind].SetFill(kStoppedLight);
+  controls_.lights[kind].SetState(LightState::Stopped);
   controls_.lights[kind].SetToolTip({});
   controls_.executables[kind].SetEnabled(true);
   CommandButton& button = controls_.buttons[IndexOf(kind)];
   button.SetCaption("Start");
-  button.SetBackground(kStoppedColour);
+  button.SetBackground(controls_.stopped);
 }
 
 void StartStop::Prior_Click(ComponentKind kind) {

@@ -24,6 +24,8 @@ struct StartStopControls {
   const PerComponent<DropDownList>& priorities;
   const PerComponent<TextBox>& autokillTimes;
   std::span<CommandButton, kComponentCount> buttons;
+  Colour started;  ///< A button's background while its component is started.
+  Colour stopped;
   PerComponent<Light>& lights;
   TabView& pages;
   PerComponent<Timer>& crashWatch;

@@ -1,5 +1,7 @@
 #include "form/bindings.h"
 
+#include "form/status_colours.h"
+
 namespace tarvo {
 namespace {
 
@@ -32,6 +34,8 @@ StartStopControls BindStartStop(Form& form) {
           .priorities = form.servers.Prior,
           .autokillTimes = form.servers.TTO,
           .buttons = OfComponents(form.status.bStart),
+          .started = kStartedColour,
+          .stopped = kStoppedColour,
           .lights = form.frame.Sem,
           .pages = form.frame.SSTab1,
           .crashWatch = form.timers.CrashWatch,

@@ -1,13 +1,13 @@
 #include "form/form.h"
 
+#include <iterator>
 #include <string>
 
 #include "form/status_colours.h"
 
 namespace tarvo {
 
-StatusPage::StatusPage()
-    : RTLog({kStampColour, kInfoColour, kNoticeColour, kAlertColour, kExtraColour}) {
+StatusPage::StatusPage() : RTLog({std::begin(kLogColours), std::end(kLogColours)}) {
   for (CommandButton& button : bStart) button.SetCaption("Start");
   bStart[3].SetCaption("Start All");
   bStart[3].SetToolTip("Start all servers");

@@ -11,7 +11,6 @@
 /// The randomizer between ports of memory, for targets that give it arbitrary files.
 class RandomizerRig final : public tarvo::FileReader,
                             public tarvo::FileReplacer,
-                            public tarvo::FileAppender,
                             public tarvo::EventLog,
                             public tarvo::Registry,
                             public tarvo::LocalClock,
@@ -42,10 +41,7 @@ class RandomizerRig final : public tarvo::FileReader,
   tarvo::TimerQueue timers{*this};
   tarvo::RandomizerPage page;
   tarvo::Timer calendarTimer{timers, "tmr_Calendar", 15000};
-  tarvo::RichTextView view{{}};
-  tarvo::CheckBox WLog;
-  tarvo::DropDownList LogH;
-  tarvo::StatusLog log{view, WLog, LogH, *this, *this, "C:\\srv"};
+  tarvo::StatusLog log{*this};
   tarvo::SettingsStore store{*this, "Settings"};
   tarvo::Randomizer randomizer{tarvo::BindRandomizer(page, calendarTimer),
                                log,
@@ -64,7 +60,6 @@ class RandomizerRig final : public tarvo::FileReader,
     files[path] = text;
     return std::nullopt;
   }
-  bool AppendText(const std::string&, const std::string&) override { return true; }
   void WriteError(const std::string&) override {}
   void WriteUnicodeError(std::u16string_view) override {}
   std::optional<tarvo::RegistryData> Query(tarvo::Hive, const std::string&,

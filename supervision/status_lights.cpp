@@ -1,58 +1,40 @@
 #include "supervision/status_lights.h"
 
-#include "form/status_colours.h"
+#include <algorithm>
+#include <array>
+#include <iterator>
 
 namespace tarvo {
 namespace {
 
-constexpr int kNoCode = -1;
+constexpr auto kOk = AlarmState::Healthy;
+constexpr auto kBad = AlarmState::Trouble;
+constexpr auto kNot = AlarmState::NotWatched;
 
-/// The code by the states of login, char (rows) and map (columns).
-constexpr int kCodes[9][3] = {
-    {0, 3, 15},         // login 0, char 0
-    {2, 5, 18},         // login 0, char 1
-    {25, 23, 14},       // login 0, char 2
-    {1, 6, 19},         // login 1, char 0
-    {4, 7, 24},         // login 1, char 1
-    {22, kNoCode, 11},  // login 1, char 2
-    {16, 20, 13},       // login 2, char 0
-    {21, 17, 10},       // login 2, char 1
-    {12, 9, 8},         // login 2, char 2
+/// The states of login, char and map, by their code, four in a row.
+constexpr std::array<AlarmState, kComponentCount> kStates[] = {
+    {kOk, kOk, kOk},    {kBad, kOk, kOk},   {kOk, kBad, kOk},   {kOk, kOk, kBad},
+    {kBad, kBad, kOk},  {kOk, kBad, kBad},  {kBad, kOk, kBad},  {kBad, kBad, kBad},
+    {kNot, kNot, kNot}, {kNot, kNot, kBad}, {kNot, kBad, kNot}, {kBad, kNot, kNot},
+    {kNot, kNot, kOk},  {kNot, kOk, kNot},  {kOk, kNot, kNot},  {kOk, kOk, kNot},
+    {kNot, kOk, kOk},   {kNot, kBad, kBad}, {kOk, kBad, kNot},  {kBad, kOk, kNot},
+    {kNot, kOk, kBad},  {kNot, kBad, kOk},  {kBad, kNot, kOk},  {kOk, kNot, kBad},
+    {kBad, kBad, kNot}, {kOk, kNot, kOk},
 };
-
-std::size_t NumberOf(AlarmState state) { return static_cast<std::size_t>(state); }
+constexpr int kNothingWatched = 8;
 
 }  // namespace
 
 std::optional<int> StatusCodeFor(AlarmState login, AlarmState charServer, AlarmState map) {
-  const int code = kCodes[NumberOf(login) * 3 + NumberOf(charServer)][NumberOf(map)];
-  if (code == kNoCode) return std::nullopt;
-  return code;
+  const auto found =
+      std::find(std::begin(kStates), std::end(kStates), std::array{login, charServer, map});
+  if (found == std::end(kStates)) return std::nullopt;
+  return static_cast<int>(found - std::begin(kStates));
 }
 
 PerComponent<AlarmState> StatesOfCode(int code) {
-  constexpr AlarmState kStates[] = {AlarmState::Healthy, AlarmState::Trouble,
-                                    AlarmState::NotWatched};
-  for (AlarmState login : kStates) {
-    for (AlarmState charServer : kStates) {
-      for (AlarmState map : kStates) {
-        if (StatusCodeFor(login, charServer, map) == code) return {{login, charServer, map}};
-      }
-    }
-  }
-  return {{AlarmState::NotWatched, AlarmState::NotWatched, AlarmState::NotWatched}};
-}
-
-Colour LightColourFor(AlarmState state) {
-  switch (state) {
-    case AlarmState::Trouble:
-      return kTroubleLight;
-    case AlarmState::Healthy:
-      return kHealthyLight;
-    case AlarmState::NotWatched:
-      break;
-  }
-  return kUnwatchedLight;
+  const bool known = code >= 0 && code < static_cast<int>(std::size(kStates));
+  return {kStates[known ? code : kNothingWatched]};
 }
 
 void StatusLights::Combine() {
@@ -64,7 +46,7 @@ void StatusLights::Combine() {
 
 void StatusLights::Show() {
   for (ComponentKind kind : kComponents) {
-    Sem_[kind].SetFill(LightColourFor(components_[kind].AlarmState));
+    Sem_[kind].SetState(LightStateOf(components_[kind].AlarmState));
     Sem_[kind].SetToolTip(components_[kind].probeFailure);
   }
 }

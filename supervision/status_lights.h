@@ -14,9 +14,6 @@ std::optional<int> StatusCodeFor(AlarmState login, AlarmState charServer, AlarmS
 /// The alarm states that a code stands for. A code outside 0 to 25 is taken as 8, nothing watched.
 PerComponent<AlarmState> StatesOfCode(int code);
 
-/// The colour of a component's light.
-Colour LightColourFor(AlarmState state);
-
 /// Shows the components' alarm states as lights, and keeps their combined code.
 class StatusLights {
  public:
@@ -25,7 +22,7 @@ class StatusLights {
 
   /// Takes the states' code over; without one the last stays.
   void Combine();
-  /// Colours the lights; the tool tip of each says why its component's last probe failed.
+  /// Sets the lights; the tool tip of each says why its component's last probe failed.
   void Show();
 
   /// The code that was taken over last; 8, nothing watched, before the first.

@@ -13,9 +13,9 @@ void Label::SetCaption(std::string caption) {
   Changed();
 }
 
-void Light::SetFill(Colour fill) {
-  if (fill_ == fill) return;
-  fill_ = fill;
+void Light::SetState(LightState state) {
+  if (state_ == state) return;
+  state_ = state;
   Changed();
 }
 

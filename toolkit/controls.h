@@ -20,15 +20,17 @@ class Label : public Control {
   std::string caption_;
 };
 
-/// A status light: a colour, and words for those who cannot tell it. Its tool tip is what there is
-/// to say beside the state.
+/// What a status light says. Each has a shape of its own, for those who cannot tell the colours.
+enum class LightState { Healthy, Trouble, NotWatched, Stopped };
+
+/// A status light. Its tool tip is what there is to say beside the state.
 class Light : public Control {
  public:
-  Colour Fill() const { return fill_; }
-  void SetFill(Colour fill);
+  LightState State() const { return state_; }
+  void SetState(LightState state);
 
  private:
-  Colour fill_ = 0xC0C0C0;
+  LightState state_ = LightState::NotWatched;
 };
 
 class CommandButton : public Control {

@@ -15,7 +15,6 @@ namespace tarvo {
 /// clocks that the bench moves.
 class BenchPorts final : public FileReader,
                          public FileReplacer,
-                         public FileAppender,
                          public EventLog,
                          public Registry,
                          public LocalClock,
@@ -59,7 +58,6 @@ class BenchPorts final : public FileReader,
     std::rename(beside.c_str(), target.c_str());
     return std::nullopt;
   }
-  bool AppendText(const std::string&, const std::string&) override { return true; }
   void WriteError(const std::string&) override {}
   void WriteUnicodeError(std::u16string_view) override {}
   std::optional<RegistryData> Query(Hive, const std::string&, const std::string& name) override {

@@ -37,7 +37,7 @@ struct Life {
   explicit Life(BenchPorts& ports)
       : timers(ports),
         calendarTimer(timers, "tmr_Calendar", 15000),
-        log(view, WLog, LogH, ports, ports, "C:\\srv"),
+        log(ports),
         store(ports, "Settings"),
         randomizer(BindRandomizer(page, calendarTimer), log,
                    ServerRoot("C:\\srv\\tarvo-launcher.exe", ports),
@@ -49,9 +49,6 @@ struct Life {
   TimerQueue timers;
   RandomizerPage page;
   Timer calendarTimer;
-  RichTextView view{{}};
-  CheckBox WLog;
-  DropDownList LogH;
   StatusLog log;
   SettingsStore store;
   Randomizer randomizer;

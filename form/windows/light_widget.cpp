@@ -3,7 +3,8 @@
 #include <utility>
 
 #include "form/control_ids.h"
-#include "form/light_picture.h"
+#include "form/status_colours.h"
+#include "toolkit/state_picture.h"
 
 namespace tarvo {
 namespace {
@@ -48,17 +49,18 @@ std::string LightWidget::Tip() const {
 }
 
 void LightWidget::Show() {
-  const Colour fill = control_.Fill();
+  const LightState state = control_.State();
   SetPropA(Window(), kLightColourProperty,
-           reinterpret_cast<HANDLE>(static_cast<INT_PTR>(fill) + 1));
-  SetText(name_ + ": " + WordsOf(LightStateOf(fill)));
+           reinterpret_cast<HANDLE>(static_cast<INT_PTR>(ColourOf(state)) + 1));
+  SetText(name_ + ": " + WordsOf(state));
   picture_.clear();
   Repaint();
 }
 
 void LightWidget::Paint(HDC target) {
   if (picture_.empty()) {
-    picture_ = DrawLight(control_.Fill(), GetSysColor(COLOR_3DFACE), size_);
+    const LightState state = control_.State();
+    picture_ = DrawLight(state, ColourOf(state), GetSysColor(COLOR_3DFACE), size_);
   }
   Blit(target, picture_, size_);
 }

@@ -3,6 +3,7 @@
 #include <ostream>
 #include <random>
 
+#include "form/log_screen.h"
 #include "tests/simulation/launcher_story.h"
 
 namespace tarvo {

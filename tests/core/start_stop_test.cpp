@@ -162,13 +162,14 @@ TEST_F(Starting, AStopEndsTheProcessItsWatchesAndItsLight) {
     EXPECT_EQ(launcher->Of(kind).ProcessId, 0u);
     EXPECT_EQ(launcher->Of(kind).RunningHandle, 0);
     EXPECT_EQ(launcher->Of(kind).AlarmState, AlarmState::NotWatched);
-    EXPECT_EQ(launcher->TheForm().frame.Sem[kind].Fill(), Rgb(128, 128, 128));
+    EXPECT_EQ(ColourOf(launcher->TheForm().frame.Sem[kind].State()), Rgb(128, 128, 128));
     EXPECT_TRUE(ChooserEnabled(kind));
     EXPECT_EQ(Button(IndexOf(kind)).Caption(), "Start");
     EXPECT_EQ(Button(IndexOf(kind)).Background(), Rgb(192, 192, 192));
   }
   launcher->Pass(2s);
-  for (const Light& light : launcher->TheForm().frame.Sem) EXPECT_EQ(light.Fill(), 0xC0C0C0u);
+  for (const Light& light : launcher->TheForm().frame.Sem)
+    EXPECT_EQ(ColourOf(light.State()), 0xC0C0C0u);
   EXPECT_EQ(machine.processes.Windows().size(), 1u);
 }
 

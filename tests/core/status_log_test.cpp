@@ -1,7 +1,8 @@
-#include "core/status_log.h"
+#include "core/log_file.h"
 
 #include <gtest/gtest.h>
 
+#include "form/log_screen.h"
 #include "form/status_colours.h"
 #include "tests/simulation/sim_machine.h"
 
@@ -18,6 +19,8 @@ class Log : public ::testing::Test {
       LogH.AddItem(item);
     }
     LogH.SetListIndex(0);
+    log.listeners = {[this](const LogLine& line) { ShowLine(RTLog, line); },
+                     [this](const LogLine& line) { file.Take(line); }};
   }
   std::string File(const std::string& name) { return machine.files.TextOf("C:\\srv\\" + name); }
 
@@ -25,7 +28,8 @@ class Log : public ::testing::Test {
   RichTextView RTLog{{kStampColour, kInfoColour, kNoticeColour, kAlertColour, kExtraColour}};
   CheckBox WLog;
   DropDownList LogH;
-  StatusLog log{RTLog, WLog, LogH, machine.files, machine.clock, "C:\\srv"};
+  LogFile file{WLog, LogH, machine.files, machine.clock, "C:\\srv"};
+  StatusLog log{machine.clock};
 };
 
 /// Keeps what a view was told to append.
@@ -45,7 +49,7 @@ TEST_F(Log, ALineIsItsStampInNavyItsTextInTheLevelsColourAndALineEnd) {
   for (const auto& c : cases) {
     Pieces pieces;
     RTLog.SetRichTextMirror(&pieces);
-    log.LogStatus("Text", c.level);
+    log.LogStatus("Text", LogLevel(c.level));
     ASSERT_EQ(pieces.pieces.size(), 3u) << c.level;
     EXPECT_EQ(pieces.pieces[0].text, "2026-11-21 10:00:00: ") << c.level;
     EXPECT_EQ(pieces.pieces[0].colour, Rgb(0, 0, 128)) << c.level;
@@ -58,7 +62,7 @@ TEST_F(Log, ALineIsItsStampInNavyItsTextInTheLevelsColourAndALineEnd) {
 
 TEST_F(Log, TheScreenShowsEveryLevelWhateverIsSaved) {
   LogH.SetListIndex(3);
-  for (int level : {0, 1, 2, 3}) log.LogStatus("Level " + std::to_string(level), level);
+  for (int level : {0, 1, 2, 3}) log.LogStatus("Level " + std::to_string(level), LogLevel(level));
   EXPECT_EQ(RTLog.Text(),
             "2026-11-21 10:00:00: Level 0\r\n2026-11-21 10:00:00: Level 1\r\n"
             "2026-11-21 10:00:00: Level 2\r\n2026-11-21 10:00:00: Level 3\r\n");
@@ -73,7 +77,7 @@ TEST_F(Log, AFileIsWrittenFromTheChosenLevelOn) {
   for (const auto& c : cases) {
     machine.files.Remove("C:\\srv\\20261121.log");
     LogH.SetListIndex(c.index);
-    for (int level : {0, 1, 2, 3, 7}) log.LogStatus(std::to_string(level), level);
+    for (int level : {0, 1, 2, 3, 7}) log.LogStatus(std::to_string(level), LogLevel(level));
     std::string expected;
     for (const char* level = c.levels; *level; ++level) {
       expected += std::string("2026-11-21 10:00:00: ") + *level + "\r\n";
@@ -85,7 +89,7 @@ TEST_F(Log, AFileIsWrittenFromTheChosenLevelOn) {
 TEST_F(Log, WithoutTheBoxNothingIsWrittenWhateverTheLevel) {
   for (int index : {0, 1, 2, 3}) {
     LogH.SetListIndex(index);
-    for (int level : {0, 1, 2, 3, 7}) log.LogStatus("x", level);
+    for (int level : {0, 1, 2, 3, 7}) log.LogStatus("x", LogLevel(level));
   }
   EXPECT_EQ(machine.recorder.CountOf("files."), 0u);
 }
@@ -93,9 +97,9 @@ TEST_F(Log, WithoutTheBoxNothingIsWrittenWhateverTheLevel) {
 TEST_F(Log, EachLineGoesIntoTheFileOfItsOwnDay) {
   WLog.SetChecked(true);
   machine.clock.SetLocal(std::chrono::local_days(2026y / 12 / 31) + 23h + 59min + 59s);
-  log.LogStatus("Before midnight", 0);
+  log.LogStatus("Before midnight", kInfo);
   machine.clock.Advance(1000);
-  log.LogStatus("At midnight", 0);
+  log.LogStatus("At midnight", kInfo);
   EXPECT_EQ(File("20261231.log"), "2026-12-31 23:59:59: Before midnight\r\n");
   EXPECT_EQ(File("20270101.log"), "2027-01-01 00:00:00: At midnight\r\n");
 }
@@ -109,7 +113,7 @@ TEST_F(Log, ALineThatMidnightOvertakesGoesIntoTheFileOfTheMomentOfWriting) {
   WLog.SetChecked(true);
   machine.clock.SetLocal(std::chrono::local_days(2026y / 12 / 31) + 23h + 59min + 58s);
   RTLog.SetRichTextMirror(&screen);
-  log.LogStatus("Overtaken", 0);
+  log.LogStatus("Overtaken", kInfo);
   RTLog.SetRichTextMirror(nullptr);
   EXPECT_EQ(File("20270101.log"), "2026-12-31 23:59:58: Overtaken\r\n");
   EXPECT_FALSE(machine.files.Exists("C:\\srv\\20261231.log"));
@@ -117,11 +121,11 @@ TEST_F(Log, ALineThatMidnightOvertakesGoesIntoTheFileOfTheMomentOfWriting) {
 
 TEST_F(Log, AClockSetBackWritesIntoTheEarlierDaysFileAgain) {
   WLog.SetChecked(true);
-  log.LogStatus("First", 0);
+  log.LogStatus("First", kInfo);
   machine.clock.SetLocal(std::chrono::local_days(2026y / 11 / 20) + 8h);
-  log.LogStatus("Set back", 0);
+  log.LogStatus("Set back", kInfo);
   machine.clock.SetLocal(std::chrono::local_days(2026y / 11 / 21) + 11h);
-  log.LogStatus("Set forward", 0);
+  log.LogStatus("Set forward", kInfo);
   EXPECT_EQ(File("20261120.log"), "2026-11-20 08:00:00: Set back\r\n");
   EXPECT_EQ(File("20261121.log"),
             "2026-11-21 10:00:00: First\r\n2026-11-21 11:00:00: Set forward\r\n");
@@ -130,9 +134,9 @@ TEST_F(Log, AClockSetBackWritesIntoTheEarlierDaysFileAgain) {
 TEST_F(Log, AFileThatCannotBeWrittenIsPassedOverAndTheScreenHasItsLine) {
   WLog.SetChecked(true);
   machine.files.RefuseAppends(true);
-  log.LogStatus("Lost to the disk", 2);
+  log.LogStatus("Lost to the disk", kAlert);
   machine.files.RefuseAppends(false);
-  log.LogStatus("Kept", 2);
+  log.LogStatus("Kept", kAlert);
   EXPECT_EQ(RTLog.Text(), "2026-11-21 10:00:00: Lost to the disk\r\n2026-11-21 10:00:00: Kept\r\n");
   EXPECT_EQ(File("20261121.log"), "2026-11-21 10:00:00: Kept\r\n");
 }
@@ -140,14 +144,14 @@ TEST_F(Log, AFileThatCannotBeWrittenIsPassedOverAndTheScreenHasItsLine) {
 TEST_F(Log, BytesAboveAsciiAndSignsOfTheSourceComeOutAsTheyWentIn) {
   WLog.SetChecked(true);
   const std::string text = "{caf\xE9} \\par C:\\srv\t\x01\xFF";
-  log.LogStatus(text, 0);
+  log.LogStatus(text, kInfo);
   EXPECT_EQ(RTLog.Text(), "2026-11-21 10:00:00: " + text + "\r\n");
   EXPECT_EQ(File("20261121.log"), "2026-11-21 10:00:00: " + text + "\r\n");
 }
 
 TEST_F(Log, SegmentsMakeOneLineOnTheScreenAndInTheFile) {
   WLog.SetChecked(true);
-  log.AppendStatus(1, {{kStampColour, "a"}, {kAlertColour, "b"}, {kInfoColour, "c"}});
+  log.AppendStatus(kNotice, {{LogInk::Stamp, "a"}, {LogInk::Alert, "b"}, {LogInk::Info, "c"}});
   EXPECT_EQ(RTLog.Text(), "abc\r\n");
   EXPECT_EQ(File("20261121.log"), "abc\r\n");
 }
@@ -159,7 +163,7 @@ TEST_F(Log, TheViewIsWithinItsLimitBeforeEachLineAndKeepsHeaderNewestAndColours)
     Pieces pieces;
     const std::size_t before = RTLog.SourceLength();
     RTLog.SetRichTextMirror(&pieces);
-    log.LogStatus("Line " + std::to_string(i), i % 4);
+    log.LogStatus("Line " + std::to_string(i), LogLevel(i % 4));
     RTLog.SetRichTextMirror(nullptr);
     trims += static_cast<std::size_t>(pieces.replacements);
     EXPECT_EQ(pieces.replacements, before > kLongestLogSource ? 1 : 0) << before;

@@ -141,8 +141,8 @@ TEST_F(Tray, StatesWithoutACodeKeepThePictureOfTheCodeBefore) {
   Crash(kMap);
   launcher->Pass(5s);
   const auto& Sem = launcher->TheForm().frame.Sem;
-  ASSERT_EQ(Sem[ComponentKind::Login].Fill(), LightColourFor(kTrouble));
-  ASSERT_EQ(Sem[ComponentKind::Map].Fill(), LightColourFor(kTrouble));
+  ASSERT_EQ(Sem[ComponentKind::Login].State(), LightStateOf(kTrouble));
+  ASSERT_EQ(Sem[ComponentKind::Map].State(), LightStateOf(kTrouble));
   EXPECT_TRUE(Shows(kHealthy, kUnwatched, kHealthy));
 }
 
@@ -169,13 +169,13 @@ TEST_F(Tray, ThePictureChangesBeforeTheLights) {
   machine.recorder.beforeEach = [&] {
     const bool trouble = launcher->Of(ComponentKind::Map).AlarmState == AlarmState::Trouble;
     const bool modifies = machine.recorder.Calls().back().starts_with("tray.modify(");
-    const bool green = map.Fill() == LightColourFor(AlarmState::Healthy);
+    const bool green = map.State() == LightStateOf(AlarmState::Healthy);
     if (trouble && modifies && green) ++pictureAlone;
   };
   Crash(kMap);
   launcher->Pass(6s);
   EXPECT_EQ(pictureAlone, 1);
-  EXPECT_EQ(map.Fill(), LightColourFor(AlarmState::Trouble));
+  EXPECT_EQ(map.State(), LightStateOf(AlarmState::Trouble));
 }
 
 TEST_F(Tray, EveryTickHandsThePictureOverAnew) {

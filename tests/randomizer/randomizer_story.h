@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "form/bindings.h"
-#include "form/status_colours.h"
 #include "tests/simulation/sim_machine.h"
 
 namespace tarvo {
@@ -24,23 +23,25 @@ inline constexpr char kDeclaration[] =
     "<?xml version=\"1.0\" encoding=\"ISO-8859-1\" application=\"Tarvo Launcher\"?>\r\n";
 
 /// One life of the randomizer on a simulated machine, with its page and its timer.
-class RandomizerLife : private RichTextMirror {
+class RandomizerLife {
  public:
   explicit RandomizerLife(SimMachine& machine)
       : timers(machine.clock),
         calendarTimer(timers, "tmr_Calendar", 15000),
-        view({kStampColour, kInfoColour, kNoticeColour, kAlertColour, kExtraColour}),
-        log(view, WLog, LogH, machine.files, machine.clock, "C:\\srv"),
+        log(machine.clock),
         root(machine.launcherPath, machine.codePage),
         store(machine.registry, root.SettingsKey()),
         randomizer(BindRandomizer(page, calendarTimer), log, root,
                    {machine.files, machine.files, machine.eventLog, store, machine.clock,
                     machine.random, machine.boxes}) {
-    view.SetRichTextMirror(this);
+    log.listeners.emplace_back([this](const LogLine& line) {
+      lines_ += std::to_string(line.level) + " " + line.pieces[1].text + '\n';
+    });
     randomizer.WireControls();
     randomizer.TheCalendar().restartRunning = [this] { ++restarts; };
   }
-  ~RandomizerLife() { view.SetRichTextMirror(nullptr); }
+  RandomizerLife(const RandomizerLife&) = delete;
+  RandomizerLife& operator=(const RandomizerLife&) = delete;
 
   /// The log's lines since the last call, each "level text".
   std::string NewLog() { return std::exchange(lines_, {}); }
@@ -48,9 +49,6 @@ class RandomizerLife : private RichTextMirror {
   TimerQueue timers;
   RandomizerPage page;
   Timer calendarTimer;
-  RichTextView view;
-  CheckBox WLog;
-  DropDownList LogH;
   StatusLog log;
   ServerRoot root;
   SettingsStore store;
@@ -58,18 +56,6 @@ class RandomizerLife : private RichTextMirror {
   int restarts = 0;
 
  private:
-  void Appended(const ColouredText& piece) override {
-    if (piece.colour == kStampColour && piece.text != "\r\n") return;
-    if (piece.text == "\r\n") {
-      lines_ += '\n';
-    } else {
-      const Colour colours[] = {kInfoColour, kNoticeColour, kAlertColour, kExtraColour};
-      const auto level = std::find(std::begin(colours), std::end(colours), piece.colour);
-      lines_ += std::to_string(level - std::begin(colours)) + " " + piece.text;
-    }
-  }
-  void Replaced() override {}
-
   std::string lines_;
 };
 

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "form/status_colours.h"
-
 namespace tarvo {
 namespace {
 
@@ -58,22 +56,17 @@ ItemList& FindList(Form& form, const std::string& name, std::size_t index) {
   NoSuch(name);
 }
 
-int LevelOf(Colour colour) {
-  const Colour colours[] = {kInfoColour, kNoticeColour, kAlertColour, kExtraColour};
-  const auto found = std::find(std::begin(colours), std::end(colours), colour);
-  return static_cast<int>(found - std::begin(colours));
-}
-
 }  // namespace
 
 Launcher::Launcher(SimMachine& machine)
     : machine_(machine),
       lock_(machine.recorder, machine.locks),
       principal_(machine.PortsFor(lock_)) {
-  TheForm().status.RTLog.SetRichTextMirror(this);
+  auto& listeners = principal_.TheLog().listeners;
+  listeners.insert(listeners.begin(), [this](const LogLine& line) {
+    if (keepLog_) lines_.push_back({line.pieces[0].text, line.pieces[1].text, line.level});
+  });
 }
-
-Launcher::~Launcher() { TheForm().status.RTLog.SetRichTextMirror(nullptr); }
 
 void Launcher::Start(std::intptr_t nativeWindow) { principal_.Start(nativeWindow); }
 
@@ -143,20 +136,6 @@ void Launcher::Tick(const std::function<void()>& tick) {
     ++ticks_;
     tick();
   });
-}
-
-void Launcher::Appended(const ColouredText& piece) {
-  if (!keepLog_) return;
-  if (lines_.empty() || lines_.back().ended) lines_.emplace_back();
-  Line& line = lines_.back();
-  if (piece.text == "\r\n") {
-    line.ended = true;
-  } else if (line.stamp.empty() && piece.colour == kStampColour) {
-    line.stamp = piece.text;
-  } else {
-    line.text += piece.text;
-    line.level = LevelOf(piece.colour);
-  }
 }
 
 std::string Launcher::Log() const {

@@ -17,10 +17,9 @@ namespace tarvo {
 /// The operator's verbs name a control as the form does, and reach the program through its dispatch
 /// as a native window would. Time passes by the timer queue, every tick at its moment, and as long
 /// as the window has not ended: that nothing acts any more is the program's own business.
-class Launcher final : private RichTextMirror {
+class Launcher final {
  public:
   explicit Launcher(SimMachine& machine);
-  ~Launcher();
   Launcher(const Launcher&) = delete;
   Launcher& operator=(const Launcher&) = delete;
 
@@ -49,8 +48,7 @@ class Launcher final : private RichTextMirror {
   Principal& TheProgram() { return principal_; }
   const Component& Of(ComponentKind kind) const { return principal_.Components()[kind]; }
 
-  /// The log lines since `ForgetLog`, each "hh:mm:ss level text"; the level is read from the
-  /// colour.
+  /// The log lines since `ForgetLog`, each "hh:mm:ss level text".
   std::string Log() const;
   void ForgetLog() { lines_.clear(); }
   /// The log lines since the last `NewLog` or `ForgetLog`.
@@ -70,12 +68,9 @@ class Launcher final : private RichTextMirror {
   struct Line {
     std::string stamp;
     std::string text;
-    int level = -1;
-    bool ended = false;
+    LogLevel level;
   };
 
-  void Appended(const ColouredText& piece) override;
-  void Replaced() override {}
   void Event(const std::function<void()>& event);
   void Tick(const std::function<void()>& tick);
 

@@ -2,6 +2,7 @@
 // failure.
 
 #include "desktop/status_picture.h"
+#include "form/status_colours.h"
 #include "supervision/last_failure.h"
 #include "supervision/memory_watch.h"
 #include "supervision/status_lights.h"
@@ -44,10 +45,10 @@ TEST(StatusCode, StandsForItsStatesAndAnyOtherNumberForNothingWatched) {
 }
 
 TEST(StatusLightsShown, AreRedGreenAndGrey) {
-  EXPECT_EQ(LightColourFor(AlarmState::Trouble), 255u);
-  EXPECT_EQ(LightColourFor(AlarmState::Healthy), 49152u);
-  EXPECT_EQ(LightColourFor(AlarmState::NotWatched), 0xC0C0C0u);
-  EXPECT_EQ(LightColourFor(State(7)), 0xC0C0C0u);
+  EXPECT_EQ(ColourOf(LightStateOf(AlarmState::Trouble)), 255u);
+  EXPECT_EQ(ColourOf(LightStateOf(AlarmState::Healthy)), 49152u);
+  EXPECT_EQ(ColourOf(LightStateOf(AlarmState::NotWatched)), 0xC0C0C0u);
+  EXPECT_EQ(ColourOf(LightStateOf(State(7))), 0xC0C0C0u);
 }
 
 TEST(StatusLightsShown, TheOneCombinationWithoutACodeKeepsTheLastOne) {
@@ -63,9 +64,9 @@ TEST(StatusLightsShown, TheOneCombinationWithoutACodeKeepsTheLastOne) {
   lights.Combine();
   EXPECT_EQ(lights.StatusCode(), 23);
   lights.Show();
-  EXPECT_EQ(Sem[ComponentKind::Login].Fill(), 0x0000FFu);
-  EXPECT_EQ(Sem[ComponentKind::Char].Fill(), 0xC0C0C0u);
-  EXPECT_EQ(Sem[ComponentKind::Map].Fill(), 0x0000FFu);
+  EXPECT_EQ(ColourOf(Sem[ComponentKind::Login].State()), 0x0000FFu);
+  EXPECT_EQ(ColourOf(Sem[ComponentKind::Char].State()), 0xC0C0C0u);
+  EXPECT_EQ(ColourOf(Sem[ComponentKind::Map].State()), 0x0000FFu);
 }
 
 TEST(FreeMemory, IsAShareOfAtLeastTwoDigitsAndMegabytesWithTwoDecimals) {
@@ -107,7 +108,7 @@ TEST(LastFailure, NamesTheComponentAndTheMoment) {
 
 class Displays : public LauncherStory {
  protected:
-  Colour Lit(ComponentKind kind) { return launcher->TheForm().frame.Sem[kind].Fill(); }
+  Colour Lit(ComponentKind kind) { return ColourOf(launcher->TheForm().frame.Sem[kind].State()); }
   bool IconShows(int code) const {
     return machine.icons.last.pixels == DrawStatusPicture(StatesOfCode(code), 16).pixels;
   }

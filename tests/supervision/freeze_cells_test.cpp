@@ -34,6 +34,8 @@ struct Desk {
     components[ComponentKind::Login].endpoint.port = 6900;
     form.servers.TTO[ComponentKind::Login].SetText(std::to_string(kLimit));
     machine.processes.StartForeign(kLogin);
+    log.listeners.emplace_back(
+        [this](const LogLine& line) { told += (told.empty() ? "" : "|") + line.pieces[1].text; });
   }
 
   std::string Timers() {
@@ -46,14 +48,7 @@ struct Desk {
   }
 
   /// The texts of the log, without stamps, joined by "|".
-  std::string Told() {
-    std::string told;
-    std::string text = form.status.RTLog.Text();
-    for (std::size_t end; (end = text.find("\r\n")) != std::string::npos; text.erase(0, end + 2)) {
-      told += (told.empty() ? "" : "|") + text.substr(21, end - 21);
-    }
-    return told;
-  }
+  std::string Told() { return told; }
 
   SimMachine machine;
   TimerQueue queue{machine.clock};
@@ -63,8 +58,8 @@ struct Desk {
   ProcessControl processes{machine.processes, machine.processes,     machine.clock,
                            machine.codePage,  machine.workingFolder, Exes,
                            "C:\\srv"};
-  StatusLog log{form.status.RTLog, form.servers.WLog, form.servers.LogH,
-                machine.files,     machine.clock,     "C:\\srv"};
+  std::string told;
+  StatusLog log{machine.clock};
   PortProbe probe{machine.network};
   FreezeWatch watch{BindFreezeWatch(form), components,   probe, processes, log,
                     machine.clock,         machine.clock};

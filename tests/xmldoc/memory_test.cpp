@@ -8,8 +8,8 @@
 #include "allocated_bytes.h"
 #include "scarce_memory.h"
 #include "tree_text.h"
-#include "xmldoc/nodes/compact_text.h"
 #include "xmldoc/document.h"
+#include "xmldoc/nodes/compact_text.h"
 #include "xmldoc/nodes/node_pool.h"
 
 namespace tarvo {

@@ -22,8 +22,9 @@
 #include <string>
 
 #include "benches/windows/desktop/asker.h"
-#include "core/status_log.h"
+#include "core/log_file.h"
 #include "form/control_ids.h"
+#include "form/log_screen.h"
 #include "form/windows/native_window.h"
 #include "platform/windows/clock_windows.h"
 #include "platform/windows/files_windows.h"
@@ -41,9 +42,12 @@ class Flood {
       : lines_(lines),
         burst_(burst),
         form_(timers_),
-        log_(form_.status.RTLog, form_.servers.WLog, form_.servers.LogH, files_, clock_, "."),
+        file_(form_.servers.WLog, form_.servers.LogH, files_, clock_, "."),
+        log_(clock_),
         window_(form_, timers_, dispatch_),
         source_(timers_, "Flood", 10) {
+    log_.listeners = {[this](const LogLine& line) { ShowLine(form_.status.RTLog, line); },
+                      [this](const LogLine& line) { file_.Take(line); }};
     source_.onTick = [this] { Burst(); };
   }
 
@@ -98,7 +102,7 @@ class Flood {
     static const char* const kTexts[] = {"Map Server crashed, restarting...",
                                          "Starting Map Server...", "Listening Map Server",
                                          "Map Server running with Normal priority."};
-    static constexpr int kLevels[] = {kAlert, kNotice, kInfo, kExtra};
+    static constexpr LogLevel kLevels[] = {kAlert, kNotice, kInfo, kExtra};
     const std::size_t kind = ++written_ % std::size(kTexts);
     log_.LogStatus(kTexts[kind] + std::to_string(written_), kLevels[kind]);
     longest_ = std::max(longest_, form_.status.RTLog.SourceLength());
@@ -175,6 +179,7 @@ class Flood {
   TimerQueue timers_{ticks_};
   Form form_;
   EventDispatch dispatch_;
+  LogFile file_;
   StatusLog log_;
   NativeWindow window_;
   Timer source_;

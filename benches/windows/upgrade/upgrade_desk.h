@@ -39,8 +39,7 @@ struct UpgradeDesk {
   TimerQueue timers{ports.tickClock};
   Form form{timers};
   ComponentTable components;
-  StatusLog log{form.status.RTLog,  form.servers.WLog, form.servers.LogH,
-                ports.fileAppender, ports.localClock,  root.AppFolder()};
+  StatusLog log{ports.localClock};
   ProcessControl processes;
   StartStop startStop{BindStartStop(form), components, processes, log, ports.messageBoxes};
   SettingsStore store{ports.registry, root.SettingsKey()};
