@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "form/bindings.h"
 #include "tests/simulation/sim_machine.h"
@@ -19,6 +20,9 @@ struct CrashDesk {
       form.servers.Exes[kind].SetListIndex(static_cast<int>(kind));
       form.servers.Prior[kind].SetListIndex(0);
     }
+    log.listeners.push_back([this](const LogLine& line) {
+      lines_ += line.pieces.at(1).text + "\n";
+    });
     startStop.prepareFreezeWatch = [this](ComponentKind kind) { freezes.Prepare(kind); };
     startStop.endFreezeWatch = [this](ComponentKind kind) { freezes.End(kind); };
     for (ComponentKind kind : kComponents) startStop.StartComponent(kind);
@@ -28,15 +32,8 @@ struct CrashDesk {
 
   void Crash(ComponentKind kind) { machine.processes.Crash(components[kind].ProcessId); }
 
-  /// The log's lines since the last call, without their times.
-  std::string NewLines() {
-    std::string lines;
-    const std::string text = form.status.RTLog.Text();
-    for (std::size_t end; (end = text.find("\r\n", seen_)) != std::string::npos; seen_ = end + 2) {
-      lines += text.substr(seen_ + 21, end - seen_ - 21) + "\n";
-    }
-    return lines;
-  }
+  /// The texts of the log's lines since the last call.
+  std::string NewLines() { return std::exchange(lines_, {}); }
 
   SimMachine machine;
   TimerQueue queue{machine.clock};
@@ -45,8 +42,7 @@ struct CrashDesk {
   ProcessControl processes{machine.processes, machine.processes,     machine.clock,
                            machine.codePage,  machine.workingFolder, form.servers.Exes,
                            "C:\\srv"};
-  StatusLog log{form.status.RTLog, form.servers.WLog, form.servers.LogH,
-                machine.files,     machine.clock,     "C:\\srv"};
+  StatusLog log{machine.clock};
   StartStop startStop{BindStartStop(form), components, processes, log, machine.boxes};
   PortProbe probe{machine.network};
   FreezeWatch freezes{BindFreezeWatch(form), components,   probe, processes, log,
@@ -55,7 +51,7 @@ struct CrashDesk {
                      machine.clock};
 
  private:
-  std::size_t seen_ = 0;
+  std::string lines_;
 };
 
 }  // namespace tarvo

@@ -38,8 +38,7 @@ class UpgradeOperations : public ::testing::Test {
   ProcessControl processes{machine.processes, machine.processes,     machine.clock,
                            machine.codePage,  machine.workingFolder, form.servers.Exes,
                            "C:\\srv"};
-  StatusLog log{form.status.RTLog, form.servers.WLog, form.servers.LogH,
-                machine.files,     machine.clock,     "C:\\srv"};
+  StatusLog log{machine.clock};
   StartStop startStop{BindStartStop(form), components, processes, log, machine.boxes};
   SettingsStore store{machine.registry, root.SettingsKey()};
   UpgradeSettings settings{BindUpgradeSettings(form), store, root, machine.fileDialog,
