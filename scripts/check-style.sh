@@ -10,3 +10,4 @@ if ! clang-format --dry-run --Werror "${sources[@]}"; then
 fi
 
 scripts/check-includes.py
+scripts/check-names.sh

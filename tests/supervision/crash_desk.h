@@ -20,9 +20,8 @@ struct CrashDesk {
       form.servers.Exes[kind].SetListIndex(static_cast<int>(kind));
       form.servers.Prior[kind].SetListIndex(0);
     }
-    log.listeners.push_back([this](const LogLine& line) {
-      lines_ += line.pieces.at(1).text + "\n";
-    });
+    log.listeners.push_back(
+        [this](const LogLine& line) { lines_ += line.pieces.at(1).text + "\n"; });
     startStop.prepareFreezeWatch = [this](ComponentKind kind) { freezes.Prepare(kind); };
     startStop.endFreezeWatch = [this](ComponentKind kind) { freezes.End(kind); };
     for (ComponentKind kind : kComponents) startStop.StartComponent(kind);
