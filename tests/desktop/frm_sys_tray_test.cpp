@@ -39,6 +39,8 @@ class SysTray : public ::testing::Test {
 
 using Calls = std::vector<std::string>;
 
+constexpr std::uint32_t kLeftDoubleClickMessage = 515;
+
 TEST_F(SysTray, LoadingOpensTheHiddenWindowAndAddsTheIcon) {
   tray.Load("tip", 8);
   EXPECT_EQ(recorder.Calls(), (Calls{"tray.openWindow(Sys Tray Interface)", "tray.add(tip)"}));
@@ -104,6 +106,21 @@ TEST_F(SysTray, EveryOtherMessageRaisesNothing) {
     ASSERT_EQ(EventsOf(message), "") << message;
   }
   EXPECT_EQ(EventsOf(0xFFFFFFFF), "");
+}
+
+TEST_F(SysTray, BeforeTheLoadAndAfterTheUnloadTheMouseIsNotHeard) {
+  area.onMouseMessage(kLeftDoubleClickMessage);
+  tray.Load("tip", 8);
+  tray.Unload();
+  area.onMouseMessage(kLeftDoubleClickMessage);
+  EXPECT_EQ(events, "");
+}
+
+TEST_F(SysTray, OnceItIsGoneNothingOfTheAreaReachesIt) {
+  SimNotificationArea another{recorder};
+  { const frmSysTray brief{another, codePage, dispatch}; }
+  EXPECT_FALSE(another.onMouseMessage);
+  EXPECT_FALSE(another.onShellRestarted);
 }
 
 TEST_F(SysTray, MessagesWithoutAnOwnerAreHarmless) {

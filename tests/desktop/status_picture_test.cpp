@@ -159,6 +159,25 @@ TEST(StatusPicture, EveryPixelIsAsItWasApproved) {
   for (const auto& one : approved) EXPECT_EQ(DigestOfPictures(one.size), one.digest) << one.size;
 }
 
+TEST(StatusPicture, TheMarksKeepTheirPlacesAtEverySize) {
+  std::string places;  // Of each size: the first and last columns and rows that are not clear.
+  for (int size = kSmallestPicture; size <= kLargestPicture; ++size) {
+    const Picture picture = DrawStatusPicture(AllStates()[5], size);
+    int left = size, right = 0, top = size, bottom = 0;
+    for (int row = 0; row < size; ++row) {
+      for (int column = 0; column < size; ++column) {
+        if (Shape(picture.At(column, row)) == 0) continue;
+        left = std::min(left, column);
+        right = std::max(right, column);
+        top = std::min(top, row);
+        bottom = std::max(bottom, row);
+      }
+    }
+    for (int edge : {left, right, top, bottom}) places += std::to_string(edge) + " ";
+  }
+  EXPECT_EQ(clsMD5().DigestStrToHexStr(places), "0B5B7486899FBFF536F299A9E373B905");
+}
+
 TEST(StatusPicture, SizesOutsideTheLimitsAreBroughtWithin) {
   const AlarmStates states = AllStates()[5];
   for (int size : {-1, 0, 1, 15}) EXPECT_EQ(DrawStatusPicture(states, size).size, 16) << size;

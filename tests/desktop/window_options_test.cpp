@@ -21,6 +21,13 @@ TEST_F(StartUpEntry, IsWrittenAndDeletedByTheOperatorsClick) {
   EXPECT_EQ(EntriesOf(Hive::LocalMachine), Entries{});
 }
 
+TEST_F(StartUpEntry, ItsCheckMarkIsSavedAtTheClose) {
+  StartLauncher();
+  launcher->Check("Check2", 0, true);
+  launcher->Close();
+  EXPECT_EQ(machine.Setting("RunAtStartup"), "1");
+}
+
 TEST_F(StartUpEntry, HoldsOneBackslashBeforeTheExecutablesName) {
   struct Row {
     const char* folder;
