@@ -160,22 +160,19 @@ TEST(StatusPicture, EveryPixelIsAsItWasApproved) {
 }
 
 TEST(StatusPicture, TheMarksKeepTheirPlacesAtEverySize) {
-  std::string places;  // Of each size: the first and last columns and rows that are not clear.
+  std::string
+      edges;  // Of each size: where a row and a column through the marks begin and end them.
   for (int size = kSmallestPicture; size <= kLargestPicture; ++size) {
-    const Picture picture = DrawStatusPicture(AllStates()[5], size);
-    int left = size, right = 0, top = size, bottom = 0;
-    for (int row = 0; row < size; ++row) {
-      for (int column = 0; column < size; ++column) {
-        if (Shape(picture.At(column, row)) == 0) continue;
-        left = std::min(left, column);
-        right = std::max(right, column);
-        top = std::min(top, row);
-        bottom = std::max(bottom, row);
-      }
+    const Picture picture =
+        DrawStatusPicture({{AlarmState::Healthy, AlarmState::Healthy, AlarmState::Healthy}}, size);
+    for (int i = 1; i < size; ++i) {
+      const int across[] = {Shape(picture.At(i - 1, size / 4)), Shape(picture.At(i, size / 4))};
+      const int down[] = {Shape(picture.At(size / 3, i - 1)), Shape(picture.At(size / 3, i))};
+      if ((across[0] == 0) != (across[1] == 0)) edges += "x" + std::to_string(i);
+      if ((down[0] == 0) != (down[1] == 0)) edges += "y" + std::to_string(i);
     }
-    for (int edge : {left, right, top, bottom}) places += std::to_string(edge) + " ";
   }
-  EXPECT_EQ(clsMD5().DigestStrToHexStr(places), "0B5B7486899FBFF536F299A9E373B905");
+  EXPECT_EQ(clsMD5().DigestStrToHexStr(edges), "8122E056C94A4F0D25D033BCF22C2137");
 }
 
 TEST(StatusPicture, SizesOutsideTheLimitsAreBroughtWithin) {
