@@ -1,7 +1,5 @@
 // How the launcher comes back after a fault of its own: what it hands on, and what it takes over.
 
-#include <algorithm>
-
 #include "app/principal.h"
 
 namespace tarvo {
@@ -17,10 +15,7 @@ void Principal::Resume() {
   log_.LogStatus("Attention!, the launcher was restarted after a fault of its own.", kAlert);
   for (ComponentKind kind : kComponents) {
     // The settings choose the first executable whose name contains the stored text.
-    DropDownList& chooser = form_.servers.Exes[kind];
-    const auto& items = chooser.Items();
-    const auto exact = std::find(items.begin(), items.end(), components_[kind].storedExecutable);
-    if (exact != items.end()) chooser.SetListIndex(static_cast<int>(exact - items.begin()));
+    form_.servers.Exes[kind].Select(components_[kind].storedExecutable);
   }
   for (ComponentKind kind : kComponents) {
     if (takenOver_->underControl[kind]) startStop_.StartComponent(kind);

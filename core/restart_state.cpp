@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "platform/self_restart.h"
+#include "support/text.h"
 
 namespace tarvo {
 namespace {
@@ -16,8 +17,7 @@ constexpr std::string_view kNames[] = {"login", "char", "map"};
 constexpr std::string_view kDigits = "0123456789ABCDEF";
 
 bool StandsForItself(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
-         c == '.' || c == '_' || c == ',';
+  return IsLetter(c) || IsDigit(c) || c == '-' || c == '.' || c == '_' || c == ',';
 }
 
 void AddEncoded(std::string& to, std::string_view text) {

@@ -1,6 +1,5 @@
 #include "core/server_configuration.h"
 
-#include <functional>
 #include <string_view>
 
 #include "core/whole_file.h"
@@ -10,15 +9,6 @@
 
 namespace tarvo {
 namespace {
-
-void ForEachLine(std::string_view text, const std::function<void(std::string_view)>& visit) {
-  for (;;) {
-    const std::size_t end = text.find("\r\n");
-    visit(text.substr(0, end));
-    if (end == std::string_view::npos) return;
-    text.remove_prefix(end + 2);
-  }
-}
 
 /// What follows the key at the very start of the line; nothing when the line begins otherwise.
 std::optional<std::string_view> RestAfter(std::string_view line, std::string_view key) {

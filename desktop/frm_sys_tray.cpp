@@ -13,11 +13,9 @@ enum MouseMessage : std::uint32_t {
   kRightDoubleClick = 518,
 };
 
-enum Button { kLeft = 1, kRight = 2 };
-
 constexpr char kWindowTitle[] = "Sys Tray Interface";
 
-void Raise(const std::function<void(int)>& event, Button button) {
+void Raise(const std::function<void(int)>& event, MouseButton button) {
   if (event) event(button);
 }
 
@@ -135,15 +133,15 @@ void frmSysTray::Form_MouseMove(std::uint32_t message) {
       if (SysTrayMouseMove) SysTrayMouseMove();
       break;
     case kLeftUp:
-      return Raise(SysTrayMouseDown, kLeft);
+      return Raise(SysTrayMouseDown, kLeftButton);
     case kLeftDoubleClick:
-      return Raise(SysTrayDoubleClick, kLeft);
+      return Raise(SysTrayDoubleClick, kLeftButton);
     case kRightDown:
-      return Raise(SysTrayMouseDown, kRight);
+      return Raise(SysTrayMouseDown, kRightButton);
     case kRightUp:
-      return Raise(SysTrayMouseUp, kRight);
+      return Raise(SysTrayMouseUp, kRightButton);
     case kRightDoubleClick:
-      return Raise(SysTrayDoubleClick, kRight);
+      return Raise(SysTrayDoubleClick, kRightButton);
     default:
       break;
   }

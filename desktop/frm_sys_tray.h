@@ -12,6 +12,9 @@
 
 namespace tarvo {
 
+/// The mouse buttons, as the events name them.
+enum MouseButton { kLeftButton = 1, kRightButton = 2 };
+
 /// The icon in the notification area, and the hidden window behind it that hears the mouse over the
 /// icon and owns its menu. It knows nothing of what the icon stands for: it raises events, and its
 /// owner acts.

@@ -7,7 +7,6 @@ TrayMenu::TrayMenu(frmSysTray& tray, MainWindow& window, MessageBoxes& messageBo
   tray.AddMenuItem("&Show", "open", true);
   tray.SysTrayDoubleClick = [this](int) { window_.BringToFront(); };
   tray.SysTrayMouseDown = [&tray](int button) {
-    constexpr int kRightButton = 2;
     if (button == kRightButton) tray.ShowMenu();
   };
   tray.MenuClick = [this](std::size_t, const std::string& key) { MenuClick(key); };

@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "fuzz/randomizer_rig.h"
-#include "randomizer/server_lines.h"
+#include "support/text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto rig = std::make_unique<RandomizerRig>();

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 
-namespace tarvo {
+#include "support/date_time.h"
 
-/// A moment of local wall-clock time, to the second.
-using LocalTime = std::chrono::local_seconds;
+namespace tarvo {
 
 /// The wall clock. It jumps: the operator sets it, and summer time comes and goes.
 class LocalClock {

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <string_view>
 
+#include "support/text.h"
+
 namespace tarvo {
 namespace {
 
 constexpr int kHttps = 5;
+constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kBehindScheme = "://";
-
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// Where the authority begins: after "scheme://" at the beginning of the URL, or at 0.
 std::size_t AuthorityOf(std::string_view url) {
@@ -77,17 +77,10 @@ bool TakeCredentials(std::string_view info, FetchRequest& request) {
   return true;
 }
 
-std::string WithoutOuterBlanks(const std::string& url) {
-  constexpr const char* kBlanks = " \t\r\n";
-  const auto first = url.find_first_not_of(kBlanks);
-  if (first == std::string::npos) return {};
-  return url.substr(first, url.find_last_not_of(kBlanks) + 1 - first);
-}
-
 }  // namespace
 
 std::optional<FetchRequest> PlainRequest(FetchRequest request) {
-  request.url = WithoutOuterBlanks(request.url);
+  request.url = std::string(Trimmed(request.url, kBlanks));
   if (AuthorityOf(request.url) == 0) {
     request.url.insert(0, request.protocol == kHttps ? "https://" : "http://");
   }
@@ -100,7 +93,7 @@ std::optional<FetchRequest> PlainRequest(FetchRequest request) {
 }
 
 std::string WithoutCredentials(std::string url) {
-  url = WithoutOuterBlanks(url);
+  url = std::string(Trimmed(url, kBlanks));
   if (const auto info = FindUserInfo(url)) url.erase(info->start, info->length + 1);
   return url;
 }

@@ -7,13 +7,12 @@
 #include "support/date_time.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
+#include "support/text.h"
 
 namespace tarvo {
 namespace {
 
 constexpr char kLastRun[] = "LastRandProcess";
-
-std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
 
 /// What cannot be read counts as missing.
 LocalTime ReadDateTime(const std::string& text, LocalTime whenMissing) {
@@ -55,9 +54,7 @@ void RandomizerCalendar::cmdCalendar_Click(std::size_t index) {
 void RandomizerCalendar::ListEntriesAnew() {
   const std::string selected = controls_.entries.Text();
   ListEntries();
-  const auto& lines = controls_.entries.Items();
-  const auto found = std::find(lines.begin(), lines.end(), selected);
-  if (found != lines.end()) controls_.entries.SetListIndex(static_cast<int>(found - lines.begin()));
+  controls_.entries.Select(selected);
 }
 
 void RandomizerCalendar::Add() {
@@ -83,7 +80,7 @@ void RandomizerCalendar::Remove() {
 }
 
 void RandomizerCalendar::ScrollTime_Change(std::size_t index) {
-  controls_.times[index].SetText(TwoDigits(controls_.scrolls[index].Value()));
+  controls_.times[index].SetText(ZeroPadded(controls_.scrolls[index].Value()));
 }
 
 void RandomizerCalendar::txt_Time_LostFocus(std::size_t index) {
@@ -127,10 +124,5 @@ void RandomizerCalendar::Run(bool restarts) {
 }
 
 LocalTime LastRunWhenMissing(LocalTime now) { return now - std::chrono::days(1000); }
-
-bool TimeTakesKey(char key) {
-  constexpr char kBackspace = 8;
-  return key == kBackspace || (key >= '0' && key <= '9');
-}
 
 }  // namespace tarvo

@@ -76,7 +76,4 @@ class RandomizerCalendar {
 /// The moment that a missing or unreadable `LastRandProcess` stands for: 1000 days ago.
 LocalTime LastRunWhenMissing(LocalTime now);
 
-/// Only digits and Backspace reach the boxes of hour and minute.
-bool TimeTakesKey(char key);
-
 }  // namespace tarvo

@@ -3,6 +3,7 @@
 #include <bitset>
 
 #include "randomizer/server_lines.h"
+#include "support/text.h"
 
 namespace tarvo {
 namespace {

@@ -172,9 +172,8 @@ void ParameterPanel::ShowAndSave() {
 }
 
 bool BoundTakesKey(const TextBox& box, char key) {
-  constexpr char kBackspace = 8;
   if (key == '-') return box.Caret() == 0 && box.Text().find('-') == std::string::npos;
-  return key == kBackspace || (key >= '0' && key <= '9');
+  return IsDigitOrBackspace(key);
 }
 
 void TidyBound(TextBox& box) {

@@ -48,7 +48,7 @@ void Randomizer::WireParameters() {
 void Randomizer::WireCalendar() {
   for (std::size_t i = 0; i < controls_.calendar.scrolls.size(); ++i) {
     controls_.calendar.scrolls[i].onChange = [this, i] { calendar_.ScrollTime_Change(i); };
-    controls_.calendar.times[i].onKeyPress = TimeTakesKey;
+    controls_.calendar.times[i].onKeyPress = IsDigitOrBackspace;
     controls_.calendar.times[i].onLostFocus = [this, i] { calendar_.txt_Time_LostFocus(i); };
   }
   for (std::size_t i = 0; i < controls_.calendarButtons.size(); ++i) {

@@ -2,6 +2,7 @@
 
 #include "randomizer/server_lines.h"
 #include "support/number_text.h"
+#include "support/text.h"
 
 namespace tarvo {
 

@@ -6,6 +6,7 @@
 #include "supervision/last_failure.h"
 #include "supervision/probe_failure.h"
 #include "support/number_text.h"
+#include "support/text.h"
 
 namespace tarvo {
 namespace {
@@ -17,7 +18,7 @@ const char* FreezeText(ComponentKind kind) {
 }
 
 bool HoldsDigitsOnly(const std::string& text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+  return std::all_of(text.begin(), text.end(), IsDigit);
 }
 
 }  // namespace

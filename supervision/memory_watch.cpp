@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "support/text.h"
+
 namespace tarvo {
 namespace {
 
@@ -13,23 +15,9 @@ double ByteCount(std::int64_t figure) {
   return figure < 0 ? count + kTurnedOver : count;
 }
 
-std::string AtLeastTwoDigits(long long number) {
-  const std::string digits = std::to_string(number);
-  return digits.size() < 2 ? "0" + digits : digits;
-}
-
-std::string WithThousands(long long number) {
-  std::string digits = std::to_string(number);
-  for (std::size_t place = digits.size(); place > 3;) {
-    place -= 3;
-    digits.insert(place, ",");
-  }
-  return digits;
-}
-
 std::string WithTwoDecimals(double number) {
   const long long hundredths = std::llround(number * 100);
-  return WithThousands(hundredths / 100) + "." + AtLeastTwoDigits(hundredths % 100);
+  return WithThousands(std::to_string(hundredths / 100)) + "." + ZeroPadded(hundredths % 100);
 }
 
 }  // namespace
@@ -39,8 +27,8 @@ std::string MemoryText(const MemoryFigures& figures) {
       ByteCount(figures.availablePhysical) + ByteCount(figures.availablePagingFile);
   const double total = ByteCount(figures.totalPhysical) + ByteCount(figures.totalPagingFile);
   const double percent = total > 0 ? available / total * 100 : 0;
-  return AtLeastTwoDigits(std::llround(percent)) + "% (" +
-         WithTwoDecimals(available / kBytesInMegabyte) + " MB)";
+  return ZeroPadded(std::llround(percent)) + "% (" + WithTwoDecimals(available / kBytesInMegabyte) +
+         " MB)";
 }
 
 void ShowFreeMemory(MemoryStatus& memory, Label& label) {

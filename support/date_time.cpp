@@ -19,30 +19,19 @@ using std::chrono::minutes;
 using std::chrono::seconds;
 using std::chrono::year_month_day;
 
-void AppendPadded(std::string& text, long long number, std::size_t width) {
-  const std::string digits = std::to_string(number);
-  if (digits.size() < width) text.append(width - digits.size(), '0');
-  text += digits;
-}
-
 /// Writes the six numbers of a moment with these marks before month, day, hour, minute, second.
 std::string Compose(LocalTime time, std::string_view dateMark, std::string_view middle,
                     std::string_view timeMark) {
   const local_days day = std::chrono::floor<days>(time);
   const year_month_day date(day);
   const std::chrono::hh_mm_ss clock(time - day);
-  std::string text;
-  AppendPadded(text, static_cast<int>(date.year()), 4);
-  text += dateMark;
-  AppendPadded(text, static_cast<unsigned>(date.month()), 2);
-  text += dateMark;
-  AppendPadded(text, static_cast<unsigned>(date.day()), 2);
-  text += middle;
-  AppendPadded(text, clock.hours().count(), 2);
-  text += timeMark;
-  AppendPadded(text, clock.minutes().count(), 2);
-  text += timeMark;
-  AppendPadded(text, clock.seconds().count(), 2);
+  std::string text = ZeroPadded(static_cast<int>(date.year()), 4);
+  for (const unsigned part : {unsigned(date.month()), unsigned(date.day())}) {
+    text.append(dateMark) += ZeroPadded(part);
+  }
+  text.append(middle) += ZeroPadded(clock.hours().count());
+  text.append(timeMark) += ZeroPadded(clock.minutes().count());
+  text.append(timeMark) += ZeroPadded(clock.seconds().count());
   return text;
 }
 

@@ -6,6 +6,7 @@
 
 namespace tarvo {
 
+/// A moment of local wall-clock time, to the second.
 using LocalTime = std::chrono::local_seconds;
 
 /// Date and time as the operator reads them, the same on every machine whatever its region:

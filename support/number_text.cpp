@@ -13,8 +13,6 @@
 namespace tarvo {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 bool IsHexPrefix(std::string_view text) {
   return text.size() >= 2 && text[0] == '&' && (text[1] == 'H' || text[1] == 'h');
 }

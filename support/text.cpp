@@ -8,6 +8,20 @@ std::string_view Trimmed(std::string_view text, std::string_view blanks) {
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+std::string ZeroPadded(long long number, std::size_t width) {
+  std::string text = std::to_string(number);
+  if (text.size() < width) text.insert(0, width - text.size(), '0');
+  return text;
+}
+
+std::string WithThousands(std::string digits) {
+  for (std::size_t place = digits.size(); place > 3;) {
+    place -= 3;
+    digits.insert(place, ",");
+  }
+  return digits;
+}
+
 std::string LowerCase(std::string_view text) {
   std::string lower(text);
   for (char& c : lower) {

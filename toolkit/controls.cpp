@@ -85,7 +85,6 @@ void TextBox::MoveCaret(std::size_t position, std::size_t selectionLength) {
 
 void TextBox::PressKey(char key) {
   if (!LetsThrough(key)) return;
-  constexpr char kBackspace = 8;
   std::string text = text_;
   std::size_t caret = caret_;
   const bool erasesOne = key == kBackspace && selectionLength_ == 0 && caret > 0;
@@ -131,6 +130,11 @@ void ItemList::SetItems(std::vector<std::string> items) {
   ++removals_;
   listIndex_ = -1;
   Changed();
+}
+
+void ItemList::Select(const std::string& text) {
+  const auto found = std::find(items_.begin(), items_.end(), text);
+  if (found != items_.end()) SetListIndex(static_cast<int>(found - items_.begin()));
 }
 
 std::string ItemList::Text() const {

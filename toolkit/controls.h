@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "support/text.h"
 #include "toolkit/colour.h"
 #include "toolkit/control.h"
 
@@ -113,6 +114,11 @@ class TextBox : public Control {
   std::size_t maxLength_ = 0;
 };
 
+inline constexpr char kBackspace = 8;
+
+/// The keys that a box for digits alone lets through.
+constexpr bool IsDigitOrBackspace(char key) { return key == kBackspace || IsDigit(key); }
+
 /// What every control with a list of entries has. Its text is that of the selected entry, ""
 /// without a selection.
 class ItemList : public Control {
@@ -134,6 +140,8 @@ class ItemList : public Control {
   /// Selects an entry, or none with -1, and raises `onSelect` when the selection changed.
   /// Any other index is the run time's error of an invalid property value.
   void SetListIndex(int index);
+  /// Selects the first entry of this text likewise; without one the selection stays as it is.
+  void Select(const std::string& text);
 
   /// The operator picks an entry that is in the list; `onSelect` is raised even for the selected
   /// one.

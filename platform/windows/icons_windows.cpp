@@ -9,18 +9,13 @@
 namespace tarvo {
 namespace {
 
-constexpr int kPlainDpi = 96;
 constexpr DWORD kIconFormat = 0x00030000;
 constexpr std::uint32_t kTransparent = 0;
 
-using GetDpiForWindowCall = UINT(WINAPI*)(HWND);
-
 /// The resolution of the screen that holds the task bar; 0 where the system knows but one for all.
 int TaskBarDpi() {
-  // Only newer systems have the call; the program runs on older ones too.
-  static const auto getDpi = LateCall<GetDpiForWindowCall>("user32.dll", "GetDpiForWindow");
   const HWND taskBar = FindWindowA("Shell_TrayWnd", nullptr);
-  return getDpi && taskBar ? static_cast<int>(getDpi(taskBar)) : 0;
+  return taskBar ? MonitorDpiOf(taskBar) : 0;
 }
 
 /// Bytes in a row of the mask: one bit a pixel, rows of whole 32-bit words.

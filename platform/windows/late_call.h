@@ -14,4 +14,13 @@ Function LateCall(const char* library, const char* name) {
   return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
 }
 
+/// Dots per inch at 100 %.
+inline constexpr int kPlainDpi = 96;
+
+/// The resolution of the monitor that a window is on; 0 where the system knows one for all.
+inline int MonitorDpiOf(HWND window) {
+  static const auto call = LateCall<UINT(WINAPI*)(HWND)>("user32.dll", "GetDpiForWindow");
+  return call ? static_cast<int>(call(window)) : 0;
+}
+
 }  // namespace tarvo

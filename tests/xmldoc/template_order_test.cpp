@@ -122,8 +122,10 @@ TEST(TemplateOrder, NamesTheOutermostOfTheBlocksWithoutAnEnd) {
 }
 
 /// Notes what memory is in use when it is asked.
-class MemoryAtTheEnd : public RandomNumbers {
+class MemoryAtTheEnd : public RandomSource {
  public:
+  void Reseed() override {}
+  double Fraction() override { return 0; }
   std::uint32_t Below(std::uint32_t) override {
     bytes = AllocatedBytes();
     return 0;

@@ -18,8 +18,10 @@ class StoppedClock : public LocalClock {
 };
 
 /// Gives the greatest number, and remembers what was asked.
-class GreatestNumber : public RandomNumbers {
+class GreatestNumber : public RandomSource {
  public:
+  void Reseed() override {}
+  double Fraction() override { return 0; }
   std::uint32_t Below(std::uint32_t bound) override {
     bounds.push_back(bound);
     return bound - 1;

@@ -1,6 +1,5 @@
 #include "toolkit/windows/dpi.h"
 
-#include "platform/windows/late_call.h"
 #include "toolkit/windows/drawing.h"
 
 namespace tarvo {
@@ -8,7 +7,6 @@ namespace {
 
 constexpr char kLibrary[] = "user32.dll";
 
-using GetDpiForWindowCall = UINT(WINAPI*)(HWND);
 using AdjustForDpiCall = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
 using ParametersForDpiCall = BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT);
 
@@ -20,8 +18,7 @@ int SystemDpi() {
 }
 
 int DpiOf(HWND window) {
-  static const auto getDpi = LateCall<GetDpiForWindowCall>(kLibrary, "GetDpiForWindow");
-  const int dpi = getDpi ? static_cast<int>(getDpi(window)) : 0;
+  const int dpi = MonitorDpiOf(window);
   return dpi > 0 ? dpi : SystemDpi();
 }
 

@@ -2,10 +2,9 @@
 
 #include <windows.h>
 
-namespace tarvo {
+#include "platform/windows/late_call.h"
 
-/// Dots per inch at 100 %.
-inline constexpr int kPlainDpi = 96;
+namespace tarvo {
 
 /// The resolution that a window is shown at: that of its monitor where the system knows one for
 /// each, otherwise that of the whole screen.

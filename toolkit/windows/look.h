@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "toolkit/grid.h"
+#include "toolkit/windows/dpi.h"
 #include "toolkit/windows/drawing.h"
 
 namespace tarvo {
@@ -19,7 +20,7 @@ class Look {
 
   int Dpi() const { return dpi_; }
   /// So many pixels as `at100` are at 100 %.
-  int Px(int at100) const { return MulDiv(at100, dpi_, 96); }
+  int Px(int at100) const { return MulDiv(at100, dpi_, kPlainDpi); }
 
   HFONT Font() const { return font_.Get(); }
   HFONT BoldFont() const { return boldFont_.Get(); }
@@ -42,7 +43,7 @@ class Look {
   MemoryContext measuring_{CreateCompatibleDC(nullptr)};
   /// Captions are measured over and over while pages are laid out, and the system is slow at it.
   mutable std::map<Measured, Extent> extents_;
-  int dpi_ = 96;
+  int dpi_ = kPlainDpi;
   LOGFONTW fontRecord_{};
   tarvo::Font font_;
   tarvo::Font boldFont_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "support/text.h"
 #include "xmldoc/rules/text_rules.h"
 
 namespace tarvo {
@@ -12,9 +13,7 @@ constexpr std::size_t kMostAddress = 254;
 constexpr std::size_t kMostLabel = 63;
 constexpr std::string_view kIpV6Tag = "ipv6:";
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 char Raised(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-bool IsLetter(char c) { return Raised(c) >= 'A' && Raised(c) <= 'Z'; }
 bool IsHexDigit(char c) { return IsDigit(c) || (Raised(c) >= 'A' && Raised(c) <= 'F'); }
 
 bool IsAtomText(char c) {

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "support/text.h"
 #include "xmldoc/rules/text_rules.h"
 #include "xmldoc/template/template_error.h"
 
@@ -20,7 +21,7 @@ constexpr int kRankOfSign = 3;
   RaiseTemplateFault(TemplateFault::CalculationOverflow, Fault::Overflow);
 }
 
-bool IsNumberPart(char c) { return (c >= '0' && c <= '9') || c == '.'; }
+bool IsNumberPart(char c) { return IsDigit(c) || c == '.'; }
 
 }  // namespace
 

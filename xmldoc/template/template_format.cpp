@@ -5,6 +5,7 @@
 
 #include "support/date_time.h"
 #include "support/number_text.h"
+#include "support/text.h"
 #include "xmldoc/rules/letter_case.h"
 #include "xmldoc/rules/text_rules.h"
 #include "xmldoc/template/condition_comparison.h"
@@ -83,15 +84,6 @@ Digits RoundedDigits(double value, std::size_t mostFraction) {
   return digits;
 }
 
-std::string Grouped(const std::string& whole) {
-  std::string grouped;
-  for (std::size_t i = 0; i < whole.size(); ++i) {
-    if (i > 0 && (whole.size() - i) % 3 == 0) grouped += ',';
-    grouped += whole[i];
-  }
-  return grouped;
-}
-
 std::string FormatNumber(double value, const NumberPattern& pattern) {
   if (pattern.percent) value *= 100;
   if (!std::isfinite(value)) RaiseTemplateFault(TemplateFault::FieldOverflow, Fault::Overflow);
@@ -102,15 +94,11 @@ std::string FormatNumber(double value, const NumberPattern& pattern) {
   }
   const bool isZero =
       digits.whole.empty() && digits.fraction.find_first_not_of('0') == std::string::npos;
-  if (digits.whole.size() < pattern.leastWhole) {
-    digits.whole.insert(0, pattern.leastWhole - digits.whole.size(), '0');
-  }
-  if (digits.fraction.size() < pattern.leastFraction) {
-    digits.fraction.append(pattern.leastFraction - digits.fraction.size(), '0');
-  }
+  while (digits.whole.size() < pattern.leastWhole) digits.whole.insert(0, 1, '0');
+  while (digits.fraction.size() < pattern.leastFraction) digits.fraction += '0';
   std::string text = value < 0 && !isZero ? "-" : "";
   text += pattern.before;
-  text += pattern.grouped ? Grouped(digits.whole) : digits.whole;
+  text += pattern.grouped ? WithThousands(digits.whole) : digits.whole;
   if (!digits.fraction.empty()) text += "." + digits.fraction;
   text += pattern.after;
   return text;
@@ -130,12 +118,6 @@ std::string_view MomentPattern(std::string_view format) {
   return given.empty() ? own : given;
 }
 
-std::string Padded(int number, std::size_t width) {
-  std::string text = std::to_string(number);
-  if (text.size() < width) text.insert(0, width - text.size(), '0');
-  return text;
-}
-
 /// One run of a letter of a moment's pattern: "yyyy" and "yy", "mm" and "m", and so on.
 std::string MomentPart(char letter, std::size_t run, LocalTime moment) {
   const auto day = std::chrono::floor<std::chrono::days>(moment);
@@ -144,18 +126,18 @@ std::string MomentPart(char letter, std::size_t run, LocalTime moment) {
   const std::size_t width = std::min<std::size_t>(run, 2);
   switch (letter) {
     case 'y':
-      return run > 2 ? Padded(static_cast<int>(date.year()), 4)
-                     : Padded(static_cast<int>(date.year()) % 100, 2);
+      return run > 2 ? ZeroPadded(static_cast<int>(date.year()), 4)
+                     : ZeroPadded(static_cast<int>(date.year()) % 100, 2);
     case 'm':
-      return Padded(static_cast<int>(static_cast<unsigned>(date.month())), width);
+      return ZeroPadded(static_cast<unsigned>(date.month()), width);
     case 'd':
-      return Padded(static_cast<int>(static_cast<unsigned>(date.day())), width);
+      return ZeroPadded(static_cast<unsigned>(date.day()), width);
     case 'h':
-      return Padded(static_cast<int>(time.hours().count()), width);
+      return ZeroPadded(time.hours().count(), width);
     case 'n':
-      return Padded(static_cast<int>(time.minutes().count()), width);
+      return ZeroPadded(time.minutes().count(), width);
     default:
-      return Padded(static_cast<int>(time.seconds().count()), width);
+      return ZeroPadded(time.seconds().count(), width);
   }
 }
 

@@ -5,7 +5,7 @@
 
 #include "platform/clock.h"
 #include "platform/component_calls.h"
-#include "platform/random_numbers.h"
+#include "platform/random_source.h"
 #include "xmldoc/mail/mail.h"
 
 namespace tarvo {
@@ -14,7 +14,7 @@ namespace tarvo {
 /// needs a port which is not given produces an empty text. The caller owns the ports.
 struct TemplatePorts {
   LocalClock* clock = nullptr;           ///< For the moment "now".
-  RandomNumbers* random = nullptr;       ///< For "RANDOM(".
+  RandomSource* random = nullptr;        ///< For "RANDOM(".
   ComponentCalls* components = nullptr;  ///< For "ext("; a call not done is an error.
   Mailer* mailer = nullptr;              ///< For "<sendmail ".
 

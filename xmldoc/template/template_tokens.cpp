@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "support/text.h"
 #include "xmldoc/rules/text_rules.h"
 #include "xmldoc/template/template_error.h"
 #include "xmldoc/template/template_functions.h"
@@ -11,8 +12,7 @@ namespace {
 
 using Kind = TemplateToken::Kind;
 
-bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-bool IsWordPart(char c) { return IsLetter(c) || (c >= '0' && c <= '9') || c == '_'; }
+bool IsWordPart(char c) { return IsLetter(c) || IsDigit(c) || c == '_'; }
 
 class Tokenizer {
  public:

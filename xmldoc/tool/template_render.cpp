@@ -2,8 +2,8 @@
 
 #include <chrono>
 #include <ctime>
-#include <random>
 
+#include "platform/mersenne_random.h"
 #include "support/runtime_error.h"
 #include "xmldoc/template/template_ports.h"
 #include "xmldoc/tool/stdio_file_reader.h"
@@ -27,23 +27,14 @@ class SystemLocalClock : public LocalClock {
   }
 };
 
-class SystemRandomNumbers : public RandomNumbers {
- public:
-  std::uint32_t Below(std::uint32_t bound) override {
-    return std::uniform_int_distribution<std::uint32_t>(0, bound - 1)(engine_);
-  }
-
- private:
-  std::mt19937 engine_{std::random_device{}()};
-};
-
 XmlToolRun CannotRead(const std::string& path) {
   return {kFailed, {}, "xmltool: cannot read " + path + "\n"};
 }
 
 XmlToolRun Render(const std::string& text, Document& document, ComponentCalls& components) {
   SystemLocalClock clock;
-  SystemRandomNumbers random;
+  MersenneRandom random;
+  random.Reseed();
   TemplatePorts ports;
   ports.clock = &clock;
   ports.random = &random;
