@@ -265,11 +265,11 @@ void Principal::LookForRunningComponents() {
 void Principal::AutoStart() {
   const auto& boxes = form_.servers.chkAutoStart;
   if (std::all_of(boxes.begin(), boxes.end(), [](const CheckBox& box) { return box.Checked(); })) {
-    startStop_.bStart_Click(3);
+    startStop_.bStart_Click(kStartAllButton);
     return;
   }
   for (ComponentKind kind : kComponents) {
-    // A tick under a refusal's message box may have ended the program.
+    // A tick during a refusal's message box may have ended the program.
     if (form_.frame.window.Ended()) return;
     if (boxes[kind].Checked()) startStop_.bStart_Click(IndexOf(kind));
   }
@@ -314,7 +314,7 @@ void Principal::Form_Unload(bool& cancel) {
   machine_.sockets.Stop();
 }
 
-/// Requests that come while the box is up are refused without another one.
+/// Requests that come while the box is open are refused without another one.
 void Principal::RefuseToClose() {
   if (refusingToClose_) return;
   refusingToClose_ = true;
@@ -322,7 +322,7 @@ void Principal::RefuseToClose() {
   refusingToClose_ = false;
 }
 
-/// As a close, but servers that run do not hinder it: they are left to the system.
+/// Like a close, but servers that run do not prevent it: they are left to the system.
 void Principal::Form_EndSession() {
   tray_.Unload();
   SaveSettings(store_);

@@ -40,7 +40,7 @@ inline constexpr int kExitFault = 1;    ///< A fault of the run time ended the p
 inline constexpr int kExitRefused = 2;  ///< It could not start here; a message box has said why.
 
 /// The main window object: it owns the form, the subsystems and the state, and wires the events of
-/// the one to the operations of the others. Events reach it through its dispatch alone.
+/// the one to the operations of the others. Events reach it only through its dispatch.
 class Principal {
  public:
   explicit Principal(const Machine& machine);
@@ -133,7 +133,7 @@ class Principal {
   bool refusingToClose_ = false;
   std::optional<RestartState> takenOver_;  ///< From a launcher that died of a fault of its own.
   RestartState restartState_;
-  RestartState keptState_;  ///< That the order was made of.
+  RestartState keptState_;  ///< What the order was made from.
   RestartOrder restartOrder_;
 };
 

@@ -9,7 +9,8 @@ void Principal::TakeOver() {
   if (takenOver_) registry_.Take(takenOver_->settings);
 }
 
-/// What was under control is again, auto start or not; what the operator had stopped stays so.
+/// What was under control is so again, auto start or not; what the operator had stopped stays
+/// stopped.
 void Principal::Resume() {
   form_.frame.window.SetState(takenOver_->minimized ? WindowState::Minimized : WindowState::Normal);
   log_.LogStatus("Attention!, the launcher was restarted after a fault of its own.", kAlert);
@@ -22,7 +23,7 @@ void Principal::Resume() {
   }
 }
 
-/// Told at once: the event may start others and die of it. That a component was let go counts from
+/// Kept at once: the event may start others and die of it. A component's release counts only from
 /// the end of the event on, since an upgrade or a restart stops what it is about to start again.
 void Principal::NoteUnderControl(ComponentKind kind) {
   restartState_.underControl[kind] = true;

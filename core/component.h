@@ -10,7 +10,7 @@
 
 namespace tarvo {
 
-/// Where a component listens, as the servers' configuration files say it: the host may carry blanks
+/// Where a component listens, as the servers' configuration files say it: the host may have blanks
 /// around it, the port may be any number.
 struct ComponentEndpoint {
   std::string host = "127.0.0.1";
@@ -23,7 +23,7 @@ using ServerEndpoints = PerComponent<ComponentEndpoint>;
 /// What the watches know of a component.
 enum class AlarmState : std::int16_t { Healthy = 0, Trouble = 1, NotWatched = 2 };
 
-/// What the light of a component in that state says.
+/// The state of the light of a component in that alarm state.
 constexpr LightState LightStateOf(AlarmState state) {
   switch (state) {
     case AlarmState::Healthy:
@@ -36,8 +36,7 @@ constexpr LightState LightStateOf(AlarmState state) {
   return LightState::NotWatched;
 }
 
-/// One of the three server programs: what the launcher knows of it besides the controls of the
-/// form.
+/// One of the three server programs: what the launcher knows about it besides the form's controls.
 struct Component {
   std::string storedExecutable;  ///< The settings' raw text; the chooser may hold another.
   ComponentEndpoint endpoint;
@@ -47,7 +46,7 @@ struct Component {
   tarvo::AlarmState AlarmState = tarvo::AlarmState::NotWatched;
   std::int64_t FreezeStart =
       0;                     ///< Tick count in whole seconds at which a freeze was seen; 0: none.
-  std::string probeFailure;  ///< Why its last probe found nobody; "" when it did, or none ran.
+  std::string probeFailure;  ///< Why its last probe failed; "" when it succeeded, or none ran.
 };
 
 using ComponentTable = PerComponent<Component>;

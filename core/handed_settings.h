@@ -8,15 +8,15 @@
 
 namespace tarvo {
 
-/// The registry as a launcher sees it that was started again after a fault: values of its settings
-/// key that the one before had not saved yet go before the stored ones, until they are written.
-/// Every other path and value is passed on unchanged.
+/// The registry as a launcher that was restarted after a fault sees it: values of its settings key
+/// that its predecessor had not saved yet take precedence over the stored ones, until they are
+/// written. Every other path and value is passed on unchanged.
 class HandedSettings final : public Registry {
  public:
   HandedSettings(Registry& below, std::string settingsKey)
       : below_(below), settingsKey_(std::move(settingsKey)) {}
 
-  /// These values go before the stored ones from now on.
+  /// These values take precedence over the stored ones from now on.
   void Take(std::vector<SettingText> settings) { handed_ = std::move(settings); }
 
   std::optional<RegistryData> Query(Hive hive, const std::string& keyPath,
@@ -35,7 +35,7 @@ class HandedSettings final : public Registry {
 };
 
 /// A registry in memory that keeps what is written, in order, so that settings can be handed on
-/// instead of being stored. It holds nothing to read.
+/// instead of being stored. Reading finds nothing.
 class CollectedSettings final : public Registry {
  public:
   std::optional<RegistryData> Query(Hive, const std::string&, const std::string&) override {

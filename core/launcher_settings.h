@@ -11,7 +11,7 @@
 
 namespace tarvo {
 
-/// What shows and edits the settings of the servers and of the launcher itself.
+/// The controls that show and edit the settings of the servers and of the launcher itself.
 struct SettingsControls {
   PerComponent<DropDownList>& executables;
   PerComponent<DropDownList>& priorities;
@@ -27,8 +27,8 @@ struct SettingsControls {
   MainWindow& window;
 };
 
-/// The settings of the servers and of the launcher itself. Reading and saving come in parts, since
-/// other rooms' settings lie between them.
+/// The settings of the servers and of the launcher itself. They are read and saved in parts, since
+/// other rooms' settings come between them.
 ///
 /// An index outside its list is a fault (380) whose source is the value's name. An index of -1
 /// means no selection. The check intervals are read and never written: they are set in the registry
@@ -42,15 +42,15 @@ class LauncherSettings {
   /// Each part is read once at start-up, after the executables are listed. Nothing is written.
   void LoadServers();
   void LoadAutokill();
-  /// The last thing that is set is the window's state, when it is to start minimized.
+  /// Sets the window's state last, if the window is to start minimized.
   void LoadWindow();
 
   /// Writes what the operator can edit.
   void SaveServers(SettingsStore& store) const;
   void SaveAutokill(SettingsStore& store) const;
 
-  /// The autokill time box of a component can be used exactly when its check box is checked.
-  /// Index 3, the map autokill of all components, has no box.
+  /// The autokill time box of a component can be used exactly when its check box is checked. Any
+  /// other index, that of the map autokill of all components, has no box and is ignored.
   void chkAK_Click(std::size_t index);
 
  private:

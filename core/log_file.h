@@ -21,10 +21,10 @@ class LogFile {
         clock_(clock),
         folder_(std::move(folder)) {}
 
-  /// A file that cannot be written is passed over without a word.
+  /// A file that cannot be written is skipped silently.
   void Take(const LogLine& line);
 
-  /// The day's file, full path, whether it is there or not.
+  /// The full path of the day's file, whether it exists or not.
   std::string FileOfToday() const;
 
  private:

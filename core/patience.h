@@ -13,22 +13,23 @@ namespace tarvo {
 /// How long the launcher waits for a file that another program holds: a scanner or a backup program
 /// for a moment, an executable whose process has just died.
 ///
-/// A file that stays held is given up when `kLongestHold` milliseconds were spent waiting between
-/// the tries. What the tries themselves take does not count, so that a slow disk uses up no
-/// patience; but there is only one thread, and it watches nobody meanwhile: once the whole has
-/// taken `kLongestWhole`, the next try from the `kLeastTries`-th on is the last.
+/// A file that stays held is given up after `kLongestHold` milliseconds of waiting between the
+/// tries. The time of the tries themselves does not count, so that a slow disk uses up no patience.
+/// But they block the only thread, which watches nothing meanwhile: a try that ends `kLongestWhole`
+/// milliseconds or more after the first one began is the last, from the `kLeastTries`-th try on.
 class Patience {
  public:
+  /// One try; the fault, or nothing when it worked. It may be called many times.
   using Attempt = std::function<std::optional<FileFault>()>;
 
   explicit Patience(TickClock& clock) : clock_(clock) {}
 
-  /// Tries until it works, or fails for any other reason than a held file, or the patience ends.
-  /// Returns the last fault; nothing when it worked.
+  /// Tries until it works, or fails for any other reason than a held file, or the patience ends; no
+  /// event is handled meanwhile. Returns the last fault; nothing when it worked.
   std::optional<FileFault> Try(const Attempt& attempt) const;
 
   static constexpr std::uint32_t kLongestHold = 5000;
-  static constexpr std::uint32_t kBetweenTries = 100;
+  static constexpr std::uint32_t kBetweenTries = 100;  ///< Milliseconds.
   static constexpr std::uint32_t kLongestWhole = 30000;
   static constexpr int kLeastTries = 5;
 
@@ -36,7 +37,7 @@ class Patience {
   TickClock& clock_;
 };
 
-/// Replaces files with patience.
+/// Replaces files with patience. The port and the clock must outlive it.
 class PatientReplacer final : public FileReplacer {
  public:
   PatientReplacer(FileReplacer& files, TickClock& clock) : files_(files), patience_(clock) {}

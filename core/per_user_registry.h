@@ -8,9 +8,9 @@ namespace tarvo {
 ///
 /// The launcher's settings live under HKEY_LOCAL_MACHINE, where a normal operator may not write. A
 /// text that is refused there is stored under the same path of HKEY_CURRENT_USER, and reading
-/// prefers that copy, should it be a text. A text that is accepted there removes the operator's own
+/// prefers that copy if it is a text. A text that is accepted there removes the operator's own
 /// copy, so the newest one of his always counts; it counts for him alone. Only paths below the
-/// launcher's own key are treated so: every other path is passed on unchanged.
+/// launcher's own key are treated this way: every other path is passed on unchanged.
 class PerUserRegistry final : public Registry {
  public:
   explicit PerUserRegistry(Registry& system) : system_(system) {}

@@ -7,12 +7,12 @@ namespace {
 
 constexpr std::uint32_t kPauseBetweenLookups = 10;
 
-// Windows that come and go without end, or a list that turns in a circle, must not hold up the
-// supervision for ever.
+// Windows that come and go without end, or a list that goes in a circle, must not block the
+// supervision forever.
 constexpr int kMostWalks = 20;
 constexpr int kMostWindows = 100000;
 
-// A window that is sent to the bottom while the walk stands on it takes the walk past all others.
+// A window that is sent to the bottom while the walk is at it takes the walk past all others.
 constexpr int kWalksThatProveNone = 2;
 
 }  // namespace
@@ -93,7 +93,7 @@ int ProcessControl::ShowComponentWindow(WindowHandle window, bool show) {
 
 LaunchResult ProcessControl::LaunchComponent(ComponentKind kind) {
   const std::string path = appFolder_ + "\\" + executables_[kind].Text();
-  // A tick under a file dialog finds another folder current; the servers look for conf in it.
+  // A tick during a file dialog finds another current folder, and the servers look for conf in it.
   workingFolder_.MoveInto(appFolder_ + "\\");
   LaunchResult launched = processes_.LaunchHidden(path);
   if (launched.id == 0 && launched.fileMissing) throw RuntimeError(Fault::FileNotFound, path);

@@ -49,7 +49,7 @@ std::optional<std::string> Decoded(std::string_view text) {
   return decoded;
 }
 
-/// Takes off the text what stands before the mark, and the mark; all of it when there is none.
+/// Removes the part before the mark, and the mark, from the text; all of it when there is no mark.
 std::string_view TakeUntil(std::string_view& text, std::string_view mark) {
   const std::size_t end = text.find(mark);
   const std::string_view taken = text.substr(0, end);

@@ -17,8 +17,7 @@ struct SettingText {
   bool operator==(const SettingText&) const = default;
 };
 
-/// What a launcher that is started again after a fault of its own takes over from the one that
-/// died.
+/// What a launcher that is restarted after a fault of its own takes over from the one that died.
 struct RestartState {
   PerComponent<bool> underControl{};
   bool minimized = false;
@@ -31,12 +30,11 @@ struct RestartState {
 /// The state as arguments of the program: "--resume login,map --minimized --settings
 /// LoginPri=2&...", "--resume none" when nothing was under control. ASCII alone: other bytes of a
 /// setting, blanks, "&", "=" and "%" become "%" and two hexadecimal digits. Settings that would
-/// make it longer than the program can be started with (`kLongestArguments`) are left away, all of
+/// make it longer than the program can be started with (`kLongestArguments`) are omitted, all of
 /// them.
 std::string ArgumentsOf(const RestartState& state);
 
-/// The state that such arguments tell; nothing for any other text: the launcher was started by
-/// somebody else then.
+/// Reads such arguments; nothing for any other text: the launcher was not restarted then.
 std::optional<RestartState> RestartStateOf(std::string_view arguments);
 
 }  // namespace tarvo

@@ -46,11 +46,11 @@ void ReadMapLine(std::string_view line, ServerConfiguration& configuration) {
 constexpr char kNoServerRoot[] =
     "Please, copy and start this application inside your eAthena / Freya Server Root!";
 
-/// The system's calls take no longer path.
+/// The system's calls accept no longer path.
 constexpr std::size_t kLongestPath = 259;
 
-/// What a refusal says of its cause, on a line of its own; nothing when the file is merely not
-/// there.
+/// What a refusal says about its cause, on a line of its own; nothing when the file merely does not
+/// exist.
 std::string CauseLine(FileDiagnosis& diagnosis, const std::string& path) {
   if (path.size() > kLongestPath) return "\r\nThe path of this folder is too long.";
   const auto fault = diagnosis.WhyUnreadable(path);

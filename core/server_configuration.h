@@ -18,16 +18,17 @@ struct ServerConfiguration {
   std::optional<std::string> serverName;  ///< Nothing when no line names it.
 };
 
-/// The outcome of reading: a configuration, or the text that tells the operator why there is none.
+/// The outcome of reading: a configuration, or the text that explains to the operator why there is
+/// none.
 struct ConfigurationResult {
   ServerConfiguration configuration;
   std::string refusal;  ///< Empty when all went well.
 };
 
 /// Checks that the folder is a server root and reads conf\char_athena.conf and
-/// conf\map_athena.conf. A file that is there but cannot be read (locked, no right) counts as
-/// missing; a line more of the refusal names the cause then, and when the folder's path is too long
-/// for the system.
+/// conf\map_athena.conf. A file that exists but cannot be read (locked, no access) counts as
+/// missing; an extra line of the refusal then names the cause, as it does when the folder's path is
+/// too long for the system.
 ///
 /// The files are lines ended by CR LF. A line counts when it begins with a key, letter case
 /// included; of several lines with one key the last counts. The login server's endpoint is the one
@@ -36,10 +37,10 @@ struct ConfigurationResult {
 ConfigurationResult ReadServerConfiguration(FileReader& files, FileDiagnosis& diagnosis,
                                             const ServerRoot& root);
 
-/// Refuses a folder whose name is not to be had in the system's code page, naming that cause.
+/// Refuses a folder whose name cannot be written in the system's code page, naming that cause.
 ConfigurationResult RefuseFolderOutsideCodePage();
 
-/// Puts every executable of the root into the three choosers, in the order of the file system.
+/// Adds every executable of the root to the three choosers, in the order of the file system.
 void ListExecutables(FolderLister& folders, const ServerRoot& root,
                      PerComponent<DropDownList>& Exes);
 

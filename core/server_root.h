@@ -6,25 +6,25 @@
 
 namespace tarvo {
 
-/// Where all settings of all server roots lie, under HKEY_LOCAL_MACHINE.
+/// Where all settings of all server roots are, under HKEY_LOCAL_MACHINE.
 inline constexpr char kSettingsKeyPrefix[] = "Software\\TarvoLab\\Servers\\";
 
-/// The folder that the launcher stands in, and the names that are made from it.
+/// The folder that the launcher is in, and the names that are derived from it.
 class ServerRoot {
  public:
-  /// `executablePath` is the full path of the launcher's executable. It is cut, and its marks are
-  /// found, by characters of the code page.
+  /// `executablePath` is the full path of the launcher's executable. It is read by characters of
+  /// the code page, not by bytes.
   ServerRoot(const std::string& executablePath, CodePage& codePage);
 
   /// The folder without a trailing "\"; that of a drive's root is "C:".
   const std::string& AppFolder() const { return appFolder_; }
-  /// `AppFolder` with one "\" behind it.
+  /// `AppFolder` with one "\" after it.
   std::string WithSeparator() const { return appFolder_ + "\\"; }
   /// The launcher's file name without its folder and its ".exe".
   const std::string& ExecutableName() const { return executableName_; }
 
-  /// The MD5 digest of the root with ":" and "\" replaced by "_". Two folders that differ in
-  /// nothing but these signs share it.
+  /// The MD5 digest of the root with ":" and "\" replaced by "_". Two folders that differ only in
+  /// these signs share it.
   const std::string& RootHash() const { return rootHash_; }
   /// The registry key of this root's settings.
   std::string SettingsKey() const { return kSettingsKeyPrefix + RootHash(); }

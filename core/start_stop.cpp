@@ -26,8 +26,8 @@ void StartStop::bStart_Click(std::size_t index) {
     messageBoxes_.Ask({reason});
     return;
   }
-  if (index == 3) return StartAll();
-  if (index == 4) return StopAll();
+  if (index == kStartAllButton) return StartAll();
+  if (index == kStopAllButton) return StopAll();
   const ComponentKind kind = kComponents[index];
   if (controls_.buttons[index].Caption().ends_with('t')) {
     StartComponent(kind);

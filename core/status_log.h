@@ -29,17 +29,19 @@ struct LogLine {
   std::string Text() const;
 };
 
-/// The one place where every event of the launcher is told, as lines for whoever listens.
+/// The one place where the launcher reports what happens, as lines for its listeners. It keeps no
+/// line. The clock must outlive it.
 class StatusLog {
  public:
   explicit StatusLog(LocalClock& clock) : clock_(clock) {}
 
   /// Adds one line: the present time, then the text.
   void LogStatus(const std::string& text, LogLevel level);
-  /// Adds one line of these pieces.
+  /// Adds one line of these pieces, the first of them its time.
   void AppendStatus(LogLevel level, std::vector<LogPiece> pieces);
 
-  /// Each gets every line, in the order in which they stand here. They must outlive the log's use.
+  /// Each gets every line, in their order here, before the call that logs it returns. A listener
+  /// must not log, nor change this list; what it refers to must outlive the log's use.
   std::vector<std::function<void(const LogLine&)>> listeners;
 
  private:

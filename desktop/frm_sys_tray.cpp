@@ -98,7 +98,7 @@ std::vector<MenuEntry> frmSysTray::mnuPopup() const {
 
 void frmSysTray::ShowMenu() {
   if (!loaded_ || mnuSysTray_.empty()) return;
-  // The entries may change, and the icon may go, while the menu is up.
+  // The entries may change, and the icon may be removed, while the menu is open.
   const std::vector<Item> shown = mnuSysTray_;
   const auto chosen = area_.ShowMenu(mnuPopup());
   if (!loaded_ || !chosen || *chosen >= shown.size()) return;

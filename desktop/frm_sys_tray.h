@@ -15,8 +15,8 @@ namespace tarvo {
 /// The mouse buttons, as the events name them.
 enum MouseButton { kLeftButton = 1, kRightButton = 2 };
 
-/// The icon in the notification area, and the hidden window behind it that hears the mouse over the
-/// icon and owns its menu. It knows nothing of what the icon stands for: it raises events, and its
+/// The icon in the notification area, and the hidden window that receives the mouse's messages for
+/// the icon and owns its menu. It does not know what the icon means: it raises events, and its
 /// owner acts.
 ///
 /// Every member may be called at any time. While the icon is not loaded, values and menu entries
@@ -38,13 +38,14 @@ class frmSysTray {
   tarvo::IconHandle IconHandle() const { return shown_.icon; }
   void SetIconHandle(tarvo::IconHandle icon);
 
-  /// Adds an entry at the end of the menu and returns its index. An "&" in the caption stands
-  /// before its access key. A default entry takes the place of the one before it.
+  /// Adds an entry at the end of the menu and returns its index. An "&" in the caption precedes its
+  /// access key. A default entry replaces the previous default.
   std::size_t AddMenuItem(const std::string& caption, const std::string& key,
                           bool isDefault = false);
-  /// An entry that is not enabled is shown grey and cannot be chosen. No such index: nothing.
+  /// An entry that is not enabled is shown grey and cannot be chosen. An unknown index changes
+  /// nothing.
   void EnableMenuItem(std::size_t index, bool enabled);
-  /// The entries behind it move up. No such index: nothing.
+  /// The entries after it move up. An unknown index changes nothing.
   void RemoveMenuItem(std::size_t index);
 
   /// The entry that is drawn in bold; -1 for none. Any index that no entry has counts as -1.
@@ -65,7 +66,7 @@ class frmSysTray {
   void Load(const std::string& toolTip, tarvo::IconHandle icon);
   /// Adds the loaded icon, as it is to be shown now, unless the shell has it.
   void OfferAgain();
-  /// Takes the icon away, then the window. When it is not loaded, does nothing.
+  /// Removes the icon, then the window. When it is not loaded, does nothing.
   void Unload();
   bool Loaded() const { return loaded_; }
 
@@ -85,7 +86,7 @@ class frmSysTray {
   std::vector<Item> mnuSysTray_;
   int defaultIndex_ = -1;
   bool loaded_ = false;
-  bool there_ = false;  ///< The shell has taken the icon, or has shown its last change.
+  bool there_ = false;  ///< The shell has accepted the icon and its last change.
 };
 
 /// The beginning of a text that fits into a tip, whole characters only.

@@ -64,7 +64,7 @@ std::size_t LastHour::CellsSinceLast() {
   const std::uint32_t now = clock_.Milliseconds();
   if (!begun_) cellBegan_ = now;
   begun_ = true;
-  const std::uint32_t cells = (now - cellBegan_) / kCell;  // Right over a wrap of the tick count.
+  const std::uint32_t cells = (now - cellBegan_) / kCell;  // Correct across a wrap, too.
   cellBegan_ += cells * kCell;
   return cells;
 }

@@ -9,18 +9,18 @@
 
 namespace tarvo {
 
-/// Feeds the strips that show what each component did in the last hour, out of the same states as
-/// the status lights. Nothing of it is stored: a launcher that is started anew has seen nothing.
+/// Feeds the strips that show what each component did in the last hour, from the same states as the
+/// status lights. Nothing of it is stored: a launcher that has just been started has seen nothing.
 class LastHour {
  public:
-  /// Gives each strip its words, which tell that nothing was seen yet.
+  /// Gives each strip its words, which say that nothing was seen yet.
   LastHour(PerComponent<StatusStrip>& strips, const ComponentTable& components, TickClock& clock);
 
   /// To be called at each tick of the status lights, after them. Moments that were missed, because
   /// the machine slept, are unseen.
   void Note();
 
-  /// Milliseconds that one cell of a strip stands for.
+  /// Milliseconds that one cell of a strip covers.
   static constexpr std::uint32_t kCell = 3600000 / StatusStrip::kCells;
 
  private:

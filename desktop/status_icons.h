@@ -15,7 +15,7 @@ class StatusIcons {
   StatusIcons& operator=(const StatusIcons&) = delete;
 
   /// The icon of the three states. It lives until the picture has changed twice more, so that it
-  /// can be shown until the next one is. When the system has no room for it, the icon of the call
+  /// can be shown until the next one is. When the system cannot make it, the icon of the call
   /// before, or 0 at the first; the next call tries again.
   IconHandle For(const AlarmStates& states);
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr MarkInks kInks = {kHealthyInk, kCheckInk, kTroubleInk, kUnwatchedInk};
 
-/// Where the three marks stand: the pixels of their left upper corners.
+/// Where the three marks are: the pixels of their upper left corners.
 struct Places {
   int mark;  ///< Pixels across a mark.
   PerComponent<std::array<int, 2>> corner;

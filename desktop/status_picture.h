@@ -8,8 +8,8 @@ namespace tarvo {
 /// The alarm state of each component at one moment.
 using AlarmStates = PerComponent<AlarmState>;
 
-/// The inks of the status pictures, 0xRRGGBB. Each stands out from a light task bar as from a dark
-/// one (contrast at least 3), so that no picture needs a ground of its own.
+/// The inks of the status pictures, 0xRRGGBB. Each stands out from light and dark task bars
+/// (contrast at least 3), so that no picture needs a background of its own.
 inline constexpr std::uint32_t kHealthyInk = 0x12913A;
 inline constexpr std::uint32_t kTroubleInk = 0xE5322D;
 inline constexpr std::uint32_t kUnwatchedInk = 0x808080;
@@ -19,13 +19,13 @@ inline constexpr int kSmallestPicture = 16;
 inline constexpr int kLargestPicture = 96;
 
 /// Draws the three states as one picture for the notification area, `size` pixels across (a size
-/// outside the limits is brought within). Login stands at the top left, Char at the top right, Map
+/// outside the limits is brought within). Login is at the top left, Char at the top right, Map
 /// below between them.
 ///
-/// Each state has a shape of its own, for those who cannot tell the colours: healthy is a disc, in
-/// pictures that are large enough (24 pixels) with a check mark in it; trouble is a cross; not
-/// watched is a ring. Marks lie on whole pixels and their edges are smooth, so they are sharp at
-/// every size. The same states and size give the same picture, to the last bit.
+/// Each state has a shape of its own, for operators who cannot distinguish the colours: healthy is
+/// a disc, in pictures that are large enough (24 pixels) with a check mark in it; trouble is a
+/// cross; not watched is a ring. Marks are aligned to whole pixels and their edges are smooth, so
+/// they are sharp at every size. The same states and size give the same picture, to the last bit.
 Picture DrawStatusPicture(const AlarmStates& states, int size);
 
 }  // namespace tarvo

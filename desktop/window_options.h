@@ -14,7 +14,7 @@ class WindowOptions {
       : components_(components), processes_(processes) {}
 
   /// A press on a "Show ..." option: hides the component's window at the first press, shows it at
-  /// the second, and so on. The counter goes on while nothing runs and over restarts.
+  /// the second, and so on. The counter goes on while nothing runs and across restarts.
   void opt_ShowWin_Click(ComponentKind kind);
 
   /// That counter: 1 after a press that hides, 0 after one that shows.

@@ -5,7 +5,7 @@
 namespace tarvo {
 namespace {
 
-/// The three of a control array that belong to the components; what follows them serves all.
+/// The three of a control array that belong to the components; any further one is for all of them.
 template <class Type, std::size_t kCount>
 std::span<Type, kComponentCount> OfComponents(std::array<Type, kCount>& controls) {
   return std::span(controls).template first<kComponentCount>();
@@ -20,7 +20,7 @@ SettingsControls BindSettings(Form& form) {
           .autoStart = page.chkAutoStart,
           .autokill = OfComponents(page.chkAK),
           .autokillTimes = page.TTO,
-          .mapRestartsAll = page.chkAK[3],
+          .mapRestartsAll = page.chkAK[kAutokillOfAll],
           .writesLogFile = page.WLog,
           .logFileLevels = page.LogH,
           .startsMinimized = page.SMinimized,
@@ -54,7 +54,7 @@ FreezeWatchControls BindFreezeWatch(Form& form) {
 
 CrashWatchControls BindCrashWatch(Form& form) {
   return {.executables = form.servers.Exes,
-          .mapRestartsAll = form.servers.chkAK[3],
+          .mapRestartsAll = form.servers.chkAK[kAutokillOfAll],
           .lastFailure = form.frame.lblErr};
 }
 

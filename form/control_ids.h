@@ -5,7 +5,7 @@
 
 namespace tarvo {
 
-/// What kind of window stands for a control, and so how it is driven from outside.
+/// What kind of window shows a control, and so how it is driven from outside.
 enum class ControlType {
   Label,
   Light,
@@ -31,12 +31,11 @@ struct ControlId {
 /// The window class of the launcher's main window.
 inline constexpr char kMainWindowClass[] = "TarvoLauncherMain";
 
-/// The window property of a light that holds its colour (0x00BBGGRR) plus 1, for whoever asks from
-/// outside.
+/// The window property of a light that holds its colour (0x00BBGGRR) plus 1, for other programs.
 inline constexpr char kLightColourProperty[] = "TarvoLightColour";
 
-/// Every control of the form with its own number, shared by the native window and by whatever
-/// drives it from outside. Numbers are never given to another control.
+/// Every control of the form with its own number, shared by the native window and the programs that
+/// drive it from outside. A number is never given to another control.
 inline constexpr std::array kControlIds = {
     ControlId{"SName", ControlType::Label, 1, 1000},
     ControlId{"lblErr", ControlType::Label, 1, 1001},
@@ -93,7 +92,7 @@ struct ControlName {
   consteval ControlName(const char* name) : firstId(FindControlId(name)->firstId) {}
 };
 
-/// The number of a control, or of one of an array, as everything outside knows it.
+/// The number of a control, or of one of an array, as other programs know it.
 constexpr int NumberOf(ControlName name, int index = 0) { return name.firstId + index; }
 
 }  // namespace tarvo

@@ -9,10 +9,10 @@ namespace tarvo {
 
 StatusPage::StatusPage() : RTLog({std::begin(kLogColours), std::end(kLogColours)}) {
   for (CommandButton& button : bStart) button.SetCaption("Start");
-  bStart[3].SetCaption("Start All");
-  bStart[3].SetToolTip("Start all servers");
-  bStart[4].SetCaption("Stop All");
-  bStart[4].SetToolTip("Stop all servers");
+  bStart[kStartAllButton].SetCaption("Start All");
+  bStart[kStartAllButton].SetToolTip("Start all servers");
+  bStart[kStopAllButton].SetCaption("Stop All");
+  bStart[kStopAllButton].SetToolTip("Stop all servers");
 }
 
 ServersPage::ServersPage() {

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/start_buttons.h"
 #include "form/randomizer_page.h"
 #include "form/upgrade_page.h"
 #include "support/per_component.h"
@@ -20,8 +21,8 @@ struct Frame {
   MainWindow window;
   TabView SSTab1;
   Label SName;              ///< The server's name.
-  Label lblErr;             ///< Behind "Last failure:": which component failed last, and when.
-  Label lblMemory;          ///< Behind "Free Memory:".
+  Label lblErr;             ///< After "Last failure:": which component failed last, and when.
+  Label lblMemory;          ///< After "Free Memory:".
   PerComponent<Light> Sem;  ///< Status lights.
   PerComponent<StatusStrip> Strip;  ///< Beside each light: its component's last hour.
 };
@@ -31,9 +32,12 @@ struct StatusPage {
   StatusPage();
 
   RichTextView RTLog;
-  /// 0 to 2: start or stop one component. 3: "Start All". 4: "Stop All".
+  /// 0 to 2: start or stop one component. `kStartAllButton`, `kStopAllButton`: all of them.
   std::array<CommandButton, 5> bStart;
 };
+
+/// The check box after those of the components.
+inline constexpr std::size_t kAutokillOfAll = kComponentCount;
 
 /// Second page: the servers' settings and the launcher's own.
 struct ServersPage {
@@ -42,9 +46,9 @@ struct ServersPage {
   PerComponent<DropDownList> Exes;
   PerComponent<DropDownList> Prior;
   PerComponent<CheckBox> chkAutoStart;
-  /// 0 to 2: freeze autokill of a component. 3: a map autokill restarts all components.
+  /// 0 to 2: freeze autokill of a component. `kAutokillOfAll`: a map autokill restarts all.
   std::array<CheckBox, 4> chkAK;
-  PerComponent<TextBox> TTO;  ///< Seconds that a frozen component is waited for.
+  PerComponent<TextBox> TTO;  ///< Seconds that a frozen component gets to recover.
   OptionGroup opt_ShowWin;    ///< Show or hide a component's own window.
   CheckBox WLog;
   DropDownList LogH;
@@ -53,7 +57,7 @@ struct ServersPage {
   CommandButton Command1;  ///< Unload the launcher only.
 };
 
-/// The interval timers that carry all supervision. Their names are the operator's documents' names.
+/// The interval timers that carry all supervision. They are named as in the operator's documents.
 struct Timers {
   explicit Timers(TimerQueue& queue);
 
@@ -66,7 +70,7 @@ struct Timers {
   Timer tmr_Calendar;               ///< Randomize calendar, 15000 ms.
 };
 
-/// The whole form: one struct a page, its members named as the operator's controls are.
+/// The whole form: one struct per page, its members named as the operator's controls are.
 struct Form {
   explicit Form(TimerQueue& queue) : timers(queue) {}
 

@@ -10,7 +10,7 @@ namespace {
 constexpr char kLineEnd[] = "\r\n";
 constexpr int kLinesPerRound = 3;
 
-/// Position behind the line that holds `position`; npos when no line end follows.
+/// Position after the line that holds `position`; npos when no line end follows.
 std::size_t NextLine(const std::string& source, std::size_t position) {
   const std::size_t end = source.find(kLineEnd, position);
   return end == std::string::npos ? end : end + 2;
@@ -24,7 +24,7 @@ std::size_t EndOfHeader(const std::string& source) {
   return end;
 }
 
-/// Where the newest line begins; behind it stands nothing but the closing line.
+/// Where the newest line begins; only the closing line follows it.
 std::size_t NewestLine(const std::string& source) {
   const std::size_t closing = source.rfind(kLineEnd, source.size() - 3);
   if (closing == std::string::npos || closing == 0) return 0;

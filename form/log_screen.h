@@ -9,13 +9,13 @@
 namespace tarvo {
 
 /// Shows a line of the status log, of any level, at the end of the view: each piece in its colour.
-/// Before that, the view's oldest lines go when its source has become too long.
+/// Before that, the view's oldest lines are removed if its source has become too long.
 void ShowLine(RichTextView& view, const LogLine& line);
 
-/// Longest source that the view may have before a line is added to it.
+/// Longest source, in bytes, that the view may have before a line is added to it.
 inline constexpr std::size_t kLongestLogSource = 25000;
 
-/// Takes the oldest lines out of a view's source, three a round, until it is no longer than
+/// Removes the oldest lines of a view's source, three per round, until it is no longer than
 /// `kLongestLogSource`. The header and the newest line stay, whatever their length.
 std::string TrimmedLogSource(std::string source);
 

@@ -23,7 +23,7 @@ struct RandomizerPage {
   CommandButton Command2;             ///< "Randomize Now!".
 
   OptionGroup opt_Rnd;            ///< 0 "Map Start", 1 "Manual", 2 "Program".
-  std::array<TextBox, 2> txtMxD;  ///< 0: limit an hour. 1: limit a day.
+  std::array<TextBox, 2> txtMxD;  ///< 0: limit per hour. 1: limit per day.
 
   // The group "Randomize Calendar  (program  mode)".
   ListBox lstDay;                            ///< "Mon" to "Sun".

@@ -5,8 +5,8 @@
 
 namespace tarvo {
 
-/// The colours of the status log: the time stamp, and the text by its level. Its view knows them in
-/// this order, which is that of `LogInk`.
+/// The colours of the status log: the time stamp, and the text by its level. The palette of its
+/// view has this order, which is that of `LogInk`.
 inline constexpr Colour kStampColour = Rgb(0, 0, 128);
 inline constexpr Colour kInfoColour = Rgb(0, 128, 0);
 inline constexpr Colour kNoticeColour = Rgb(255, 128, 0);

@@ -26,10 +26,9 @@ struct CalendarControls {
 /// The group "Randomize Calendar  (program  mode)": days and times of the week at which the engine
 /// runs and, if the entry says so, the running servers are restarted.
 ///
-/// A minute of the week that was the last one to run is not run again, whatever the date: that
-/// keeps the four ticks of a minute from running it four times. An entry that is alone therefore
-/// runs once, and stays silent until another entry has run. Minutes that were missed are not caught
-/// up.
+/// The minute of the week that ran last is not run again, whatever the date: that keeps the four
+/// ticks of a minute from running it four times. A single entry therefore runs once, and not again
+/// until another entry has run. Minutes that were missed are not caught up.
 class RandomizerCalendar {
  public:
   RandomizerCalendar(const CalendarControls& controls, StoredSet& set, RandomizerEngine& engine,
@@ -41,13 +40,13 @@ class RandomizerCalendar {
 
   /// 0 adds the day and time of the page at the end, unless the entry is there already; 1 removes
   /// the selected entry. Both write the file, even when nothing has changed. A set that is not
-  /// ready for a change (see StoredSet) is told in the log, and the press has no other effect.
+  /// ready for a change (see StoredSet) is reported in the log, and the press has no other effect.
   void cmdCalendar_Click(std::size_t index);
 
   /// A scroll bar was moved: 0 the hour's, 1 the minute's. Its text box shows the value.
   void ScrollTime_Change(std::size_t index);
   /// The operator has typed into the hour's or minute's box and leaves it: a number goes to the
-  /// scroll bar, at most its greatest; any other text gives way to the scroll bar's value.
+  /// scroll bar, at most its greatest; any other text is replaced by the scroll bar's value.
   void txt_Time_LostFocus(std::size_t index);
 
   /// The tick of `tmr_Calendar`, every 15 seconds in the mode "Program".
@@ -73,7 +72,7 @@ class RandomizerCalendar {
   StatusLog& log_;
 };
 
-/// The moment that a missing or unreadable `LastRandProcess` stands for: 1000 days ago.
+/// The moment that a missing or unreadable `LastRandProcess` means: 1000 days ago.
 LocalTime LastRunWhenMissing(LocalTime now);
 
 }  // namespace tarvo

@@ -6,8 +6,8 @@
 namespace tarvo {
 namespace {
 
-/// Takes the text up to the mark off the front of `rest`, and the mark with it; all of it when
-/// there is no mark.
+/// Removes the text up to the mark, and the mark, from the front of `rest`; all of it when there is
+/// no mark.
 std::string_view TakeUpTo(std::string_view& rest, char mark) {
   const std::string_view piece = rest.substr(0, rest.find(mark));
   rest.remove_prefix(std::min(piece.size() + 1, rest.size()));
@@ -32,7 +32,7 @@ int DayIndexOf(std::string_view name) {
 std::string_view DayName(int weekday) { return kDays[weekday - 1]; }
 
 std::optional<CalendarEntry> ReadCalendarLine(std::string_view line) {
-  // A mark that is missing leaves the piece behind it empty, which is no number and no restart.
+  // A mark that is missing leaves the piece after it empty, which is no number and no restart.
   CalendarEntry entry;
   entry.at.weekday = DayIndexOf(TakeUpTo(line, ' '));
   std::string_view minute = TakeUpTo(line, ' ');

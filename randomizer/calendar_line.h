@@ -22,16 +22,16 @@ struct CalendarEntry {
   bool operator==(const CalendarEntry&) const = default;
 };
 
-/// Reads a line "Mon 08:30 restart=Y". Nothing for a line of any other form (three pieces apart by
-/// one blank each, the second made of digits, ":" and digits, the third with "restart=Y" or
-/// "restart=N"), which only a hand-edited file can bring about. A day or time that no week has is
-/// read, and never comes.
+/// Reads a line "Mon 08:30 restart=Y". Nothing for a line of any other form (three pieces separated
+/// by single blanks, the second made of digits, ":" and digits, the third with "restart=Y" or
+/// "restart=N"), which only a hand-edited file can contain. A day or time that no week has is read,
+/// and never comes.
 std::optional<CalendarEntry> ReadCalendarLine(std::string_view line);
 
-/// The line of an entry: its name with "_" as blanks, and whether `restart` is exactly "Yes".
+/// The line of an entry: its name with blanks for "_", and whether `restart` is exactly "Yes".
 std::string CalendarLineOf(std::string name, std::string_view restart);
 
-/// The way back to the name: the line's first blank as "_", cut at the next one.
+/// The way back to the name: the line with "_" for its first blank, cut at the next one.
 std::string NameInCalendarLine(std::string line);
 
 }  // namespace tarvo

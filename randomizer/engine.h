@@ -14,10 +14,10 @@ namespace tarvo {
 /// Gives the settings of the server's file that have a range new random values.
 ///
 /// Each field of the set "Randomize" is a setting's name with its bounds `Min` and `Max`, in any
-/// order; a bound that is no number counts as 0. Every line that bears the name is replaced by the
+/// order; a bound that is no number counts as 0. Every line that has the name is replaced by the
 /// name, ": " and a whole number of the range, each line with a draw of its own, in the order of
-/// the fields and then of the lines; whatever else stood on the line is gone. All other lines keep
-/// every byte. The cost grows with lines plus settings.
+/// the fields and then of the lines; the rest of the line is lost. All other lines keep every byte.
+/// The cost grows with lines plus settings.
 class RandomizerEngine {
  public:
   /// `document` is the randomizer's tree, which may lack the set. `path` is the server's file.

@@ -10,7 +10,7 @@
 
 namespace tarvo {
 
-/// The date-time that stands for "never".
+/// The date-time that means "never".
 LocalTime ZeroDateTime();
 
 /// How often starts of the map server have randomized, and when they last did.
@@ -23,14 +23,14 @@ struct MapStartCounters {
 /// The operator's mode of the randomizer, and his limits of the map starts.
 struct MapStartControls {
   const OptionGroup& mode;               ///< 0 at map starts, 1 by hand, 2 by the calendar.
-  const std::array<TextBox, 2>& limits;  ///< 0 an hour, 1 a day.
+  const std::array<TextBox, 2>& limits;  ///< 0 per hour, 1 per day.
 };
 
 /// Randomizes at the starts of the map server, within the operator's limits.
 ///
 /// The limits compare the hour of the day (0 to 23) and the weekday alone, never the date: the runs
 /// of an hour yesterday count in the same hour today, those of a weekday in the same weekday of the
-/// next week. A limit is the number that its box starts with, read anew each time.
+/// next week. A limit is the number that its box starts with, read again each time.
 class MapStartGate {
  public:
   MapStartGate(const MapStartControls& controls, RandomizerEngine& engine, SettingsStore& store,

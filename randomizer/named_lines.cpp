@@ -8,7 +8,7 @@
 namespace tarvo {
 namespace {
 
-/// Tells most of the names that are not wanted at a glance, by their length and their last letter.
+/// Rejects most of the unwanted names quickly, by their length and their last letter.
 class NameSieve {
  public:
   void Add(std::string_view name) { marks_.set(PlaceOf(name)); }

@@ -24,7 +24,7 @@ void SetBound(Parameters& bounds, const char* name, const std::string& text) {
   }
 }
 
-/// Whether "Min" stands before "Max", both spelled so. A hand-edited range may have it otherwise.
+/// Whether "Min" is before "Max", both in this spelling. It may differ in a hand-edited range.
 bool BoundsAreInOrder(const Parameters& bounds) {
   std::string order;
   bounds.ForEach([&order](std::string_view name, std::string_view) {
@@ -104,7 +104,7 @@ void ParameterPanel::lstRnd_Click() {
   const auto found = std::find(names.begin(), names.end(), NameInLine(controls_.ranges.Text()));
   if (found == names.end()) return;
   controls_.settings.SetListIndex(static_cast<int>(found - names.begin()));
-  cmdParam_Click();  // A setting that was selected already has not told of itself.
+  cmdParam_Click();  // A setting that was selected already has raised no event.
 }
 
 void ParameterPanel::rAdd_Click(std::size_t index) {

@@ -43,18 +43,18 @@ class ParameterPanel {
   /// Lists one line for each range: "name:min to max".
   void RefillRandomizeList();
 
-  /// Selects the first line of that name in `lstRnd`, without the choice's reaching `cmdParam`. No
-  /// such line leaves the selection as it is.
+  /// Selects the first line of that name in `lstRnd`, without effect on `cmdParam`. Without such a
+  /// line the selection stays as it is.
   void SelectRandomizeListEntry(const std::string& name);
 
-  /// A setting was selected: the boxes show its bounds, or its present value for want of them.
+  /// A setting was selected: the boxes show its bounds, or its present value when it has none.
   void cmdParam_Click();
   /// A range was selected: its setting is selected too, if there is one.
   void lstRnd_Click();
-  /// 0 gives the selected setting the range in the boxes, 1 takes the selected range away; both
-  /// write the set to its file. Without a selection they do nothing. Bounds that are no numbers, or
-  /// the same number when rounded, are refused in a message box. A set that is not ready for a
-  /// change (see StoredSet) is told in the log, and nothing changes.
+  /// 0 gives the selected setting the range in the boxes, 1 removes the selected range; both write
+  /// the set to its file. Without a selection they do nothing. Bounds that are no numbers, or the
+  /// same number when rounded, are refused in a message box. A set that is not ready for a change
+  /// (see StoredSet) is reported in the log, and nothing changes.
   void rAdd_Click(std::size_t index);
 
  private:
@@ -79,7 +79,7 @@ class ParameterPanel {
 bool BoundTakesKey(const TextBox& box, char key);
 
 /// The operator leaves a box of a bound: it shows the number that its text starts with. The caret
-/// stays where it was, but goes behind the 0 of an empty box.
+/// stays where it was, but moves after the 0 of an empty box.
 void TidyBound(TextBox& box);
 
 }  // namespace tarvo

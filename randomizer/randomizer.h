@@ -22,7 +22,7 @@ namespace tarvo {
 /// The randomizer's page and timer.
 struct RandomizerControls {
   ParameterControls parameters;
-  std::array<CommandButton, 2>& rangeButtons;  ///< 0 gives a range, 1 takes it away.
+  std::array<CommandButton, 2>& rangeButtons;  ///< 0 gives a range, 1 removes it.
   CommandButton& now;
   OptionGroup& mode;
   std::array<TextBox, 2>& limits;
@@ -51,7 +51,7 @@ struct RandomizerPorts {
 /// launcher. Everything works with absent children too.
 class Randomizer {
  public:
-  /// All references outlive the randomizer.
+  /// All references must outlive the randomizer.
   Randomizer(const RandomizerControls& controls, StatusLog& log, const ServerRoot& root,
              const RandomizerPorts& ports);
   Randomizer(const Randomizer&) = delete;
@@ -61,8 +61,8 @@ class Randomizer {
   /// loaded, since the stored mode decides whether the calendar's timer runs.
   void WireControls();
 
-  /// Fills the tree and the page, once at start-up. A server file that cannot be read is told in
-  /// the log, and neither of the other two files is read then.
+  /// Fills the tree and the page, once at start-up. A server file that cannot be read is reported
+  /// in the log, and neither of the other two files is read then.
   void LoadRandomizerFiles();
 
   /// One run of the engine, by hand: it counts against no limit.

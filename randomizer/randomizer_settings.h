@@ -13,8 +13,8 @@ namespace tarvo {
 /// randomized.
 ///
 /// The boxes of the two limits are crossed with the names of their values, and stored settings
-/// depend on it: `MaxRndDay` holds the limit an hour, `MaxRndHour` that a day. `LastRandomize` may
-/// be a date's number as well; 0 is no moment at all.
+/// depend on it: `MaxRndDay` holds the limit per hour, `MaxRndHour` that per day. `LastRandomize`
+/// may be a date's number as well; 0 is no moment at all.
 class RandomizerSettings {
  public:
   RandomizerSettings(OptionGroup& mode, std::array<TextBox, 2>& limits, SettingsStore& store,

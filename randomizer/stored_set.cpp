@@ -7,7 +7,7 @@
 namespace tarvo {
 namespace {
 
-/// Remembers whether the file was missing, which the import does not tell from a fault.
+/// Remembers whether the file was missing, which the import does not distinguish from a fault.
 class NotingReader final : public FileReader {
  public:
   explicit NotingReader(FileReader& reader) : reader_(reader) {}

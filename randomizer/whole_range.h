@@ -16,8 +16,8 @@ struct WholeRange {
 };
 
 /// The range that two bounds as texts mean: the number that each starts with, 0 for none, rounded
-/// to the nearest whole number, halves to even. Bounds in the wrong order change places. A bound
-/// beyond 2^53, where fractions of 53 bits cannot reach each number any more, counts as 2^53.
+/// to the nearest whole number, halves to even. Bounds in the wrong order are swapped. A bound
+/// beyond 2^53, where fractions of 53 bits no longer reach each number, counts as 2^53.
 WholeRange RangeOf(std::string_view minText, std::string_view maxText);
 
 /// One number of the range, each with equal probability, from one fraction.

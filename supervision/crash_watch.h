@@ -21,8 +21,8 @@ struct CrashWatchControls {
 
 /// Finds crashed components and brings them back. Every 5 seconds while a component is started, its
 /// process must still own a top-level window; a process without one is a crash, and so is a launch
-/// that was refused. There is no limit to the restarts and no pause between them. Any window but 0
-/// counts: handles are no numbers with a sign.
+/// that was refused. There is no limit to the restarts and no pause between them. Every window but
+/// 0 counts: handles have no sign.
 class CrashWatch {
  public:
   CrashWatch(const CrashWatchControls& controls, ComponentTable& components,
@@ -36,8 +36,8 @@ class CrashWatch {
         log_(log),
         clock_(clock) {}
 
-  /// The tick of `LCtrl`, `CCtrl`, `MCtrl`. When the search for the window came to no result, all
-  /// stays as it is until the next tick.
+  /// The tick of `LCtrl`, `CCtrl`, `MCtrl`. When the search for the window had no result, nothing
+  /// changes until the next tick.
   void Check(ComponentKind kind);
 
   /// Stops and starts again every component that ran at its last check: login, char, map.

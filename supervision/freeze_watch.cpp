@@ -82,8 +82,8 @@ void FreezeWatch::ProbeAgain(ComponentKind kind) {
 void FreezeWatch::EndFreeze(ComponentKind kind) {
   Step(kind, FreezeEvent::AnswersAgain);
   log_.LogStatus(std::string(NameOf(kind)) + " server is back!", kInfo);
-  // Whoever is back, the login server's light shows it; the component's own light follows at its
-  // next periodic probe. Operators know it so.
+  // Whichever component is back, the login server's light shows it; the component's own light
+  // follows at its next periodic probe. Operators are used to that.
   components_[ComponentKind::Login].AlarmState =
       kind == ComponentKind::Char ? AlarmState::Trouble : AlarmState::Healthy;
 }

@@ -36,7 +36,7 @@ enum class FreezeEvent {
   Started,
   GraceOver,      ///< The component is probed at once, as at its interval.
   Answers,        ///< A periodic probe found it listening.
-  FallsSilent,    ///< A periodic probe did not; it is probed again at once.
+  FallsSilent,    ///< A periodic probe did not; one more follows at once.
   AnswersAgain,   ///< A frozen component listens.
   StaysSilent,    ///< It does not, within its autokill time.
   SilentTooLong,  ///< Beyond that time: it is killed.
@@ -48,7 +48,7 @@ struct FreezeStep {
   FreezeState to;    ///< Begins, from its timer's full interval.
 };
 
-/// The whole watch, a row an event. A component that is stopped or has crashed is Off.
+/// The whole watch, one row per event. A component that is stopped or has crashed is Off.
 inline constexpr FreezeStep kFreezeSteps[] = {
     {FreezeEvent::Started, FreezeState::Off, FreezeState::Grace},
     {FreezeEvent::GraceOver, FreezeState::Grace, FreezeState::Off},
@@ -61,7 +61,7 @@ inline constexpr FreezeStep kFreezeSteps[] = {
 
 /// Finds components that hang without dying: a started component's port is probed at its interval;
 /// one that does not answer is probed again every 2 seconds, and killed once it has stayed silent
-/// longer than its autokill time. The kill is all: the crash watch finds the process gone and
+/// longer than its autokill time. It only kills: the crash watch finds the process gone and
 /// restarts it.
 ///
 /// The time base is the 32-bit tick count: a freeze that spans its wrap is not killed before a new
@@ -80,7 +80,7 @@ class FreezeWatch {
         tickClock_(tickClock) {}
 
   /// The tick of `PrepL`, `PrepC`, `PrepM`, and the call at a component's start: a disabled timer
-  /// is enabled; an enabled one is over, and the component is probed at once.
+  /// is enabled; an enabled one has run out, and the component is probed at once.
   void Prepare(ComponentKind kind);
 
   /// The tick of `TTL`, `TTC`, `TTM`. Does nothing while the component's autokill is not checked.
@@ -112,8 +112,8 @@ class FreezeWatch {
   TickClock& tickClock_;
 };
 
-/// What becomes of the text of an autokill time after a change: a text of digits stays; any other
-/// becomes the number that it starts with, 0 when there is none.
+/// The text of an autokill time after a change: a text of digits stays; any other becomes the
+/// number that it starts with, 0 when there is none.
 std::string CleanedSeconds(const std::string& text);
 
 /// The change rule of an autokill time box: puts the cleaned text into it with the caret at its

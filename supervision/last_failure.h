@@ -6,7 +6,7 @@
 
 namespace tarvo {
 
-/// Shows behind "Last failure:" which component failed last, and when: "Map: 2026-11-21 10:32:07".
+/// Shows after "Last failure:" which component failed last, and when: "Map: 2026-11-21 10:32:07".
 void ShowLastFailure(Label& lblErr, ComponentKind kind, LocalTime time);
 
 }  // namespace tarvo

@@ -17,8 +17,7 @@ struct MemoryFigures {
 };
 
 /// "62% (1,234.56 MB)": the free share of physical memory and paging file together, at least two
-/// digits, and the free amount in megabytes. A negative figure is a 32-bit count that has turned
-/// over.
+/// digits, and the free amount in megabytes. A negative figure is a 32-bit count that has wrapped.
 std::string MemoryText(const MemoryFigures& figures);
 
 /// The tick of `Mem`, every 5 seconds.

@@ -51,7 +51,7 @@ SocketHandle PortProbe::CreateTcpSocket() {
 
 std::uint32_t PortProbe::ResolveHostAddress(const std::string& host) {
   const std::string name(Trimmed(host));
-  // Winsock takes a blank for the address 0.0.0.0 and no name at all for this machine.
+  // Winsock takes a blank for the address 0.0.0.0, and an empty name for this machine.
   if (name.empty()) {
     lastError_ = kNameUnknown;
     return kNoAddress;
@@ -90,7 +90,7 @@ int PortProbe::ConnectSocket(SocketHandle socket, const std::string& host, std::
     const std::uint32_t address = ResolveHostAddress(host);
     if (address == kNoAddress) return kNotConnected;
     const SocketAddress whole = AddressOf(protocol.AddressFamily, PortToShort(port), address);
-    sockets_.SendFirstPacketOnce(socket);  // Where the system cannot, the second bounds it all.
+    sockets_.SendFirstPacketOnce(socket);  // Where the system cannot, the one second is the limit.
     lastError_ = sockets_.ConnectTo(socket, whole, kConnectWait);
     return lastError_;
   } catch (const RuntimeError&) {

@@ -19,26 +19,26 @@ std::int16_t PortToShort(std::int32_t port);
 inline constexpr std::uint32_t kConnectWait = 1000;
 inline constexpr std::uint32_t kNameWait = 1000;
 
-/// Tells whether a server answers: a plain TCP connect to its host and port, closed at once,
-/// nothing sent or read. The connect has one second of its own: who has not answered by then does
-/// not listen. The looking up of a name has another; a name server that does not keep it is
-/// replaced by the address that the name gave last. So a probe of a dotted address lasts one second
-/// at most, that of a name two. The names' last addresses are all that is kept.
+/// Reports whether a server answers: a plain TCP connect to its host and port, closed at once,
+/// nothing sent or read. The connect has one second: a server that has not answered by then does
+/// not listen. The lookup of a name has another; if the name server exceeds it, the name's last
+/// address is used. So a probe of a dotted address lasts one second at most, that of a name two.
+/// Only the names' last addresses are kept.
 class PortProbe {
  public:
   explicit PortProbe(Sockets& sockets) : sockets_(sockets) {}
 
-  /// True when the connection succeeded. An unusable host or port is simply not listening.
+  /// True when the connection succeeded. An unusable host or port counts as not listening.
   bool IsPortListening(const std::string& host, std::int32_t port);
-  /// Why the last probe found nobody, for `ProbeFailureText`; 0 when it found somebody.
+  /// Why the last probe failed, for `ProbeFailureText`; 0 when it succeeded.
   int LastError() const { return lastError_; }
 
   /// A stream socket of no given address family, or -1.
   SocketHandle CreateTcpSocket();
 
   /// The IPv4 address in network order of a dotted address or a host name (blanks around either are
-  /// ignored), or `kNoAddress`. For a dotted address nobody is asked. "255.255.255.255" is taken
-  /// for a name, and a blank host for none.
+  /// ignored), or `kNoAddress`. A dotted address is not looked up. "255.255.255.255" counts as a
+  /// name, and a blank host has no address.
   std::uint32_t ResolveHostAddress(const std::string& host);
 
   /// Connects; 0 on success, any other value on failure, -1 when it was not even tried.
@@ -49,7 +49,7 @@ class PortProbe {
   int Fail(int reason);
 
   Sockets& sockets_;
-  std::map<std::string, std::uint32_t> lastAddresses_;  ///< What each name gave last.
+  std::map<std::string, std::uint32_t> lastAddresses_;  ///< The last one of each name.
   int lastError_ = 0;
 };
 

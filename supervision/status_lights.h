@@ -11,7 +11,7 @@ namespace tarvo {
 /// code (login in trouble, char not watched, map in trouble).
 std::optional<int> StatusCodeFor(AlarmState login, AlarmState charServer, AlarmState map);
 
-/// The alarm states that a code stands for. A code outside 0 to 25 is taken as 8, nothing watched.
+/// The alarm states that a code means. A code outside 0 to 25 counts as 8, nothing watched.
 PerComponent<AlarmState> StatesOfCode(int code);
 
 /// Shows the components' alarm states as lights, and keeps their combined code.
@@ -20,7 +20,7 @@ class StatusLights {
   StatusLights(PerComponent<Light>& Sem, const ComponentTable& components)
       : Sem_(Sem), components_(components) {}
 
-  /// Takes the states' code over; without one the last stays.
+  /// Takes over the code of the present states; keeps the last one when they have none.
   void Combine();
   /// Sets the lights; the tool tip of each says why its component's last probe failed.
   void Show();

@@ -31,7 +31,7 @@ class BasicAppendString {
 
   static constexpr std::size_t kStepCharacters = 196608;
 
-  /// Appends `text`, which may be empty. It must not lie in the builder itself.
+  /// Appends `text`, which may be empty. It must not be part of the builder itself.
   void AddToString(View text) {
     if (text.size() <= Room()) {
       end_ = Copied(end_, text);
@@ -40,7 +40,7 @@ class BasicAppendString {
     }
   }
 
-  /// Appends texts and literals one behind the other: as AddToString for each, with one look at the
+  /// Appends texts and literals one after the other: as AddToString for each, with one check of the
   /// room for all of them.
   template <typename... Pieces>
   void AddPieces(const Pieces&... pieces) {
@@ -54,7 +54,7 @@ class BasicAppendString {
   }
 
   /// Extends an empty buffer at once by as many steps as so many characters take. A text that stays
-  /// within them lies in one block, and TakeString gives that block instead of a copy.
+  /// within them is in one block, and TakeString returns that block instead of a copy.
   ///
   /// More than kStepsOnTrust steps are taken only when a kProofParts-th of what is expected has
   /// been gathered, which is moved once then: a text that turns out short does not fill what a long
@@ -72,7 +72,7 @@ class BasicAppendString {
   static constexpr std::size_t kProofParts = 32;
 
   /// The text gathered so far. Cuts the buffer down to its used part, so that the next append
-  /// extends it again and goes on behind this text.
+  /// extends it again and continues after this text.
   String ReturnString() {
     String text = Joined();
     Adopt(text);
@@ -125,7 +125,7 @@ class BasicAppendString {
     return text;
   }
 
-  /// Adds a block to the chain, its characters not initialised: nobody reads behind the used part.
+  /// Adds a block to the chain, its characters not initialised: nobody reads beyond the used part.
   void AddBlock(std::size_t size) {
     std::unique_ptr<Character[]> own(new Character[size]);
     Character* const characters = own.get();
@@ -208,7 +208,7 @@ class BasicAppendString {
   std::size_t before_ = 0;      // characters in the full blocks
   Character* begin_ = nullptr;  // of the current block
   Character* end_ = nullptr;    // where the next character goes
-  Character* limit_ = nullptr;  // behind the last character that the block takes
+  Character* limit_ = nullptr;  // after the last character that the block takes
 };
 
 /// The builder for the program's own 8-bit text.

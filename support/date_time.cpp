@@ -35,7 +35,7 @@ std::string Compose(LocalTime time, std::string_view dateMark, std::string_view 
   return text;
 }
 
-/// Takes pieces off the front of a text; each says whether it was there.
+/// Removes pieces from the front of a text; each member says whether its piece was there.
 class Scanner {
  public:
   explicit Scanner(std::string_view text) : rest_(text) {}
@@ -74,7 +74,7 @@ class Scanner {
   std::string_view rest_;
 };
 
-/// Of a year of two digits, the one that is nearest to our days.
+/// A year of two digits as the whole year nearest to our time.
 int WholeYear(int year) {
   if (year >= 100) return year;
   return year < 30 ? 2000 + year : 1900 + year;

@@ -8,7 +8,7 @@
 
 namespace tarvo {
 
-/// The MD5 message digest (RFC 1321). It names things, it protects nothing.
+/// The MD5 message digest (RFC 1321). It is for names, not for protection.
 class clsMD5 {
  public:
   clsMD5() { MD5Init(); }

@@ -68,7 +68,7 @@ std::size_t DecimalLength(std::string_view text) {
   return end;
 }
 
-/// Whether a decimal number that is not 0 lies below 1, going by its digits and its exponent.
+/// Whether a decimal number that is not 0 is below 1, going by its digits and its exponent.
 bool LiesBelowOne(std::string_view number) {
   const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
   const std::string_view digits = number.substr(0, mark);
@@ -167,7 +167,7 @@ std::string ShortestDecimal(double value) {
 std::string PlainDecimal(double value) {
   const std::string text = ShortestDecimal(value);
   if (text.find('E') == std::string::npos) return text;
-  char digits[1100];  // The longest double has 309 digits before the point or 1074 behind it.
+  char digits[1100];  // The longest double has 309 digits before the point or 1074 after it.
   const auto result =
       std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed);
   return std::string(digits, result.ptr);

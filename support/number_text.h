@@ -10,7 +10,7 @@ namespace tarvo {
 /// what operators know from Windows Basic programs, with "." as the decimal point on every machine.
 
 /// The number that a text starts with; 0 when it starts with none. Blanks, tabs and line feeds are
-/// skipped wherever they stand. "&H" introduces hexadecimal digits, which are the bits of a 32-bit
+/// skipped wherever they are. "&H" introduces hexadecimal digits, which are the bits of a 32-bit
 /// signed number, or a number as large as they say when there are more. An exponent (E or D) is
 /// read. Never fails.
 double NumericValue(std::string_view text);

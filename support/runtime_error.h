@@ -42,7 +42,8 @@ class RuntimeError : public std::runtime_error {
   std::string source_;
 };
 
-/// Runs it, so that a fault of it names what the operator has to mend: a setting, a line of a file.
+/// Runs the work; a fault that it raises names as its source what the operator has to correct: a
+/// setting, a line of a file.
 template <class Work>
 auto NamingSource(const std::string& source, Work work) {
   try {

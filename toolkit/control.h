@@ -8,19 +8,24 @@ namespace tarvo {
 
 class Control;
 
-/// What shows a control on a real screen. It is told of each change and reads the control again.
+/// Shows a control on a real screen. It is called after each change, within the call that makes it,
+/// and reads the control again.
 class ControlMirror {
  public:
   virtual ~ControlMirror() = default;
   virtual void Refresh(const Control& control) = 0;
 };
 
-/// The state that every control of the form has. A control knows no window: the native window of a
-/// control mirrors this object and hands the operator's actions to it.
+/// The state common to all controls. A control knows no window: its mirror, a native widget, shows
+/// this object and passes the operator's actions to it.
 ///
-/// Convention for all controls: `Set...` is the program's own doing; the verbs of the operator
-/// (`Click`, `Type`, `Choose`) do nothing while the control is disabled. Events are plain functions
-/// that the owner of the form fills in; an empty one is skipped.
+/// Convention for all controls: `Set...` is for the program and works on a disabled control too;
+/// the operator's verbs (`Click`, `Type`, `Choose`) then do nothing. Events are plain functions set
+/// by the owner of the form; an empty one is skipped. They are raised within the call that causes
+/// them, after the mirror was refreshed, and may change any control, this one included.
+///
+/// All controls are used on one thread, that of the event loop. Their addresses are kept by mirrors
+/// and events, so they are neither copied nor moved.
 class Control {
  public:
   Control() = default;
@@ -33,7 +38,7 @@ class Control {
   const std::string& ToolTip() const { return toolTip_; }
   void SetToolTip(std::string text);
 
-  /// The mirror must outlive the control or be taken off with nullptr.
+  /// The one mirror; not owned. It must outlive the control or be removed with nullptr first.
   void SetMirror(ControlMirror* mirror) { mirror_ = mirror; }
 
  protected:

@@ -21,10 +21,11 @@ class Label : public Control {
   std::string caption_;
 };
 
-/// What a status light says. Each has a shape of its own, for those who cannot tell the colours.
+/// The states of a status light. Each has a shape of its own, for operators who cannot distinguish
+/// the colours.
 enum class LightState { Healthy, Trouble, NotWatched, Stopped };
 
-/// A status light. Its tool tip is what there is to say beside the state.
+/// A status light. Its tool tip adds details to the state.
 class Light : public Control {
  public:
   LightState State() const { return state_; }
@@ -34,6 +35,7 @@ class Light : public Control {
   LightState state_ = LightState::NotWatched;
 };
 
+/// A push button.
 class CommandButton : public Control {
  public:
   const std::string& Caption() const { return caption_; }
@@ -56,54 +58,57 @@ class CheckBox : public Control {
   /// Raises `onChange` when the value differs from the old one.
   void SetChecked(bool checked);
 
-  /// The operator's click: turns the box over, raises `onChange`, then `onClick`.
+  /// The operator's click: inverts the value, raises `onChange`, then `onClick`.
   void Click();
 
-  std::function<void()> onChange;  ///< The value changed, whoever changed it.
-  std::function<void()>
-      onClick;  ///< The operator clicked; never raised by the program's own doing.
+  std::function<void()> onChange;  ///< By the program or by the operator.
+  std::function<void()> onClick;   ///< The operator clicked; never raised by `SetChecked`.
 
  private:
   bool checked_ = false;
 };
 
-/// A line of text that the operator edits. The caret stands before the character of its position;
-/// with a selection it stands at the selection's start.
+/// A line of text that the operator edits. Positions and lengths are counted in bytes from 0. The
+/// caret is before the character at its position; with a selection it is at the selection's start.
 class TextBox : public Control {
  public:
   const std::string& Text() const { return text_; }
-  /// Puts the caret before the text; raises `onChange` when the text differs from the old one.
+  /// Replaces the text, moves the caret to its start and raises `onChange`; does nothing when the
+  /// text is the same.
   void SetText(std::string text);
   std::size_t Caret() const { return caret_; }
+  /// Removes the selection; a position beyond the text is its end.
   void SetCaret(std::size_t position);
-  /// Characters that are selected behind the caret.
+  /// Selected characters after the caret.
   std::size_t SelectionLength() const { return selectionLength_; }
-  /// Selects the whole text, the caret before it.
+  /// Selects the whole text, with the caret at its start.
   void SelectAll();
 
-  /// Characters that the operator can type at most; 0 for no limit. The program's own texts and
-  /// `Type` are not cut.
+  /// The most characters that the operator can type; 0 for no limit. `SetText` and `Type` do not
+  /// truncate.
   std::size_t MaxLength() const { return maxLength_; }
   void SetMaxLength(std::size_t characters);
 
-  /// The operator's typing: the box now holds `text` with the caret there, or at its end.
+  /// The operator's typing: the box now holds `text`, with the caret at that position or at its
+  /// end. Raises `onChange` when the text differs from the old one.
   void Type(std::string text, std::size_t caret = std::string::npos);
 
-  /// The operator moved the caret or the selection. Mirrors are not told: it came from there.
+  /// The operator moved the caret or the selection; both are limited to the text. The mirror, where
+  /// the move comes from, is not refreshed.
   void MoveCaret(std::size_t position, std::size_t selectionLength = 0);
-  /// What a key counts as that makes a character outside of 8 bits.
+  /// The key code of every character outside of 8 bits.
   static constexpr char kOtherCharacter = 0;
-  /// Whether a key that the operator presses reaches the text; `onKeyPress` may swallow it.
+  /// Whether a key that the operator presses reaches the text; `onKeyPress` may reject it.
   bool LetsThrough(char key) const { return Enabled() && (!onKeyPress || onKeyPress(key)); }
   /// A whole key press: a character or Backspace (8) that is let through edits the text at the
-  /// caret within the greatest length, as a native box does.
+  /// caret, within the maximum length, as a native box does.
   void PressKey(char key);
-  /// The operator entered or left the box.
+  /// The operator entered or left the box. He can leave one that was disabled meanwhile, too.
   void GainFocus();
   void LoseFocus();
 
   std::function<void()> onChange;
-  std::function<bool(char key)> onKeyPress;  ///< False swallows the key.
+  std::function<bool(char key)> onKeyPress;  ///< False rejects the key.
   std::function<void()> onGotFocus;
   std::function<void()> onLostFocus;
 
@@ -119,35 +124,35 @@ inline constexpr char kBackspace = 8;
 /// The keys that a box for digits alone lets through.
 constexpr bool IsDigitOrBackspace(char key) { return key == kBackspace || IsDigit(key); }
 
-/// What every control with a list of entries has. Its text is that of the selected entry, ""
-/// without a selection.
+/// The state common to all controls with a list of entries, whose indexes count from 0. Its text is
+/// that of the selected entry, "" without a selection.
 class ItemList : public Control {
  public:
   const std::vector<std::string>& Items() const { return items_; }
   void AddItem(std::string item);
-  /// Adds them all, telling the mirror once.
+  /// Adds them all and refreshes the mirror once.
   void AddItems(std::vector<std::string> items);
-  /// Takes an entry out; its selection goes with it, without `onSelect`. An index outside the list
-  /// changes nothing.
+  /// Removes an entry, and the selection if it was that one, without `onSelect`. An index outside
+  /// the list changes nothing.
   void RemoveItem(int index);
-  /// Puts these entries in the place of all; the selection goes, without `onSelect`. The mirror is
-  /// told once and never of an empty list between, so that a list on the screen keeps its place.
+  /// Replaces all entries and removes the selection, without `onSelect`. The mirror is refreshed
+  /// once and never sees an empty list in between, so that a list on the screen keeps its place.
   void SetItems(std::vector<std::string> items);
 
   /// Index of the selected entry, -1 without a selection.
   int ListIndex() const { return listIndex_; }
   std::string Text() const;
-  /// Selects an entry, or none with -1, and raises `onSelect` when the selection changed.
-  /// Any other index is the run time's error of an invalid property value.
+  /// Selects an entry, or none with -1, and raises `onSelect` when the selection changed. Raises
+  /// invalid property value (380) for any other index.
   void SetListIndex(int index);
   /// Selects the first entry of this text likewise; without one the selection stays as it is.
   void Select(const std::string& text);
 
-  /// The operator picks an entry that is in the list; `onSelect` is raised even for the selected
-  /// one.
+  /// The operator picks an entry; `onSelect` is raised even for the selected one. An index outside
+  /// the list changes nothing.
   void Choose(int index);
 
-  /// How often entries were taken out: a mirror that only adds is out of date when it grew.
+  /// How often entries were removed: a mirror that only adds is out of date once this has grown.
   std::size_t Removals() const { return removals_; }
 
   std::function<void()> onSelect;
@@ -172,13 +177,13 @@ class ScrollBar : public Control {
  public:
   int Min() const { return min_; }
   int Max() const { return max_; }
-  /// `min` is not above `max`; the value is brought between them.
+  /// `min` must not be above `max`. Limits the value to the new range, as `SetValue` does.
   void SetRange(int min, int max);
   int Value() const { return value_; }
-  /// Brings the value between the ends; raises `onChange` when it differs from the old one.
+  /// Limits the value to the range; raises `onChange` when it differs from the old one.
   void SetValue(int value);
 
-  /// The operator moves the thumb there.
+  /// The operator moves the thumb to this value.
   void Scroll(int value);
 
   std::function<void()> onChange;
@@ -197,7 +202,7 @@ class OptionButton : public Control {
   bool Selected() const { return selected_; }
   /// The program's choice: raises `onChange` when the option was not selected before.
   void Select();
-  /// The operator's click: selects the option, then raises `onClick` at every press.
+  /// The operator's click: as `Select`, then raises `onClick`, at every press.
   void Click();
 
   std::function<void()> onChange;
@@ -226,7 +231,7 @@ class OptionGroup {
   OptionButton options_[3];
 };
 
-/// The pages of the window, one of which is shown. Page 0 is the first.
+/// The pages of the window, one of which is shown. They count from 0; the index is not checked.
 class TabView : public Control {
  public:
   int Page() const { return page_; }

@@ -18,7 +18,7 @@ void EventDispatch::Handle(const std::function<void()>& event) {
   } catch (const RuntimeError& fault) {
     Report(fault);
   } catch (const std::bad_alloc&) {
-    // Told before anything is made of it: even the shortest text may find no memory.
+    // Reported before anything is made of it: there may be no memory even for the shortest text.
     Fail(OwnFault::OutOfMemory);
     Report(RuntimeError(Fault::OutOfMemory));
   } catch (const std::exception& fault) {

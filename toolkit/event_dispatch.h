@@ -7,25 +7,31 @@
 
 namespace tarvo {
 
-/// The one way by which an event of the outside world (a click, a tick, a close request) reaches
-/// the program. A fault that nobody below has handled ends here: `onFault` is called once, after
-/// which no further event is let through. Events may nest, since ticks go on under a message box.
+/// The only way for an event of the outside world (a click, a tick, a close request) to reach the
+/// program. Events run at once, on the calling thread, which is the same for all; they may nest,
+/// since ticks go on during a message box.
 ///
-/// An exception of the standard library, memory that ran out included, is no fault of the run time
-/// but of the program's own: `onOwnFault` is called at once, while the dispatch is still open.
-/// Should it return, the fault is reported as 7 or 51.
+/// A fault that the event has not handled itself ends here: the dispatch closes and `onFault` is
+/// called, once.
+///
+/// An exception of the standard library, out of memory included, is a fault of the program itself:
+/// `onOwnFault` is called first, while the dispatch is still open. If it returns, `onFault` gets
+/// the fault as number 7 or 51.
+///
+/// The owner sets the functions before the first event; an empty one is skipped.
 class EventDispatch {
  public:
-  /// Runs the event, unless the dispatch is closed.
+  /// Runs the event, unless the dispatch is closed. No fault or standard exception of it reaches
+  /// the caller.
   void Run(const std::function<void()>& event);
 
-  /// No event is let through from now on; for a program that is ending.
+  /// Lets no further event through; for a program that is ending. Events that are running go on.
   void Close() { closed_ = true; }
   bool Closed() const { return closed_; }
 
-  std::function<void(const RuntimeError&)> onFault;
+  std::function<void(const RuntimeError&)> onFault;  ///< The dispatch is already closed.
   std::function<void(OwnFault)> onOwnFault;
-  /// The outermost event has come to its end.
+  /// The outermost event has ended, even if it closed the dispatch.
   std::function<void()> onQuiet;
 
  private:

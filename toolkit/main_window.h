@@ -11,45 +11,46 @@ namespace tarvo {
 
 enum class WindowState { Normal, Minimized };
 
-/// The frame around the pages. It begins invisible and without a title; it is shown when the
-/// start-up is through.
+/// The main window. It is invisible and without a title at first, and shown when the start-up is
+/// complete.
 class MainWindow : public Control {
  public:
   const std::string& Title() const { return title_; }
   void SetTitle(std::string title);
 
   WindowState State() const { return state_; }
-  /// Raises `onResize` when the state changed, whoever changed it.
+  /// Raises `onResize` when the state differs from the old one. Called for the operator's changes
+  /// too.
   void SetState(WindowState state);
 
   bool Visible() const { return visible_; }
   void SetVisible(bool visible);
 
-  /// Where it stands on the desktop while it is neither minimized nor maximized; nothing as long as
-  /// nobody has said so.
+  /// Its place on the desktop while it is neither minimized nor maximized; nothing until one is set
+  /// or reported.
   const std::optional<Place>& Standing() const { return standing_; }
-  /// Where it shall stand. A place out of the operator's reach is not taken.
+  /// Asks for a place. The native window ignores one that is out of the operator's reach.
   void SetStanding(const Place& place);
-  /// The operator has moved it there.
+  /// The operator has moved it there; the mirror is not refreshed.
   void MovedTo(const Place& place) { standing_ = place; }
 
   /// Shows the window in its normal state, in front of the others.
   void BringToFront();
   int FrontRequests() const { return frontRequests_; }
 
-  /// The operator's close request: `onClose` decides what becomes of it.
+  /// The operator's close request: raises `onClose`, which decides whether to close.
   void Close();
 
-  /// The system asks whether the operator's session may end, which is never refused. Until it tells
-  /// more, nothing is to happen by itself: `onSessionMayEnd`.
+  /// The system asks whether the operator's session may end, which is never refused: raises
+  /// `onSessionMayEnd`. Until one of the next two calls nothing is to happen by itself.
   void AskForEndOfSession();
-  /// The session does not end after all: `onSessionGoesOn`.
+  /// The session does not end after all: raises `onSessionGoesOn`.
   void CallOffEndOfSession();
-  /// The system ends the operator's session, asked for before or not: he is not asked, and
-  /// `onEndSession` has no say in it.
+  /// The system ends the operator's session, announced or not: raises `onEndSession`, which can
+  /// neither ask the operator nor prevent it.
   void EndSession();
 
-  /// Ends the program with this exit code: no event is handled any more. The first call counts.
+  /// Ends the program with this exit code: no further event is handled. Only the first call counts.
   void End(int exitCode);
   bool Ended() const { return ended_; }
   int ExitCode() const { return exitCode_; }

@@ -4,14 +4,14 @@
 
 namespace tarvo {
 
-/// How far two colours are apart for the eye: 1 (the same) to 21 (black and white).
+/// The contrast ratio of two colours: 1 (the same) to 21 (black and white).
 double Contrast(Colour one, Colour other);
 
 /// Whether white is easier to read on that ground than black.
 bool IsDark(Colour ground);
 
-/// An ink for that ground: as it is on a light one, for which the program's colours are made; on a
-/// dark one as much lighter as a text needs (a contrast of 4.5), its hue kept.
+/// An ink made readable on that ground: unchanged on a light one, which the program's colours are
+/// made for; on a dark one lightened to the contrast that a text needs (4.5), its hue kept.
 Colour Readable(Colour ink, Colour ground);
 
 }  // namespace tarvo

@@ -58,11 +58,11 @@ std::size_t BeginOfLine(std::string_view source, int number) {
 
 bool IsLetter(char c) { return c >= 'a' && c <= 'z'; }
 
-/// A control word of the source: its name and the number behind it.
+/// A control word of the source: its name and the number after it.
 struct ControlWord {
   std::string_view name;
   std::size_t number = 0;
-  std::size_t end = 0;  ///< The position behind the word and the blank that ends it.
+  std::size_t end = 0;  ///< The position after the word and the blank that ends it.
 };
 
 ControlWord ReadWord(std::string_view source, std::size_t begin) {

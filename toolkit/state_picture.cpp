@@ -21,7 +21,7 @@ constexpr unsigned kSamplesInPixel = kSamples * kSamples;
 
 constexpr double kBorder = 0.11;
 constexpr double kRingWidth = 0.26;
-constexpr int kSmallestChecked = 10;  ///< Pixels of a mark in which a check mark can be told.
+constexpr int kSmallestChecked = 10;  ///< Pixels of a mark in which a check mark can be seen.
 
 struct Inks {
   Colour background;

@@ -21,9 +21,9 @@ struct MarkInks {
   std::uint32_t other;
 };
 
-/// The same states where there is little room: one pixel of a mark that is `size` pixels wide, as
+/// The same states where there is little space: one pixel of a mark that is `size` pixels wide, as
 /// 0xAARRGGBB. Healthy: a disc, with a check mark from 10 pixels on. Trouble: a cross. Any other: a
-/// ring. A pixel's colour is that of its covered part alone.
+/// ring. A pixel that is covered in part has the colour of that part alone.
 std::uint32_t MarkPixel(LightState state, const MarkInks& inks, int size, int column, int row);
 
 }  // namespace tarvo

@@ -8,11 +8,11 @@
 
 namespace tarvo {
 
-/// What a cell of a strip says; `Unseen` is a time at which nobody looked.
+/// The states of a cell; `Unseen` is a time that nobody observed.
 enum class StripState : std::uint8_t { Unseen, Stopped, NotWatched, Healthy, Trouble };
 
-/// A row of cells, from the oldest at the left to the newest at the right: what a component did in
-/// a stretch of time. It begins unseen.
+/// A row of cells, from the oldest at the left to the newest at the right: the history of a
+/// component over some time. All of it is unseen at first.
 class StatusStrip : public Control {
  public:
   static constexpr std::size_t kCells = 120;
@@ -22,9 +22,9 @@ class StatusStrip : public Control {
   /// How many cells have this state.
   std::size_t CountOf(StripState state) const;
 
-  /// Moves on by so many cells, which are unseen, then notes a state in the newest one. A cell in
-  /// which there was trouble once says so; otherwise it says what was noted last. True when the
-  /// strip looks different now; only then is it drawn again.
+  /// Moves on by so many cells, which are unseen, then notes a state in the newest one. A cell that
+  /// was in trouble once stays so; otherwise the state noted last counts. True when the strip looks
+  /// different now; only then is the mirror refreshed.
   bool Note(StripState state, std::size_t movesOn);
 
  private:

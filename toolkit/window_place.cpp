@@ -15,7 +15,7 @@ int Common(int begin, int length, int otherBegin, int otherLength) {
   return std::min(begin + length, otherBegin + otherLength) - std::max(begin, otherBegin);
 }
 
-/// The number at the beginning of the text, which is taken off together with the comma behind it.
+/// Removes the number at the start of the text and returns it; nothing when there is none in range.
 std::optional<int> TakeNumber(std::string_view& text) {
   int number = 0;
   const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);

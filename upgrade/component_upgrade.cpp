@@ -19,7 +19,7 @@ void ComponentUpgrade::UpdateNow_Click() {
   const bool anyRuns = std::any_of(with_.components.begin(), with_.components.end(),
                                    [](const Component& c) { return c.ProcessId != 0; });
   if (anyRuns && with_.messageBoxes.Ask(UpgradeQuestion()) != Answer::Yes) return;
-  // A tick under the question may have ended the program.
+  // A tick during the question may have ended the program.
   if (with_.controls.window.Ended()) return;
   ShowResult(RunUpgrade(0));
 }

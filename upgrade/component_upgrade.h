@@ -33,9 +33,9 @@ struct UpgradeControls {
 /// last-modified date differs from the one remembered from the upgrade before.
 ///
 /// A new executable that the backup is about to write over, since it is the backup of the same
-/// minute, is taken aside first, into `LBackup` under "new_" and the name of its component's
-/// backup, and goes from there when all three are in their places. A fault or a kill in between
-/// leaves it.
+/// minute, is copied aside first, into `LBackup` under "new_" and the name of its component's
+/// backup, and removed from there when all three are in place. A fault or a kill in between leaves
+/// the copy.
 class ComponentUpgrade {
  public:
   /// What the upgrade works with.
@@ -54,15 +54,16 @@ class ComponentUpgrade {
 
   explicit ComponentUpgrade(Parts parts) : with_(std::move(parts)) {}
 
-  /// The operator's upgrade: asks first when a component runs, and tells the result in a box.
+  /// The operator's upgrade: asks first when a component runs, and shows the result in a message
+  /// box.
   void UpdateNow_Click();
 
-  /// Tells the operator what became of an upgrade, by its code; kUpgradeSeeLog shows the page of
-  /// the log too. A code that there is not tells nothing.
+  /// Shows the operator the result of an upgrade in a message box, by its code; kUpgradeSeeLog also
+  /// shows the page of the log. An unknown code shows nothing.
   void ShowResult(int code);
 
-  /// Upgrades all three executables, to the end, within the event that called. `trigger` is 0 for
-  /// the operator, 1, 2, 3 when login, char, map has crashed; that component is started afterwards
+  /// Upgrades all three executables before it returns, within one event. `trigger` is 0 for the
+  /// operator, 1, 2, 3 when login, char, map has crashed; that component is started afterwards
   /// whether or not it ran. Returns a code of upgrade_boxes.h, 0 when the upgrade is done. A
   /// refused upgrade (any other code) has touched no file and stopped nothing.
   ///
@@ -70,9 +71,9 @@ class ComponentUpgrade {
   /// stays copied, no date is remembered, and nothing is started again.
   int RunUpgrade(int trigger);
 
-  /// The component has crashed: upgrades if the chosen trigger says so. True when the upgrade has
+  /// The component has crashed: upgrades if the chosen trigger applies. True when the upgrade has
   /// started again what has to run; false when the component is still to be started, since the
-  /// trigger does not hold, the upgrade was refused, or the component died while another upgrade
+  /// trigger does not apply, the upgrade was refused, or the component died while another upgrade
   /// stops the servers.
   bool TakesOverCrash(ComponentKind kind);
 

@@ -8,10 +8,10 @@
 
 namespace tarvo {
 
-/// The upgrade's file operations. A file that is held is tried again as `Patience` says. What fails
-/// then, or for any other reason, is a fault of the run time: 53 for what is missing, 61 for a full
-/// disk, 70 for a file in use, 75 for everything else; its source names the files, the system's own
-/// words for the reason and the system's number.
+/// The upgrade's file operations. A file that is held is tried again as `Patience` says. A failure
+/// after that, or for any other reason, is a fault of the run time: 53 for what is missing, 61 for
+/// a full disk, 70 for a file in use, 75 for everything else; its source names the files, the
+/// system's own words for the reason and the system's number.
 class PatientCopies {
  public:
   PatientCopies(FileCopies& copies, TickClock& clock) : copies_(copies), patience_(clock) {}
@@ -22,7 +22,7 @@ class PatientCopies {
   bool SameFile(const std::string& one, const std::string& other) {
     return copies_.SameFile(one, other);
   }
-  /// A file that cannot be taken away stays: whoever calls has no more use for it.
+  /// A file that cannot be removed stays: the caller has no further use for it.
   void Remove(const std::string& path) { copies_.Remove(path); }
 
   bool FolderExists(const std::string& path) { return copies_.FolderExists(path); }

@@ -12,7 +12,7 @@
 
 namespace tarvo {
 
-/// What shows and edits the upgrade's settings.
+/// The controls that show and edit the upgrade's settings.
 struct UpgradeSettingsControls {
   PerComponent<PathBox>& newFiles;
   std::span<Label, kComponentCount> targets;

@@ -38,7 +38,7 @@ bool FrameKeys::PageKey(const MSG& message) {
   return true;
 }
 
-/// The keys of a search go to the log wherever the focus is, while the log is to be seen.
+/// The keys of a search go to the log wherever the focus is, while the log is visible.
 bool FrameKeys::SearchKey(const MSG& message) {
   const bool find = message.wParam == 'F' && Down(VK_CONTROL) && !Down(VK_MENU);
   if (message.message != WM_KEYDOWN || !(find || message.wParam == VK_F3)) return false;
@@ -57,7 +57,7 @@ bool FrameKeys::TakeOfDialog(MSG& message) {
 }
 
 /// Access keys press or focus at once; the dialog manager would only focus the start buttons, whose
-/// keys stand in the names beside them.
+/// keys are in the names beside them.
 bool FrameKeys::AccessKey(const MSG& message) {
   if (message.message != WM_SYSCHAR) return false;
   const auto key = static_cast<unsigned char>(message.wParam);

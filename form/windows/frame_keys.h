@@ -19,7 +19,7 @@ class FrameKeys {
             std::function<HWND()> log)
       : window_(window), tabs_(tabs), shownPage_(std::move(shownPage)), log_(std::move(log)) {}
 
-  /// True when the message, which goes to `window` or to a control in it, is done with.
+  /// Handles a message to `window` or to a control in it. True when nothing is left to do with it.
   bool Take(MSG& message);
   /// The same for a message to another window of the program.
   bool TakeOfDialog(MSG& message);

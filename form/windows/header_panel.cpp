@@ -13,7 +13,7 @@ constexpr char kWidestMemory[] = "100% (9,999,999.99 MB)";
 constexpr char kUsualFailure[] = "Login: 2026-12-31 23:59:59";
 
 /// A light, its component's name and its last hour, three times; then the figures. The strips take
-/// the room that is left over.
+/// the space that is left over.
 enum Column { kLight0, kName0, kStrip0, kMemoryCaption = 9, kMemory };
 enum Row { kTop, kLights };
 

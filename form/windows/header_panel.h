@@ -5,7 +5,7 @@
 
 namespace tarvo {
 
-/// What is seen above the pages: the server's name, the free memory, the lights, the last failure.
+/// What is above the pages: the server's name, the free memory, the lights, the last failure.
 class HeaderPanel : public Panel {
  public:
   HeaderPanel(Stage& stage, HWND parent, Frame& frame);

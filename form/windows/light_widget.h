@@ -10,7 +10,7 @@
 namespace tarvo {
 
 /// A status light: a drawn window whose text is its component's name and state, and whose colour
-/// can be asked for from outside by the property `kLightColourProperty`.
+/// other programs can read as the property `kLightColourProperty`.
 class LightWidget : public PaintedWidget<Light> {
  public:
   LightWidget(Stage& stage, HWND parent, int id, Light& light, std::string name);

@@ -9,8 +9,8 @@
 namespace tarvo {
 
 /// Searches the text of a rich edit with the system's own search dialog, which stays up beside the
-/// window. A found place is selected and brought into sight; the search goes on from the selection
-/// and round the end of the text. Nothing found is a beep.
+/// window. A found place is selected and scrolled into view; the search goes on from the selection
+/// and wraps around at the end of the text. It beeps when it finds nothing.
 class LogSearch {
  public:
   LogSearch() = default;
@@ -18,10 +18,10 @@ class LogSearch {
   LogSearch(const LogSearch&) = delete;
   LogSearch& operator=(const LogSearch&) = delete;
 
-  /// The window that holds the text; before anything else.
+  /// Sets the window that holds the text; to be called before anything else.
   void Of(HWND text) { text_ = text; }
 
-  /// Puts the dialog up, or brings it to the front.
+  /// Opens the dialog, or brings it to the front.
   void Ask();
   /// Searches for the same again; asks when there was no search yet.
   void Again(bool backwards);

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kTwipsPerInch = 1440;
 
-/// Holds the drawing of a window back, then has it drawn once, without erasing it first.
+/// Suspends the drawing of a window, then has it drawn once, without erasing it first.
 class Still {
  public:
   explicit Still(HWND window) : window_(window) { SendMessageA(window_, WM_SETREDRAW, FALSE, 0); }
@@ -118,7 +118,7 @@ void LogWidget::ScrollToEnd() {
   SendMessageA(Window(), WM_VSCROLL, SB_BOTTOM, 0);
 }
 
-/// Letters that were taken off the beginning move the place that is read by as many.
+/// Letters that were removed at the beginning move the place that is read by as many.
 void LogWidget::Restore(const Reading& reading) {
   if (reading.atEnd) return ScrollToEnd();
   CHARRANGE selection = {std::max(0L, reading.selection.cpMin - reading.gone),
@@ -136,14 +136,14 @@ LONG LogWidget::HeightOf(LONG letter) const {
   return place.y;
 }
 
-/// Puts the caret behind all text.
+/// Puts the caret at the end of the text.
 void LogWidget::GoToEnd() {
   const LONG end = Length();
   CHARRANGE behindAll{end, end};
   SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&behindAll));
 }
 
-/// At the caret, which stands behind it then.
+/// Inserts at the caret, which is after the piece then.
 void LogWidget::Insert(const ColouredText& piece) {
   CHARFORMATA format{};
   format.cbSize = sizeof format;
@@ -159,7 +159,7 @@ void LogWidget::Insert(const ColouredText& piece) {
 
 void LogWidget::Appended(const ColouredText& piece) {
   FallBehind();
-  // A line end has no colour to be seen.
+  // The colour of a line end is not visible.
   if (piece.text == kLineEnd && !missing_.empty()) {
     missing_.back().text += kLineEnd;
   } else {
@@ -167,7 +167,7 @@ void LogWidget::Appended(const ColouredText& piece) {
   }
 }
 
-/// Pieces that are more than all that is left would be put in for nothing.
+/// Pieces longer than all that the view has left would be inserted only to be removed.
 void LogWidget::Replaced() {
   FallBehind();
   outdated_ = true;
@@ -176,13 +176,13 @@ void LogWidget::Replaced() {
   if (length > control_.SourceLength()) missing_.clear();
 }
 
-/// Any message makes it catch up, so one is sent on its way.
+/// Any message makes it catch up, so one is posted.
 void LogWidget::FallBehind() {
   if (!behind_) PostMessageA(Window(), WM_NULL, 0, 0);
   behind_ = true;
 }
 
-/// Shows what the view has been given since the last time, all of it at once.
+/// Shows everything that the view has been given since the last time, in one step.
 void LogWidget::CatchUp() {
   if (!std::exchange(behind_, false)) return;
   const std::vector<ColouredText> pieces = std::exchange(missing_, {});
@@ -199,8 +199,8 @@ void LogWidget::CatchUp() {
   Restore(reading);
 }
 
-/// Takes the letters off, with an undo step that is thrown away at once: where none is kept, Wine's
-/// rich edit loses 0.3 KiB of memory for each line end that goes.
+/// Removes the letters, with an undo step that is discarded at once: without undo, Wine's rich edit
+/// leaks 0.3 KiB of memory for each line end removed.
 void LogWidget::Remove(CHARRANGE letters) {
   SendMessageA(Window(), EM_SETUNDOLIMIT, 1, 0);
   SendMessageA(Window(), EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&letters));
@@ -209,7 +209,7 @@ void LogWidget::Remove(CHARRANGE letters) {
   SendMessageA(Window(), EM_SETUNDOLIMIT, 0, 0);
 }
 
-/// Begins anew with all that the view has.
+/// Starts again with all that the view has.
 void LogWidget::ShowAll() {
   Remove({0, -1});
   shown_.clear();
@@ -218,8 +218,8 @@ void LogWidget::ShowAll() {
   for (const ColouredText& piece : control_.Pieces()) Insert(piece);
 }
 
-/// Takes off the beginning what `kept` no longer has. False, and nothing done, when `kept` is not
-/// the end of what is shown, or what is shown is not whole.
+/// Removes from the beginning what `kept` no longer has. False, and nothing done, when `kept` is
+/// not the end of what is shown, or what is shown was shortened.
 bool LogWidget::DropOldest(const std::string& kept) {
   if (shortened_ || !shown_.ends_with(kept)) return false;
   shown_ = kept;

@@ -14,10 +14,10 @@
 
 namespace tarvo {
 
-/// The log's native view. New text comes in at the end without the rest being drawn again, and the
-/// view follows it while the operator looks at the end; one who reads further up, or has selected
-/// something, keeps his place. What comes within one event is shown at once when the event is over,
-/// and whoever asks the window before is shown it first.
+/// The log's native view. New text is added at the end without redrawing the rest, and the view
+/// follows it while the operator looks at the end; one who reads further up, or has selected
+/// something, keeps his place. What is added within one event is shown in one step when the event
+/// is over, or before the window answers any message.
 ///
 /// The right mouse button or the menu key shows what else can be done: copy, select all, find
 /// (Ctrl+F, then F3 and Shift+F3), open the day's file. On a dark ground the colours are lighter;
@@ -39,8 +39,8 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
     bool atEnd = true;
     CHARRANGE selection{};
     LONG topLetter = 0;  ///< The first one in view.
-    LONG topHeight = 0;  ///< Where it stands, in pixels under the upper edge.
-    LONG gone = 0;       ///< Letters taken off the beginning since then.
+    LONG topHeight = 0;  ///< Its distance from the upper edge, in pixels.
+    LONG gone = 0;       ///< Letters removed at the beginning since then.
   };
 
   LRESULT Keys(UINT message, WPARAM w, LPARAM l);
@@ -63,11 +63,11 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
 
   LogSearch search_;
   bool plain_ = false;     ///< In the system's colours.
-  bool behind_ = false;    ///< The window does not show yet what follows.
-  bool outdated_ = false;  ///< Lines are gone from the view's beginning, or all is another.
+  bool behind_ = false;    ///< The window does not show the next two yet.
+  bool outdated_ = false;  ///< Lines at the view's beginning, or all, were replaced.
   std::vector<ColouredText> missing_;
   std::string shown_;       ///< The window's text, as the view has it.
-  bool shortened_ = false;  ///< Of a piece of it only the beginning is in the window.
+  bool shortened_ = false;  ///< The window has only the beginning of some piece.
   COLORREF ground_ = GetSysColor(COLOR_WINDOW);
 };
 

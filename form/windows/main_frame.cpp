@@ -80,7 +80,7 @@ void MainFrame::ShowAsWanted() {
   const MainWindow& wanted = stage_.window;
   if (TextOf(window_) != wanted.Title()) SetWindowTextA(window_, wanted.Title().c_str());
   if (wanted.Ended()) {
-    // Ends the loop of a message box as well, should one be up.
+    // Ends the loop of a message box as well, if one is open.
     PostQuitMessage(wanted.ExitCode());
     return;
   }
@@ -98,13 +98,13 @@ void MainFrame::ShowAsWanted() {
     ShowFirst();
   }
   if (!toFront) return;
-  // One that was minimized from its full size has that back now, and is restored once more.
+  // A window that was minimized while maximized is maximized again now; it is restored once more.
   if (IsZoomed(window_)) ShowWindow(window_, SW_RESTORE);
   frontRequests_ = wanted.FrontRequests();
   SetForegroundWindow(window_);
 }
 
-/// A window that begins minimized was never an icon either when another program shows it.
+/// Another program shows a window that began minimized: that one was never an icon either.
 void MainFrame::ShownFromOutside() {
   MainWindow& window = stage_.window;
   if (window.Visible() || window.State() != WindowState::Minimized) return;
@@ -120,7 +120,7 @@ void MainFrame::Sized(WPARAM kind) {
   }
   RECT client{};
   GetClientRect(window_, &client);
-  // The first show tells the size once more.
+  // The first show reports the size once more.
   if (!scroll_.BarsChange() && !EqualRect(&client, &arranged_)) Arrange();
   place_.Report();
   if (!iconic_) return;
@@ -128,7 +128,7 @@ void MainFrame::Sized(WPARAM kind) {
   stage_.Happens([&window] { window.SetState(WindowState::Normal); });
 }
 
-/// A window that begins minimized was never an icon, so restoring it is no change of its size.
+/// A window that began minimized was never an icon, so restoring it does not change its size.
 void MainFrame::Restoring() {
   MainWindow& window = stage_.window;
   if (!IsIconic(window_)) {
@@ -154,7 +154,7 @@ void MainFrame::Arrange() {
   const LONG headerEnd = whole.top + header_.Smallest().height;
   pageRoom_ =
       tabs_.Occupy({whole.left + margin, headerEnd, whole.right - margin, whole.bottom - margin});
-  // What is above the pages has their left and right edge.
+  // What is above the pages is aligned with their left and right edges.
   header_.Occupy({pageRoom_.left, whole.top, pageRoom_.right, headerEnd});
   for (const auto& page : pages_) {
     if (page) page->Occupy(pageRoom_);

@@ -16,22 +16,24 @@
 
 namespace tarvo {
 
-/// The main window with all that is in it.
+/// The main window with everything in it.
 ///
 /// The page that is shown first is made when the window is shown, the others once that has been
 /// painted, or with the first messages of a window that begins hidden: making a hundred controls
-/// takes longer than all else that the start-up does. No message of the operator comes before them.
+/// takes longer than everything else at start-up. They exist before any message of the operator is
+/// handled.
 class MainFrame : private ControlMirror {
  public:
   MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch);
   ~MainFrame() override;
 
   HWND Window() const { return window_; }
-  /// Takes a message of the loop before it goes to its window; true when it is done with.
+  /// Takes a message of the loop before it goes to its window; true when nothing is left to do with
+  /// it.
   bool Take(MSG& message);
 
  private:
-  /// Posted to the window once, when it begins: the pages that are not yet there are made then.
+  /// Posted to the window once, at its start: the pages that are still missing are made then.
   static constexpr UINT kCompletePagesMessage = WM_APP;
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);

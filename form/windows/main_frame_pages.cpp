@@ -35,13 +35,13 @@ BOOL CALLBACK KeepOpen(HWND window, LPARAM /*unused*/) {
   return TRUE;
 }
 
-/// Whoever asks every window of the program to close means the main one, and that may refuse: tool
-/// tips and the open halves of lists stay with it.
+/// A program that asks all our windows to close means the main one, which may refuse: tool tips and
+/// the open halves of lists stay with it.
 void KeepPopupsOpen() { EnumThreadWindows(GetCurrentThreadId(), KeepOpen, 0); }
 
 }  // namespace
 
-/// Shows the window painted, with the one page that is to be seen.
+/// Shows the window already painted, with only the page that is visible.
 void MainFrame::ShowFirst() {
   ShownPage();
   place_.KeepQuiet();
@@ -60,7 +60,7 @@ Panel& MainFrame::Page(int index) {
   return *page;
 }
 
-/// A page that needs more room than the window was given gets it, as far as the screen goes.
+/// A page that needs more space than the window has gets it, as far as the screen allows.
 void MainFrame::CompletePages() {
   header_.OfferTips();
   for (std::size_t i = 0; i < pages_.size(); ++i) Page(static_cast<int>(i)).OfferTips();

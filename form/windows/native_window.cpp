@@ -29,7 +29,7 @@ int NativeWindow::Run() {
     TranslateMessage(&message);
     DispatchMessageA(&message);
   }
-  // A quit request that is left over would close whatever box is shown after this.
+  // A quit request that is left over would close the next box that is shown.
   PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
   return impl_->window.ExitCode();
 }

@@ -9,12 +9,12 @@
 
 namespace tarvo {
 
-/// The native window of the form: it mirrors every control of it and hands what the operator does,
-/// and the ticks of the timers, to the program through the dispatch. It begins invisible and
+/// The native window of the form: it mirrors every control of it and passes what the operator does,
+/// and the ticks of the timers, to the program through the dispatch. It is invisible at first and
 /// follows `form.frame.window` from then on.
 ///
-/// Form, timers and dispatch must outlive it; after it is gone the form has no mirrors. One at a
-/// time, on the thread that made it.
+/// Form, timers and dispatch must outlive it; after its end the form has no mirrors. There is at
+/// most one at a time, used on the thread that made it.
 class NativeWindow {
  public:
   NativeWindow(Form& form, TimerQueue& timers, EventDispatch& dispatch);
@@ -26,7 +26,7 @@ class NativeWindow {
   std::intptr_t Handle() const;
 
   /// Handles events until the form's window has ended, and returns its exit code. A message box
-  /// that is up when the end comes is closed.
+  /// that is open at the end is closed.
   int Run();
 
  private:

@@ -27,7 +27,7 @@ using BoxKind = CheckWidget::Kind;
 
 /// What differs between the rows of the table.
 struct ServerTexts {
-  const char* label;  ///< Its access key goes to the executable.
+  const char* label;  ///< Its access key focuses the executable.
   char labelKey;
   const char* window;  ///< The option that shows and hides the server's window.
   char windowKey;
@@ -85,8 +85,9 @@ void ServersPanel::AddServer(ServersPage& page, ComponentKind kind) {
 }
 
 void ServersPanel::AddLauncher(ServersPage& page) {
-  Add<CheckWidget>(Slot{kRestartAll, kAutokill, kColumns - kAutokill, false}, NumberOf("chkAK", 3),
-                   page.chkAK[3], "&Restart All components with Map Autokill")
+  Add<CheckWidget>(Slot{kRestartAll, kAutokill, kColumns - kAutokill, false},
+                   NumberOf("chkAK", kAutokillOfAll), page.chkAK[kAutokillOfAll],
+                   "&Restart All components with Map Autokill")
       .SetAccessKey('r');
   Add<CaptionWidget>(Slot{kLogFile, kName}, "Log file");
   Add<CheckWidget>(Slot{kLogFile, kExecutable, 1, false}, NumberOf("WLog"), page.WLog,

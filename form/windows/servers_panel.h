@@ -5,7 +5,7 @@
 
 namespace tarvo {
 
-/// The second page: a table with one row a server, and the launcher's own settings under it.
+/// The second page: a table with one row per server, and the launcher's own settings under it.
 class ServersPanel : public Panel {
  public:
   ServersPanel(Stage& stage, HWND parent, ServersPage& page);

@@ -9,7 +9,7 @@ namespace tarvo {
 /// A button that shows its control's background colour. Its window text is the caption alone; the
 /// access key is underlined in it where the caption has that letter.
 ///
-/// The second press of a double click is left out: it would take back what the first one did.
+/// The second press of a double click is ignored: it would undo what the first one did.
 class StartButton : public DrawnButton {
  public:
   StartButton(Stage& stage, HWND parent, int id, CommandButton& button, std::string widest);

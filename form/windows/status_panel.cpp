@@ -8,7 +8,8 @@
 namespace tarvo {
 namespace {
 
-/// A button and the name of its component beside it, three times; then room; then both for all.
+/// A button and the name of its component beside it, three times; then space; then the two buttons
+/// for all.
 enum Column { kButton0, kName0, kRoom = 6, kStartAll, kStopAll, kColumns };
 enum Row { kLog, kButtons };
 
@@ -36,9 +37,11 @@ StatusPanel::StatusPanel(Stage& stage, HWND parent, StatusPage& page)
                      kWidestToggle)
         .SetAccessKey(kToggleKeys[index]);
   }
-  Add<StartButton>(Slot{kButtons, kStartAll}, NumberOf("bStart", 3), page.bStart[3], kWidestForAll)
+  Add<StartButton>(Slot{kButtons, kStartAll}, NumberOf("bStart", kStartAllButton),
+                   page.bStart[kStartAllButton], kWidestForAll)
       .SetAccessKey('s');
-  Add<StartButton>(Slot{kButtons, kStopAll}, NumberOf("bStart", 4), page.bStart[4], kWidestForAll)
+  Add<StartButton>(Slot{kButtons, kStopAll}, NumberOf("bStart", kStopAllButton),
+                   page.bStart[kStopAllButton], kWidestForAll)
       .SetAccessKey('o');
 }
 

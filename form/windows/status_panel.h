@@ -5,7 +5,7 @@
 
 namespace tarvo {
 
-/// The first page: the log, which takes all room, and the start buttons under it.
+/// The first page: the log, which takes all free space, and the start buttons under it.
 class StatusPanel : public Panel {
  public:
   StatusPanel(Stage& stage, HWND parent, StatusPage& page);

@@ -33,7 +33,7 @@ Bar BarOf(StripState state) {
   return {0, 0};
 }
 
-/// From column `begin` of the inside to the one before `end`.
+/// Columns of the inside, from `begin` to the one before `end`.
 void PaintBar(HDC target, const RECT& inside, const Bar& bar, std::size_t begin, std::size_t end) {
   const LONG height = inside.bottom - inside.top;
   const RECT area = {inside.left + static_cast<LONG>(begin),
@@ -59,7 +59,7 @@ void StripWidget::Show() {
   Repaint();
 }
 
-/// One trouble among several cells that share a place is seen; otherwise the newest one counts.
+/// Of several cells that share a column, one in trouble is shown; otherwise the newest one.
 StripState StripWidget::StateAt(std::size_t x, std::size_t width) const {
   const std::size_t first = x * StatusStrip::kCells / width;
   const std::size_t end = std::max(first + 1, (x + 1) * StatusStrip::kCells / width);

@@ -5,10 +5,10 @@
 
 namespace tarvo {
 
-/// A component's last hour as a row of bars, the newest at the right. The height of a bar tells as
-/// much as its colour: trouble stands from top to bottom, healthy half as high, not watched is low,
-/// stopped is a line at the bottom, and what nobody saw is empty. It takes
-/// whatever width it is given. Its text is the strip in words.
+/// A component's last hour as a row of bars, the newest at the right. The height of a bar says the
+/// same as its colour: trouble is as high as the strip, healthy half as high, not watched is low,
+/// stopped is a line at the bottom, unseen is empty. Any width will do. Its text is the strip in
+/// words.
 class StripWidget : public PaintedWidget<StatusStrip> {
  public:
   StripWidget(Stage& stage, HWND parent, int id, StatusStrip& strip);

@@ -5,7 +5,7 @@
 
 namespace tarvo {
 
-/// The upgrade's page: one row a server, from the new executable to the one that it replaces; the
+/// The upgrade's page: one row per server, from the new executable to the one that it replaces; the
 /// trigger and the options under it, and the button at the bottom.
 class UpgradePanel : public Panel {
  public:

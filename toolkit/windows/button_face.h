@@ -8,7 +8,7 @@
 
 namespace tarvo {
 
-/// What a coloured button looks like at a moment.
+/// The appearance of a coloured button at one moment.
 struct ButtonFace {
   std::string caption;
   char accessKey = 0;  ///< Underlined when the caption has it and `showKey` is set; lower case.
@@ -22,7 +22,7 @@ struct ButtonFace {
   int corner = 4;  ///< Pixels.
 };
 
-/// The caption with `&` before the first place of the access key in it, if it has that letter.
+/// The caption with `&` before the first occurrence of the access key, if it has that letter.
 std::string Marked(std::string caption, char accessKey);
 
 /// Draws the face in one step, so that nothing flickers. Under high contrast the system's own

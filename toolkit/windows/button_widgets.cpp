@@ -9,7 +9,7 @@ namespace tarvo {
 namespace {
 
 constexpr int kMarkSquare =
-    16;  ///< A check box or an option, and what little lies around it, at 100 %.
+    16;  ///< A check box or an option, and the little space around it, at 100 %.
 
 void SetCheck(HWND window, bool checked) {
   const LRESULT now = SendMessageA(window, BM_GETCHECK, 0, 0);
@@ -28,7 +28,7 @@ Extent ButtonExtent(const Look& look, const std::string& text) {
   return {std::max(width, look.Px(76)), look.ControlHeight()};
 }
 
-/// The room of a check box or an option with its text.
+/// The size of a check box or an option with its text.
 Extent MarkedExtent(const Look& look, const std::string& text) {
   return {look.Px(kMarkSquare) + look.TextExtent(text).width + look.Px(8), look.ControlHeight()};
 }
@@ -94,7 +94,7 @@ void OptionWidget::Command(int code) {
 void OptionWidget::Access() { Press(Window()); }
 
 LRESULT OptionWidget::Focus(UINT message, WPARAM w, LPARAM l) {
-  // The arrow keys, too, would press the option that they go to.
+  // The arrow keys, too, would press the option that they move to.
   if (message == WM_GETDLGCODE) return DLGC_BUTTON;
   if (message == WM_SETFOCUS) focusing_ = true;
   const LRESULT answer = DefSubclassProc(Window(), message, w, l);

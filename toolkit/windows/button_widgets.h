@@ -18,8 +18,8 @@ class ButtonWidget : public Mirror<CommandButton> {
   void Show() override;
 };
 
-/// A check box with its text beside it; or, in a table whose column head tells the text, the box
-/// alone, the text then being its name for screen readers.
+/// A check box with its text beside it; or, in a table whose column head has the text, the box
+/// alone; the text is then its name for screen readers.
 class CheckWidget : public Mirror<CheckBox> {
  public:
   enum class Kind { WithText, BoxAlone };
@@ -28,7 +28,7 @@ class CheckWidget : public Mirror<CheckBox> {
   Extent Natural() const override;
   void Command(int code) override;
   void Access() override;
-  /// Nothing marks the focus of a box without text, so its panel has to.
+  /// A box without text has no mark of its focus; its panel draws one.
   bool BoxAlone() const { return kind_ == Kind::BoxAlone; }
 
  protected:
@@ -39,8 +39,8 @@ class CheckWidget : public Mirror<CheckBox> {
 };
 
 /// An option that acts at each press, also when it is the selected one. It is pressed by a click,
-/// by the space bar or by its access key; the keyboard's coming by alone does not press it, and
-/// every option is a stop of the Tab key.
+/// by the space bar or by its access key; receiving the focus does not press it, and the Tab key
+/// stops at every option.
 class OptionWidget : public Mirror<OptionButton> {
  public:
   OptionWidget(Stage& stage, HWND parent, int id, OptionButton& option, const std::string& text);
@@ -53,7 +53,7 @@ class OptionWidget : public Mirror<OptionButton> {
 
  private:
   LRESULT Focus(UINT message, WPARAM w, LPARAM l);
-  bool focusing_ = false;  ///< The native button reports a click because it gets the keyboard.
+  bool focusing_ = false;  ///< The native button reports a click because it gets the focus.
 };
 
 }  // namespace tarvo

@@ -1,5 +1,5 @@
-// The common controls, loaded late: comctl32 in the import table would be there before `main`, and
-// would fetch the theme library from wherever one of that name lies.
+// The common controls, loaded late: comctl32 in the import table would be loaded before `main`, and
+// would load the theme library from wherever a file of that name is found.
 
 #include "toolkit/windows/common_controls.h"
 

@@ -6,7 +6,7 @@
 
 namespace tarvo {
 
-/// Registers the window classes of the common controls; before the first window.
+/// Registers the window classes of the common controls. Call it before the first window is made.
 void LoadCommonControls();
 
 }  // namespace tarvo

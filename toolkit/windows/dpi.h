@@ -6,11 +6,11 @@
 
 namespace tarvo {
 
-/// The resolution that a window is shown at: that of its monitor where the system knows one for
-/// each, otherwise that of the whole screen.
+/// The resolution that a window is shown at, in dots per inch: that of its monitor where the system
+/// knows one for each, otherwise that of the whole screen.
 int DpiOf(HWND window);
 
-/// The resolution that programs start with, which rich text goes by.
+/// The resolution that programs start with, which rich text is measured at.
 int SystemDpi();
 
 /// Enlarges a client rectangle to the window around it.

@@ -42,8 +42,8 @@ class ScreenContext {
   HDC context_ = GetDC(nullptr);
 };
 
-/// A pen, brush, font or bitmap that is selected into a device context; at the end of this object's
-/// life the one before is selected again. Neither the context nor the object may go earlier.
+/// Keeps a pen, brush, font or bitmap selected into a device context; its destructor selects the
+/// previous one again. Context and object must outlive it.
 class Selected {
  public:
   Selected(HDC context, HGDIOBJ object)
@@ -73,7 +73,7 @@ class Painting {
   HDC target_;
 };
 
-/// A picture that is drawn beside the screen, so that nobody sees it half done.
+/// A picture that is drawn off the screen, so that nobody sees it half drawn.
 class Canvas {
  public:
   /// As large as `extent`, in pixels, and for the colours of `screen`.

@@ -13,7 +13,7 @@ class DrawnButton : public Mirror<CommandButton> {
  public:
   void Command(int code) override;
   void Access() override;
-  /// The window has it as a property, too, for its text does not tell it.
+  /// Also kept as a property of the window, whose text does not show it.
   void SetAccessKey(char key) override;
   void Detach() override;
 

@@ -11,7 +11,7 @@ namespace {
 /// A list's notification of our own, posted when it closes.
 constexpr int kSettled = 0x7F00;
 
-/// The native box is one of UTF-16, whose low byte says nothing of a character outside of 8 bits.
+/// The native box is UTF-16; the low byte says nothing about a character outside of 8 bits.
 char KeyOf(WPARAM character) {
   constexpr WPARAM kLastOfOneByte = 0xFF;
   return character > kLastOfOneByte ? TextBox::kOtherCharacter : static_cast<char>(character);
@@ -50,8 +50,8 @@ LRESULT TextWidget::Keys(UINT message, WPARAM w, LPARAM l) {
   return result;
 }
 
-/// Leaving the main window, for another program or a message box, leaves no field: what is half
-/// typed is gone on with afterwards.
+/// Leaving the main window for another program or a message box does not leave the field: a
+/// half-typed text is continued afterwards.
 void TextWidget::FocusMoves(bool gained, HWND other) {
   const bool within = other && GetAncestor(other, GA_ROOT) == GetAncestor(Window(), GA_ROOT);
   if (!gained && !within) return;
@@ -164,8 +164,8 @@ void ListWidget::Command(int code) {
   if (code == CBN_DROPDOWN) WidenOpenList();
   if (code == CBN_CLOSEUP) PostSettled();
   const bool chosen = code == CBN_SELCHANGE;
-  // A list that is closed without a choice may have moved its selection on the way; the choice by
-  // mouse is told after the closing.
+  // A list that is closed without a choice may have moved its selection on the way; a choice by
+  // mouse is reported after the closing.
   const bool moved = code == kSettled && Selection() != control_.ListIndex();
   if (!chosen && !moved) return;
   stage_.Happens([this] { control_.Choose(Selection()); });

@@ -5,9 +5,9 @@
 
 namespace tarvo {
 
-/// A text box of one line. What the operator types goes to the control at each change; what the
-/// control makes of it comes back when it differs. Caret, focus and each key that makes a character
-/// go to the control too, which may swallow the key.
+/// A text box of one line. What the operator types goes to the control at each change; the text
+/// that the control then has is shown when it differs. Caret, focus and each key that makes a
+/// character go to the control too, which may reject the key.
 class TextWidget : public Mirror<TextBox> {
  public:
   /// It is wide enough for `widest`.
@@ -33,8 +33,8 @@ class TextWidget : public Mirror<TextBox> {
   std::size_t shownCaret_ = 0;
   std::size_t shownSelection_ = 0;
   bool entered_ = false;  ///< The operator is in the box, though he may have left the window.
-  bool typing_ = false;   ///< The operator's change is on its way: the control is shown after it.
-  bool showing_ = false;  ///< The change of the native text is our own.
+  bool typing_ = false;   ///< The operator's change is passed on: the control is shown after it.
+  bool showing_ = false;  ///< The native text is being changed by us.
 };
 
 /// A drop-down list.

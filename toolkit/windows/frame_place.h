@@ -11,25 +11,25 @@
 
 namespace tarvo {
 
-/// Where the main window lies on the desktop and how large it is: never smaller than its contents
-/// as far as the screen goes, and never out of the operator's reach.
+/// The place and size of the main window on the desktop: never smaller than its contents, as far as
+/// the screen allows, and never out of the operator's reach.
 class FramePlace {
  public:
-  /// `needed` tells the smallest client area that shows all contents.
+  /// `needed` returns the smallest client area that shows all contents.
   FramePlace(HWND window, MainWindow& control, const Look& look, std::function<Extent()> needed)
       : window_(window), control_(control), look_(look), needed_(std::move(needed)) {}
 
   /// Gives a new window its size: the usual one, or what shows everything if that is more.
   void TakeFirst();
-  /// Moves the window to where the program wants it, if the operator could take it there.
+  /// Moves the window to where the program wants it, if that is within the operator's reach.
   void TakeWanted();
   /// Enlarges the window if its contents have come to need more.
   void Enlarge();
-  /// A place that the window has now, though nobody moved it there, is not reported.
+  /// Takes the window's present place as known: nobody moved it there, so it is not reported.
   void KeepQuiet();
   /// Reports to the program where the operator has moved the window.
   void Report();
-  /// A screen was taken away or has another size now.
+  /// A screen was removed or has another size now.
   void KeepWithinReach();
   void Limit(MINMAXINFO& limits) const;
   void MoveTo(const RECT& place) const;

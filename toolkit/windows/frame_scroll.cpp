@@ -15,8 +15,8 @@ SCROLLINFO BarOf(HWND window, int bar) {
   return info;
 }
 
-/// Shows a bar over `whole` of which `seen` is to be seen, none when that is all; the place that is
-/// kept of the old one.
+/// Shows a bar for `whole`, of which `seen` is visible; none when that is all. Returns the
+/// position, the old one as far as it is still in range.
 int SetBar(HWND window, int bar, int whole, int seen) {
   SCROLLINFO info{};
   info.cbSize = sizeof info;
@@ -27,7 +27,7 @@ int SetBar(HWND window, int bar, int whole, int seen) {
   return BarOf(window, bar).nPos;
 }
 
-/// How far one must go to see a stretch between 0 and `room`; of a longer one its beginning.
+/// How far to scroll until a stretch is between 0 and `room`; of a longer one its beginning.
 int Outside(LONG begin, LONG end, LONG room) {
   if (begin < 0 || begin >= room) return static_cast<int>(begin);
   return end - begin > room ? 0 : static_cast<int>(std::max(0L, end - room));

@@ -6,24 +6,24 @@
 namespace tarvo {
 
 /// A text that never changes: a caption beside a field, or the head of a column. It may mark an
-/// access key, which goes to the control that was made next.
+/// access key, which acts on the control that is made next.
 class CaptionWidget : public Widget {
  public:
   CaptionWidget(Stage& stage, HWND parent, const std::string& text);
   Extent Natural() const override;
 };
 
-/// The name of the control that is made next, for screen readers; it takes no room.
+/// The name of the control that is made next, for screen readers; it takes no space.
 class HiddenNameWidget : public Widget {
  public:
   HiddenNameWidget(Stage& stage, HWND parent, const std::string& text);
   Extent Natural() const override { return {}; }
 };
 
-/// A label. A text that is too long for it ends with an ellipsis and stands whole in the tool tip.
+/// A label. A text that is too long for it ends with an ellipsis, and the tool tip shows it whole.
 class LabelWidget : public Mirror<Label> {
  public:
-  /// It wants the room of `widest`, whatever its caption is.
+  /// Its natural width is that of `widest`, whatever its caption is.
   LabelWidget(Stage& stage, HWND parent, int id, Label& label, std::string widest,
               bool bold = false);
   Extent Natural() const override;

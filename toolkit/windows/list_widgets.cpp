@@ -36,8 +36,8 @@ void ListBoxWidget::Command(int code) {
   Show();
 }
 
-/// Items that the natural width has room for ask for no scroll bar: it would take a line away, for
-/// which the list would want the other bar, and then both would be needed.
+/// Items that fit the natural width get no scroll bar: it would cost a line, so the list would need
+/// the other bar, and then both.
 void ListBoxWidget::MeasureItems() {
   int widest = 0;
   for (const std::string& item : control_.Items()) {
@@ -109,7 +109,7 @@ int ScrollWidget::Wanted(int code, int position) const {
 void ScrollWidget::Scrolled(int code, int position) {
   const int wanted = Wanted(code, position);
   stage_.Happens([this, wanted] { control_.Scroll(wanted); });
-  // The native thumb goes back where it was dropped out of reach.
+  // A native thumb that was dropped out of range goes back.
   Show();
 }
 

@@ -27,7 +27,7 @@ class ListBoxWidget : public Mirror<ListBox> {
   std::size_t shownRemovals_ = 0;
 };
 
-/// A scroll bar that lies. Arrow keys, Page Up and Down, Home and End move it as the mouse does.
+/// A horizontal scroll bar. Arrow keys, Page Up and Down, Home and End move it as the mouse does.
 class ScrollWidget : public Mirror<ScrollBar> {
  public:
   /// Page Up and Page Down move it by `page`.

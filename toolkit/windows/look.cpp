@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::size_t kMostExtents = 500;
 
-/// The calls of the theme library, which a game server may bring in a version of its own, so that
-/// it must not stand in the import table. A system without it is a system without themes.
+/// The calls of the theme library. A game server may bring a version of its own, so it must not be
+/// in the import table. A system without it is a system without themes.
 struct ThemeCalls {
   static constexpr char kLibrary[] = "uxtheme.dll";
   decltype(&::IsAppThemed) IsAppThemed =
@@ -31,8 +31,8 @@ struct ThemeCalls {
   }
 };
 
-/// The colour of the inside of a tab page. Themes paint it in a colour of their own that no system
-/// colour tells, so a piece of it is painted and looked at.
+/// The colour of the inside of a tab page. Themes paint it in a colour of their own, which is no
+/// system colour, so a piece of it is painted and sampled.
 COLORREF TabPageColour(HWND window) {
   static const ThemeCalls themes;
   COLORREF colour = GetSysColor(COLOR_3DFACE);
@@ -64,8 +64,7 @@ void Look::Renew(HWND window) {
 }
 
 /// A field draws its text 3 pixels under its upper edge at any resolution. With little more than
-/// that at the lower edge its base line agrees with that of the text beside it, which stands in the
-/// middle.
+/// that at the lower edge its base line agrees with that of the text beside it, which is centred.
 int Look::ControlHeight() const { return TextExtent("X").height + 6 + Px(2); }
 
 Extent Look::TextExtent(const std::string& text, bool bold, bool plain) const {

@@ -15,11 +15,11 @@ namespace tarvo {
 /// Fonts and measures of the window at its present resolution, and the brush of its pages.
 class Look {
  public:
-  /// Takes the system's settings over anew; fonts handed out before are gone after this.
+  /// Reads the system's settings again. Fonts and brushes returned earlier are destroyed.
   void Renew(HWND window);
 
   int Dpi() const { return dpi_; }
-  /// So many pixels as `at100` are at 100 %.
+  /// The pixels that `at100` pixels at 100 % are at this resolution.
   int Px(int at100) const { return MulDiv(at100, dpi_, kPlainDpi); }
 
   HFONT Font() const { return font_.Get(); }
@@ -31,7 +31,7 @@ class Look {
   /// The extent of a text in the font, or in the bold one; `&` marks an access key unless `plain`.
   Extent TextExtent(const std::string& text, bool bold = false, bool plain = false) const;
 
-  /// What lies behind the controls of a page, and behind those around the pages.
+  /// The background of the controls on the pages and around them.
   HBRUSH PageBrush() const { return pageBrush_.Get(); }
   COLORREF PageColour() const { return pageColour_; }
 
@@ -41,7 +41,7 @@ class Look {
   Extent Measure(const std::string& text, bool bold, bool plain) const;
 
   MemoryContext measuring_{CreateCompatibleDC(nullptr)};
-  /// Captions are measured over and over while pages are laid out, and the system is slow at it.
+  /// Captions are measured many times while pages are laid out, and the system is slow at it.
   mutable std::map<Measured, Extent> extents_;
   int dpi_ = kPlainDpi;
   LOGFONTW fontRecord_{};

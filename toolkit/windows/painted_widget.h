@@ -6,7 +6,7 @@
 
 namespace tarvo {
 
-/// A widget of a control that the program paints whole, itself and its ground.
+/// A widget that the program paints completely, its background included.
 template <class ControlType>
 class PaintedWidget : public Mirror<ControlType> {
  protected:
@@ -21,7 +21,7 @@ class PaintedWidget : public Mirror<ControlType> {
   }
 
   void Repaint() { InvalidateRect(this->Window(), nullptr, FALSE); }
-  /// Draws the window's client area, wherever it lies on `target`.
+  /// Draws the window's client area, wherever it is on `target`.
   virtual void Paint(HDC target) = 0;
 
  private:
@@ -32,7 +32,7 @@ class PaintedWidget : public Mirror<ControlType> {
       return 0;
     }
     if (message == WM_ERASEBKGND) return 1;
-    // Mouse moves go to the parent, as those over a text do, so that both have tool tips alike.
+    // Mouse moves go to the parent, as those over a text do, so that tool tips work alike for both.
     if (message == WM_NCHITTEST) return HTTRANSPARENT;
     return DefWindowProcA(window, message, w, l);
   }

@@ -26,7 +26,7 @@ RECT Around(HWND panel, HWND window, int aside, int above) {
   return place;
 }
 
-/// Leaves room for the frame, and for a gap at the left.
+/// Leaves space for the frame, and for a gap at the left.
 void Shrink(Place& place, int gap) {
   place = {place.left + 1 + gap, place.top + 1, place.width - 2 - gap, place.height - 2};
 }
@@ -129,7 +129,7 @@ HBRUSH Panel::Brush() const {
 
 LRESULT Panel::ColourOfText(HDC target) const {
   SetBkMode(target, TRANSPARENT);
-  // A disabled list fills its text's ground all the same.
+  // A disabled list fills the background of its text nevertheless.
   SetBkColor(target,
              ground_ == Ground::Page ? stage_.look.PageColour() : GetSysColor(COLOR_3DFACE));
   SetTextColor(target, GetSysColor(COLOR_BTNTEXT));

@@ -14,7 +14,7 @@
 
 namespace tarvo {
 
-/// Where a widget stands on its panel's grid.
+/// Where a widget is on its panel's grid; the members mean what they mean in `GridCell`.
 struct Slot {
   int row = 0;
   int column = 0;
@@ -34,9 +34,13 @@ struct Card {
 /// A native window that holds widgets on one grid: a page of the tab view, or what is around the
 /// pages. It owns the widgets and routes what their windows report. The Tab key goes through the
 /// widgets in the order in which they were added.
+///
+/// The native window belongs to `parent` and is destroyed with it; the stage must outlive the
+/// panel. A derived class adds its widgets and describes its grid in its constructor. All on the
+/// thread of the event loop.
 class Panel {
  public:
-  enum class Ground { Window, Page };     ///< What it lies on, and so its colour.
+  enum class Ground { Window, Page };     ///< What it is on, and so its colour.
   static constexpr int kCardPadding = 8;  ///< At 100 %.
 
   Panel(Stage& stage, HWND parent, Ground ground);
@@ -45,29 +49,31 @@ class Panel {
   Panel& operator=(const Panel&) = delete;
 
   HWND Window() const { return window_; }
-  /// The size at which everything is seen whole.
+  /// The smallest size at which everything is seen whole, in pixels.
   Extent Smallest() const;
+  /// Moves the panel to `area` of its parent, in pixels, and lays out its widgets.
   void Occupy(const RECT& area);
   void TakeLook();
   /// Makes the tool tips: the window can be seen and used without them.
   void OfferTips();
-  /// Looks at a mouse message of the loop, for the tool tips.
+  /// Passes a mouse message of the loop to the tool tips.
   void Follow(const MSG& message) { tips_.Follow(message); }
-  /// Ends the mirroring of all controls.
+  /// Ends the mirroring of all controls; to be called before the native window is destroyed.
   void Detach();
-  /// Does what that access key asks for; false when no widget has it.
+  /// Does what that access key (in lower case) asks for; false when no widget has it.
   bool Access(char key);
 
  protected:
-  /// Gaps at 100 %: before the first column and row, and before each that follows.
+  /// Gaps in pixels at 100 %: before the first column and row, and before each that follows.
   void SetColumns(std::vector<Track> columns) { columns_ = std::move(columns); }
   void SetRows(std::vector<Track> rows) { rows_ = std::move(rows); }
-  /// The room that stays free at the right and at the bottom, at 100 %.
+  /// The space that stays free at the right and at the bottom, at 100 %.
   void SetMargin(Extent margin) { margin_ = margin; }
-  /// The gaps around a card leave room for its frame, which lies `kCardPadding` outside its cells.
+  /// The gaps around a card leave space for its frame, which is `kCardPadding` outside its cells.
   void AddCard(const Card& card) { cards_.push_back({card, {}}); }
 
-  /// Makes a widget on the panel. Without a slot it takes no room.
+  /// Makes a widget on the panel, from the stage, the panel's window and `arguments`. Without a
+  /// slot it takes no space.
   template <class WidgetType, class... Arguments>
   WidgetType& Add(std::optional<Slot> slot, Arguments&&... arguments) {
     auto made =

@@ -13,7 +13,7 @@
 namespace tarvo {
 namespace {
 
-/// The part of an edit control in which its text stands.
+/// The part of an edit control in which its text is.
 RECT TextPlace(HWND edit) {
   RECT place{};
   SendMessageA(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&place));
@@ -21,7 +21,7 @@ RECT TextPlace(HWND edit) {
 }
 
 /// A launcher with administrator rights gets no message from the desktop, which has none, unless
-/// its window asks for it: the drop, and the two by which its record is handed over.
+/// its window asks for it: the drop, and the two messages that hand over its record.
 void LetDropsThrough(HWND window) {
   using ChangeFilter = BOOL(WINAPI*)(HWND, UINT, DWORD, void*);
   constexpr DWORD kAllow = 1;               // MSGFLT_ALLOW

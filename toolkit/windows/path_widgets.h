@@ -8,8 +8,8 @@ namespace tarvo {
 
 /// A text box for a file's full path. A file can be dropped onto it, the first of several, also
 /// when the launcher has more rights than the desktop that it is dragged from (Windows 7 and
-/// newer). While it has not the keyboard, a path that is too long for it is shown with an ellipsis
-/// in its middle, and its tool tip tells it whole.
+/// newer). While it does not have the focus, a path that is too long for it is shown with an
+/// ellipsis in its middle, and its tool tip shows it whole.
 class PathWidget : public TextWidget {
  public:
   PathWidget(Stage& stage, HWND parent, int id, PathBox& box, std::string widest);
@@ -27,8 +27,8 @@ class PathWidget : public TextWidget {
   PathBox& box_;
 };
 
-/// A path that is only read, with an ellipsis in its middle when it is too long; then its tool tip
-/// tells it whole.
+/// A read-only path, with an ellipsis in its middle when it is too long; then its tool tip shows it
+/// whole.
 class PathLabelWidget : public LabelWidget {
  public:
   PathLabelWidget(Stage& stage, HWND parent, int id, Label& label, std::string widest);

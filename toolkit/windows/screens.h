@@ -11,10 +11,10 @@ namespace tarvo {
 /// Every screen of the desktop, without its task bar.
 std::vector<Place> Screens();
 
-/// The screen that a window is on for the greatest part, or the nearest one, without its task bar.
+/// The screen that shows most of a window, or the nearest one, without its task bar.
 Place ScreenOf(HWND window);
 
-/// Where a window stands, its frame included.
+/// Where a window is, its frame included.
 Place PlaceOf(HWND window);
 
 }  // namespace tarvo

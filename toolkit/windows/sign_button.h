@@ -6,7 +6,7 @@
 
 namespace tarvo {
 
-/// A square button that bears a picture alone: a plus or a minus. Its window text, which is not
+/// A square button that shows only a picture: a plus or a minus. Its window text, which is not
 /// shown, is its name for screen readers.
 class SignButton : public DrawnButton {
  public:

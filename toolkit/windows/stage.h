@@ -10,14 +10,14 @@
 
 namespace tarvo {
 
-/// What every part of the native window works with.
+/// What every part of the native window works with; it outlives them all.
 struct Stage {
   MainWindow& window;
   EventDispatch& dispatch;
   HINSTANCE instance;
   Look look;
 
-  /// The only way by which the operator and the clock reach the program.
+  /// Runs an event unless the program has ended. The operator and the clock reach it only this way.
   void Happens(const std::function<void()>& event) {
     if (!window.Ended()) dispatch.Run(event);
   }

@@ -76,7 +76,7 @@ void TabWidget::Show() {
   for (std::size_t i = 0; i < pages_.size(); ++i) {
     if (!pages_[i]) continue;
     const bool shown = static_cast<int>(i) == page;
-    // The keyboard must not stay on a page that goes out of sight.
+    // The focus must not stay on a page that is hidden.
     if (!shown && IsChild(pages_[i], GetFocus())) SetFocus(Window());
     ShowWindow(pages_[i], shown ? SW_SHOWNA : SW_HIDE);
   }

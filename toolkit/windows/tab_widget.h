@@ -8,7 +8,8 @@
 namespace tarvo {
 
 /// The tab strip with the frame around the pages. It leaves the inside of that frame free: the
-/// pages are its siblings behind it, so that the Tab key reaches the strip first and then the page.
+/// pages are its siblings and follow it, so that the Tab key reaches the strip first and then the
+/// page.
 class TabWidget : public Mirror<TabView> {
  public:
   TabWidget(Stage& stage, HWND parent, int id, TabView& tabs,
@@ -16,16 +17,16 @@ class TabWidget : public Mirror<TabView> {
   Extent Natural() const override;
   void TakeLook() override;
 
-  /// The page of a tab, counted from 0: as visible as its tab is chosen.
+  /// Sets the page of a tab, counted from 0; it is visible while its tab is chosen.
   void SetPage(std::size_t tab, HWND page);
-  /// Takes its place and gives back the room for a page in it.
+  /// Moves to `area` and returns the part of it that is for a page.
   RECT Occupy(const RECT& area);
-  /// What `Occupy` takes away from a page's room.
+  /// How much smaller than its area the part for a page is.
   Extent FrameExtent() const;
 
   /// The operator chose another tab.
   void Chosen();
-  /// The operator steps to the next tab (1) or the one before (-1), and around.
+  /// The operator steps to the next tab (1) or the previous one (-1), wrapping around.
   void Step(int direction);
 
  protected:

@@ -7,8 +7,8 @@
 
 namespace tarvo {
 
-/// Drives the timer queue by one timer of the window, which goes on under a message box, a menu or
-/// while the window is dragged. One tick a message, so that the operator's input comes between.
+/// Drives the timer queue by one timer of the window, which goes on during a message box, a menu or
+/// a drag of the window. One tick per message, so that the operator's input is handled in between.
 class TimerPump {
  public:
   TimerPump(Stage& stage, TimerQueue& queue, HWND window);

@@ -22,7 +22,8 @@ TOOLINFOA ToolOf(HWND panel, UINT_PTR id, UINT flags) {
   return tool;
 }
 
-/// The tool of the place is told from that of the window by the lowest bit, which no pointer has.
+/// The tool of the place differs from that of the window by the lowest bit, which no pointer has
+/// set.
 UINT_PTR PlaceId(const Widget& widget) { return reinterpret_cast<UINT_PTR>(&widget) | 1; }
 
 const Widget* WidgetOf(const NMTTDISPINFOA& request) {

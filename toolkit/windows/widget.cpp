@@ -21,7 +21,7 @@ void Widget::TakeLook() {
 void Widget::Refresh(const Control& control) {
   const bool enabled = IsWindowEnabled(window_) != FALSE;
   if (enabled != control.Enabled()) {
-    // The keyboard must not stay on a window that takes no keys.
+    // The focus must not stay on a window that takes no keys.
     if (enabled && GetFocus() == window_) {
       SetFocus(GetNextDlgTabItem(GetAncestor(window_, GA_ROOT), window_, FALSE));
     }

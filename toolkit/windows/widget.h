@@ -9,11 +9,14 @@
 
 namespace tarvo {
 
-/// One native child window. It belongs to its parent window and is destroyed with it.
+/// One native child window. It belongs to its parent window and is destroyed with it; the object
+/// belongs to the panel or frame that made it. All members are called on the thread of the event
+/// loop.
 ///
 /// A widget of a control mirrors that control: `Refresh` carries the control's state to the native
-/// window, `Command` hands what the operator did to the control. Controls lead: a native window
-/// never changes its state by itself, or is set back to the control's.
+/// window, `Command` passes what the operator did to the control, as an event of the stage. The
+/// control decides: a native window never changes its state by itself, or is set back to the
+/// control's.
 class Widget : public ControlMirror {
  public:
   ~Widget() override = default;
@@ -22,23 +25,23 @@ class Widget : public ControlMirror {
 
   HWND Window() const { return window_; }
 
-  /// The size that shows all of it.
+  /// The size that shows all of it, in pixels at the look's resolution.
   virtual Extent Natural() const = 0;
-  /// Takes the fonts and measures of the look over.
+  /// Takes over the fonts and measures of the look, which has changed.
   virtual void TakeLook();
   /// A notification of the native window to its parent.
   virtual void Command(int /*code*/) {}
   /// A scroll bar was moved: one of the SB_ codes, and the thumb's place for those that have one.
   virtual void Scrolled(int /*code*/, int /*position*/) {}
-  /// Pixels that it reaches over its columns at both sides.
+  /// Pixels that it extends beyond its columns on each side.
   virtual int Overhang() const { return 0; }
   /// Draws an owner-drawn window.
   virtual void Draw(const DRAWITEMSTRUCT& /*item*/) {}
   /// What its tool tip says at this moment; "" for no tool tip.
   virtual std::string Tip() const { return {}; }
-  /// A window without an edge of its own, which its panel draws a frame around.
+  /// Whether its panel draws a frame around it, since it has no edge of its own.
   virtual bool Framed() const { return false; }
-  /// Ends the mirroring, before the native window goes.
+  /// Ends the mirroring, before the native window is destroyed.
   virtual void Detach() {}
 
   void Refresh(const Control& control) override;
@@ -49,7 +52,7 @@ class Widget : public ControlMirror {
   /// Does what the access key asks for.
   virtual void Access() { SetFocus(window_); }
 
-  /// What a disabled control says in its tool tip, before all else.
+  /// What the tool tip of a disabled control says instead of its usual text.
   void SetReasonWhenDisabled(std::string reason) { reasonWhenDisabled_ = std::move(reason); }
   const std::string& ReasonWhenDisabled() const { return reasonWhenDisabled_; }
 
@@ -58,11 +61,12 @@ class Widget : public ControlMirror {
 
  protected:
   explicit Widget(Stage& stage) : stage_(stage) {}
+  /// Makes the native window, visible and without a size yet; once, in the derived constructor.
   void Create(HWND parent, const char* windowClass, const std::string& text, DWORD style,
               DWORD extendedStyle, int id);
   /// Carries the control's state, all but enabled, to the native window.
   virtual void Show() {}
-  /// Sets the window's text when it differs, so that nothing is drawn in vain.
+  /// Sets the window's text if it differs, so that nothing is redrawn needlessly.
   void SetText(const std::string& text);
 
   Stage& stage_;
@@ -73,7 +77,8 @@ class Widget : public ControlMirror {
   std::string reasonWhenDisabled_;
 };
 
-/// A widget that mirrors a control.
+/// A widget that mirrors a control, which must outlive the mirroring. A derived constructor calls
+/// `Create`, then `Attach`.
 template <class ControlType>
 class Mirror : public Widget {
  public:
@@ -85,7 +90,7 @@ class Mirror : public Widget {
 
  protected:
   Mirror(Stage& stage, ControlType& control) : Widget(stage), control_(control) {}
-  /// Begins the mirroring; the native window exists.
+  /// Begins the mirroring and shows the control's present state.
   void Attach() {
     control_.SetMirror(this);
     Refresh(control_);
@@ -94,11 +99,11 @@ class Mirror : public Widget {
   ControlType& control_;
 };
 
-/// Whether a button's notification tells a press. Of options, owner-drawn buttons and notifying
-/// check boxes Windows tells the second press of a double click as something else.
+/// Whether a button's notification reports a press. Windows reports the second press of a double
+/// click differently for options, owner-drawn buttons and notifying check boxes.
 constexpr bool IsPress(int code) { return code == BN_CLICKED || code == BN_DBLCLK; }
 
-/// The window's text, in whole.
+/// The window's whole text.
 std::string TextOf(HWND window);
 
 }  // namespace tarvo
