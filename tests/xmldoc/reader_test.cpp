@@ -203,6 +203,7 @@ TEST(Reader, AttributesOfTags) {
       {"a repeated name is kept twice", "<r><f a=\"1\" a=\"2\"/></r>", "r{f(a=1;a=2)=}", true,
        true},
       {"a first name that is empty leaves none", "<r><f =\"2\" c=\"3\"/></r>", "r{f=}", true, true},
+      {"an only name that is empty leaves none", "<r><f =\"2\"/></r>", "r{f=}", true, true},
       {"signs in a name", "<r><f a<b=\"1\" c'd=\"2\" e/f=\"3\" g~h=\"4\"/></r>",
        "r{f(a<b=1;c'd=2;e/f=3;g~h=4)=}", true, true},
       {"signs in a value", "<r><f a=\"<=/'~ x\"/></r>", "r{f(a=<=/'~ x)=}", true, true},
