@@ -57,6 +57,24 @@ TEST(MailText, IsHeadersAnEmptyLineAndTheBody) {
             "Content-Transfer-Encoding: 7bit\r\n\r\nText\r\n");
 }
 
+TEST(MailText, NamesEveryDayAndMonthInItsDate) {
+  using namespace std::chrono;
+  std::string dates;
+  for (int month = 1; month <= 12; ++month) {
+    MailContent content = Content();
+    content.date = sys_days{year{2026} / month / month};
+    dates += Header(MailText(content), "Date").substr(0, 11) + "|";
+  }
+  EXPECT_EQ(dates,
+            "Thu, 01 Jan|Mon, 02 Feb|Tue, 03 Mar|Sat, 04 Apr|Tue, 05 May|Sat, 06 Jun|"
+            "Tue, 07 Jul|Sat, 08 Aug|Wed, 09 Sep|Sat, 10 Oct|Wed, 11 Nov|Sat, 12 Dec|");
+  MailContent content = Content();
+  content.date = sys_days{year{2026} / November / 20} + seconds{1};
+  EXPECT_EQ(Header(MailText(content), "Date"), "Fri, 20 Nov 2026 00:00:01 +0000");
+  content.date = sys_days{year{2026} / November / 22};
+  EXPECT_EQ(Header(MailText(content), "Date"), "Sun, 22 Nov 2026 00:00:00 +0000");
+}
+
 TEST(MailText, EncodesBodiesThatDoNotTravelAsTheyAre) {
   const std::pair<std::string, std::string> cases[] = {
       {"", ""},
