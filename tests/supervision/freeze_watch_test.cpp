@@ -24,6 +24,16 @@ class Freezes : public LauncherStory {
   }
   AlarmState Alarm(ComponentKind kind) { return launcher->Of(kind).AlarmState; }
   std::string LastFailure() { return launcher->TheForm().frame.lblErr.Caption(); }
+  /// Takes a login server under control that is frozen already, at this tick count.
+  void AdoptFrozenAt(std::uint64_t ticks) {
+    machine.clock.SetTicks(ticks);
+    StartLauncher();
+    launcher->Check("chkAK", 0);
+    launcher->Type("TTO", 0, "5");
+    machine.processes.StartForeign(kLogin);
+    Freeze(kLogin);
+    launcher->Click("bStart", 0);
+  }
 };
 
 TEST_F(Freezes, ASilentServerIsWarnedOfOnceKilledBeyondItsTimeAndStartedAgain) {
@@ -276,13 +286,7 @@ TEST_F(Freezes, AnAutokillTimeEmptiedInAFreezeIsFatalAtTheNextProbe) {
 }
 
 TEST_F(Freezes, AFreezeInTheSystemsFirstSecondIsNeverKilled) {
-  machine.clock.SetTicks(0);
-  StartLauncher();
-  launcher->Check("chkAK", 0);
-  launcher->Type("TTO", 0, "5");
-  machine.processes.StartForeign(kLogin);
-  Freeze(kLogin);
-  launcher->Click("bStart", 0);
+  AdoptFrozenAt(0);
   ASSERT_EQ(launcher->RunningTimers(ComponentKind::Login), "LCtrl TLogin");
   launcher->Pass(10min);
   EXPECT_EQ(launcher->CountInLog("Shuting down Login..."), 0u);
@@ -290,13 +294,7 @@ TEST_F(Freezes, AFreezeInTheSystemsFirstSecondIsNeverKilled) {
 }
 
 TEST_F(Freezes, AFreezeInTheSystemsNextSecondIsKilled) {
-  machine.clock.SetTicks(1000);
-  StartLauncher();
-  launcher->Check("chkAK", 0);
-  launcher->Type("TTO", 0, "5");
-  machine.processes.StartForeign(kLogin);
-  Freeze(kLogin);
-  launcher->Click("bStart", 0);
+  AdoptFrozenAt(1000);
   ASSERT_EQ(launcher->Of(ComponentKind::Login).FreezeStart, 1);
   launcher->Pass(20s);
   EXPECT_EQ(launcher->CountInLog("Shuting down Login..."), 1u);
