@@ -6,7 +6,7 @@
 #include "core/server_configuration.h"
 #include "form/log_screen.h"
 #include "supervision/memory_watch.h"
-#include "supervision/winsock_error_text.h"
+#include "supervision/probe_failure.h"
 #include "support/number_text.h"
 #include "toolkit/window_place.h"
 

@@ -5,7 +5,7 @@
 
 #include "platform/foreign_windows.h"
 #include "platform/processes.h"
-#include "support/per_component.h"
+#include "support/component_kind.h"
 #include "toolkit/controls.h"
 
 namespace tarvo {

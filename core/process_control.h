@@ -7,9 +7,9 @@
 #include "core/component.h"
 #include "platform/clock.h"
 #include "platform/code_page.h"
+#include "platform/files.h"
 #include "platform/foreign_windows.h"
 #include "platform/processes.h"
-#include "platform/working_folder.h"
 #include "toolkit/controls.h"
 
 namespace tarvo {

@@ -5,7 +5,6 @@
 
 #include "core/component.h"
 #include "core/server_root.h"
-#include "platform/file_diagnosis.h"
 #include "platform/files.h"
 #include "toolkit/controls.h"
 

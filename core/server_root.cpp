@@ -1,6 +1,5 @@
 #include "core/server_root.h"
 
-#include "core/path_text.h"
 #include "support/md5.h"
 #include "support/text.h"
 
@@ -25,6 +24,15 @@ ServerRoot::ServerRoot(const std::string& executablePath, CodePage& codePage) {
   // No code page has a second byte that looks like ":".
   for (char& c : marked) c = c == ':' ? '_' : c;
   rootHash_ = clsMD5().DigestStrToHexStr(marked);
+}
+
+std::vector<std::size_t> SeparatorsIn(const std::string& path, CodePage& codePage) {
+  std::vector<std::size_t> places;
+  for (std::size_t i = 0; i < path.size(); ++i) {
+    if (path[i] == '\\') places.push_back(i);
+    if (codePage.IsLeadByte(static_cast<unsigned char>(path[i]))) ++i;
+  }
+  return places;
 }
 
 }  // namespace tarvo

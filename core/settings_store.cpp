@@ -1,6 +1,5 @@
 #include "core/settings_store.h"
 
-#include "core/registry_text.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 
@@ -33,6 +32,23 @@ void SettingsStore::WriteChoice(const std::string& name, const OptionGroup& opti
 
 void SettingsStore::Erase(const std::string& name) {
   DeleteRegistryValue(registry_, Hive::LocalMachine, keyPath_, name);
+}
+
+std::string ReadRegistryString(Registry& registry, Hive hive, const std::string& keyPath,
+                               const std::string& valueName, const std::string& defaultText) {
+  const auto data = registry.Query(hive, keyPath, valueName);
+  if (!data || data->type != kRegistryText) return defaultText;
+  return data->bytes.substr(0, data->bytes.find('\0'));
+}
+
+bool WriteRegistryString(Registry& registry, Hive hive, const std::string& keyPath,
+                         const std::string& valueName, const std::string& text) {
+  return registry.WriteText(hive, keyPath, valueName, text);
+}
+
+void DeleteRegistryValue(Registry& registry, Hive hive, const std::string& keyPath,
+                         const std::string& valueName) {
+  registry.Erase(hive, keyPath, valueName);
 }
 
 }  // namespace tarvo

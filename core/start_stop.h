@@ -7,13 +7,17 @@
 
 #include "core/component.h"
 #include "core/process_control.h"
-#include "core/start_buttons.h"
 #include "core/status_log.h"
 #include "platform/message_boxes.h"
+#include "support/component_kind.h"
 #include "toolkit/controls.h"
 #include "toolkit/timer_queue.h"
 
 namespace tarvo {
+
+/// The buttons that start and stop: one for each component, by its index, then these.
+inline constexpr std::size_t kStartAllButton = kComponentCount;
+inline constexpr std::size_t kStopAllButton = kStartAllButton + 1;
 
 /// The seconds in an autokill box. Raises type mismatch (13) or overflow (6), which names the
 /// setting that keeps them, for a text that is no 32-bit number.

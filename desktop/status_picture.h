@@ -28,4 +28,26 @@ inline constexpr int kLargestPicture = 96;
 /// they are sharp at every size. The same states and size give the same picture, to the last bit.
 Picture DrawStatusPicture(const AlarmStates& states, int size);
 
+/// The status pictures as system icons. One is drawn when the picture changes, in the size that the
+/// notification area wants at that moment; no more than two are alive, however often that happens.
+class StatusIcons {
+ public:
+  explicit StatusIcons(Icons& icons) : icons_(icons) {}
+  ~StatusIcons();
+  StatusIcons(const StatusIcons&) = delete;
+  StatusIcons& operator=(const StatusIcons&) = delete;
+
+  /// The icon of the three states. It lives until the picture has changed twice more, so that it
+  /// can be shown until the next one is. When the system cannot make it, the icon of the call
+  /// before, or 0 at the first; the next call tries again.
+  IconHandle For(const AlarmStates& states);
+
+ private:
+  Icons& icons_;
+  AlarmStates states_{};
+  int size_ = 0;
+  IconHandle shown_ = 0;
+  IconHandle before_ = 0;
+};
+
 }  // namespace tarvo

@@ -2,10 +2,8 @@
 
 #include <array>
 
-#include "core/start_buttons.h"
-#include "form/randomizer_page.h"
-#include "form/upgrade_page.h"
-#include "support/per_component.h"
+#include "core/start_stop.h"
+#include "support/component_kind.h"
 #include "toolkit/controls.h"
 #include "toolkit/main_window.h"
 #include "toolkit/rich_text_view.h"
@@ -55,6 +53,49 @@ struct ServersPage {
   CheckBox Check2;  ///< Start with Windows.
   CheckBox SMinimized;
   CommandButton Command1;  ///< Unload the launcher only.
+};
+
+/// Warns above everything else on the page.
+inline constexpr char kRandomizerWarning[] =
+    "Caution!, this functions are only for Advanced Administrators!";
+
+/// Third page: which of the map server's settings get random values, and when.
+struct RandomizerPage {
+  RandomizerPage();
+
+  // The group "Server Configuration".
+  DropDownList cmdParam;  ///< The settings of the server's file, in its order.
+  TextBox rIni;           ///< "Min. Value:" of the chosen setting, at most 9 characters.
+  TextBox rEnd;           ///< "Max. Value:", likewise.
+  std::array<CommandButton, 2> rAdd;  ///< 0 "Update", 1 "Remove".
+  ListBox lstRnd;                     ///< The ranges: "base_exp_rate:100 to 300".
+  CommandButton Command2;             ///< "Randomize Now!".
+
+  OptionGroup opt_Rnd;            ///< 0 "Map Start", 1 "Manual", 2 "Program".
+  std::array<TextBox, 2> txtMxD;  ///< 0: limit per hour. 1: limit per day.
+
+  // The group "Randomize Calendar  (program  mode)".
+  ListBox lstDay;                            ///< "Mon" to "Sun".
+  std::array<ScrollBar, 2> ScrollTime;       ///< 0: hour, 0 to 23. 1: minute, 0 to 59.
+  std::array<TextBox, 2> txt_Time;           ///< The same as texts of two digits.
+  DropDownList cmbRstrt;                     ///< 0 "Yes", 1 "No": restart the servers?
+  std::array<CommandButton, 2> cmdCalendar;  ///< 0 adds an entry, 1 removes one; pictures only.
+  ListBox lstDTRands;                        ///< The entries: "Mon 08:30 restart=Y".
+};
+
+/// Fourth page: the newly built executables, the ones that they replace, and when it happens.
+struct UpgradePage {
+  UpgradePage();
+
+  PerComponent<PathBox> nPath;              ///< "FROM Components": the new executables.
+  PerComponent<CommandButton> cmd_nBrowse;  ///< Picks one of them in a file dialog.
+  /// 0 to 2: "TO Components", the executables that will be replaced. 3: after "Last Upgrade:".
+  std::array<Label, 4> oPath;
+  OptionGroup optMode;  ///< "Upgrade Trigger:" 0 "Manual", 1 "Map crash", 2 "Any crash".
+  /// 0 "Make Backup", checked at the start. 1 "Only full upgrades". 2 "Set to "Manual" after
+  /// Upgrade".
+  std::array<CheckBox, 3> chk_Opts;
+  CommandButton UpdateNow;  ///< "Upgrade Now!"
 };
 
 /// The interval timers that carry all supervision. They are named as in the operator's documents.

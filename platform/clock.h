@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 
 #include "support/date_time.h"
@@ -20,6 +21,21 @@ class TickClock {
   virtual std::uint32_t Milliseconds() = 0;
   /// Lets that much time pass without handling any event.
   virtual void Pause(std::uint32_t milliseconds) = 0;
+};
+
+/// The wall clock in universal time, for what other machines read.
+class UtcClock {
+ public:
+  virtual ~UtcClock() = default;
+  virtual std::chrono::sys_seconds Now() = 0;
+};
+
+/// The clock of the machine.
+class SystemUtcClock : public UtcClock {
+ public:
+  std::chrono::sys_seconds Now() override {
+    return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+  }
 };
 
 }  // namespace tarvo

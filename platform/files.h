@@ -72,4 +72,23 @@ class FolderLister {
                                                    const std::string& ending) = 0;
 };
 
+/// Finds out why a file cannot be read.
+class FileDiagnosis {
+ public:
+  virtual ~FileDiagnosis() = default;
+  /// The system's reason why the file cannot be opened for reading. Nothing when it can be opened,
+  /// and when it is simply not there.
+  virtual std::optional<FileFault> WhyUnreadable(const std::string& path) = 0;
+};
+
+/// The program's current folder: relative paths count from it, and the programs that it starts
+/// inherit it. Whoever starts the program chooses it, and a file dialog may change it.
+class WorkingFolder {
+ public:
+  virtual ~WorkingFolder() = default;
+  /// Makes this folder the current one; its path ends with "\". False when the system refuses, and
+  /// the folder is what it was.
+  virtual bool MoveInto(const std::string& folder) = 0;
+};
+
 }  // namespace tarvo

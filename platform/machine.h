@@ -7,7 +7,6 @@
 #include "platform/document_opener.h"
 #include "platform/event_log.h"
 #include "platform/file_copies.h"
-#include "platform/file_diagnosis.h"
 #include "platform/file_dialog.h"
 #include "platform/files.h"
 #include "platform/foreign_windows.h"
@@ -21,7 +20,6 @@
 #include "platform/registry.h"
 #include "platform/self_restart.h"
 #include "platform/sockets.h"
-#include "platform/working_folder.h"
 
 namespace tarvo {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "randomizer/calendar_line.h"
-#include "randomizer/server_settings.h"
+#include "randomizer/server_lines.h"
 #include "support/date_time.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"

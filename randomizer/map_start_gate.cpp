@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "randomizer/minute_of_week.h"
+#include "randomizer/calendar_line.h"
 #include "support/date_time.h"
 #include "support/number_text.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "randomizer/server_settings.h"
+#include "randomizer/server_lines.h"
 #include "support/number_text.h"
 
 namespace tarvo {

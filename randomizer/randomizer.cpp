@@ -1,7 +1,7 @@
 #include "randomizer/randomizer.h"
 
 #include "core/whole_file.h"
-#include "randomizer/server_settings.h"
+#include "randomizer/server_lines.h"
 
 namespace tarvo {
 

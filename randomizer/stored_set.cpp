@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "randomizer/server_settings.h"
+#include "randomizer/server_lines.h"
 
 namespace tarvo {
 namespace {

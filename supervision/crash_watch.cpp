@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "supervision/last_failure.h"
+#include "supervision/status_lights.h"
 
 namespace tarvo {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "core/start_stop.h"
-#include "supervision/last_failure.h"
 #include "supervision/probe_failure.h"
+#include "supervision/status_lights.h"
 #include "support/number_text.h"
 #include "support/text.h"
 

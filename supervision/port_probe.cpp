@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "supervision/probe_failure.h"
-#include "supervision/protocol_record.h"
 #include "support/runtime_error.h"
 #include "support/text.h"
 
@@ -28,6 +27,12 @@ SocketAddress AddressOf(std::int32_t family, std::int16_t port, std::uint32_t ad
   std::memcpy(bytes.data() + 4, &address, sizeof address);
   return bytes;
 }
+
+constexpr int kSocketLevel = 0xFFFF;         // SOL_SOCKET
+constexpr int kProtocolInfoOption = 0x2004;  // SO_PROTOCOL_INFOA
+
+// The same in 32-bit and 64-bit programs: the structure holds no pointer.
+constexpr std::size_t kAddressFamilyOffset = 76;
 
 }  // namespace
 
@@ -102,6 +107,13 @@ int PortProbe::ConnectSocket(SocketHandle socket, const std::string& host, std::
 int PortProbe::Fail(int reason) {
   lastError_ = reason;
   return kNotConnected;
+}
+
+bool CProtocol::GetBySocketHandle(Sockets& sockets, SocketHandle socket) {
+  const auto record = sockets.ReadOption(socket, kSocketLevel, kProtocolInfoOption);
+  if (!record) return false;
+  std::memcpy(&AddressFamily, record->data() + kAddressFamilyOffset, sizeof AddressFamily);
+  return true;
 }
 
 }  // namespace tarvo

@@ -15,4 +15,7 @@ inline constexpr int kNoSuchPort = -4;
 /// Winsock error number or one of the above; for 0 the text is "".
 std::string ProbeFailureText(const std::string& host, std::int32_t port, int error);
 
+/// The message of a Winsock error number (10004 to 11004); "Unknown error." for any other.
+std::string WinsockErrorText(int code);
+
 }  // namespace tarvo

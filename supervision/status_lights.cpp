@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <string>
+
+#include "support/date_time.h"
 
 namespace tarvo {
 namespace {
@@ -49,6 +52,10 @@ void StatusLights::Show() {
     Sem_[kind].SetState(LightStateOf(components_[kind].AlarmState));
     Sem_[kind].SetToolTip(components_[kind].probeFailure);
   }
+}
+
+void ShowLastFailure(Label& lblErr, ComponentKind kind, LocalTime time) {
+  lblErr.SetCaption(std::string(NameOf(kind)) + ": " + GeneralDate(time));
 }
 
 }  // namespace tarvo

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "core/component.h"
+#include "platform/clock.h"
 #include "toolkit/controls.h"
 
 namespace tarvo {
@@ -33,5 +34,8 @@ class StatusLights {
   const ComponentTable& components_;
   int statusCode_ = 8;
 };
+
+/// Shows after "Last failure:" which component failed last, and when: "Map: 2026-11-21 10:32:07".
+void ShowLastFailure(Label& lblErr, ComponentKind kind, LocalTime time);
 
 }  // namespace tarvo

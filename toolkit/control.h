@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -55,5 +56,12 @@ class Control {
   std::string toolTip_;
   ControlMirror* mirror_ = nullptr;
 };
+
+/// A colour as Windows keeps it (COLORREF): 0x00BBGGRR.
+using Colour = std::uint32_t;
+
+constexpr Colour Rgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue) {
+  return red | green << 8 | blue << 16;
+}
 
 }  // namespace tarvo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/colour.h"
+#include "toolkit/control.h"
 
 namespace tarvo {
 

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "toolkit/colour.h"
 #include "toolkit/control.h"
 
 namespace tarvo {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "toolkit/colour.h"
+#include "toolkit/control.h"
 #include "toolkit/controls.h"
 
 namespace tarvo {

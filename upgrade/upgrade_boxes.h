@@ -3,8 +3,8 @@
 #include <optional>
 
 #include "platform/message_boxes.h"
-#include "support/per_component.h"
-#include "toolkit/path_box.h"
+#include "support/component_kind.h"
+#include "toolkit/controls.h"
 
 namespace tarvo {
 

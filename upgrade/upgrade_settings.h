@@ -7,8 +7,8 @@
 #include "core/settings_store.h"
 #include "platform/file_dialog.h"
 #include "platform/message_boxes.h"
-#include "support/per_component.h"
-#include "toolkit/path_box.h"
+#include "support/component_kind.h"
+#include "toolkit/controls.h"
 
 namespace tarvo {
 

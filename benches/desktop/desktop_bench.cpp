@@ -9,7 +9,7 @@
 #include "benches/figures.h"
 #include "desktop/frm_sys_tray.h"
 #include "desktop/last_hour.h"
-#include "desktop/status_icons.h"
+#include "desktop/status_picture.h"
 #include "supervision/status_lights.h"
 
 namespace tarvo {

@@ -1,8 +1,7 @@
-#include "form/windows/header_panel.h"
+#include "form/windows/pages.h"
 
 #include "form/control_ids.h"
 #include "form/windows/light_widget.h"
-#include "form/windows/strip_widget.h"
 #include "toolkit/windows/label_widgets.h"
 
 namespace tarvo {
@@ -19,25 +18,25 @@ enum Row { kTop, kLights };
 
 }  // namespace
 
-HeaderPanel::HeaderPanel(Stage& stage, HWND parent, Frame& frame)
-    : Panel(stage, parent, Ground::Window) {
-  SetColumns({{12}, {8}, {8, true}, {20}, {8}, {8, true}, {20}, {8}, {8, true}, {24}, {8}});
-  SetRows({{8}, {4}});
-  SetMargin({12, 8});
+void FillHeader(Panel& panel, Frame& frame) {
+  panel.SetColumns({{12}, {8}, {8, true}, {20}, {8}, {8, true}, {20}, {8}, {8, true}, {24}, {8}});
+  panel.SetRows({{8}, {4}});
+  panel.SetMargin({12, 8});
 
-  Add<LabelWidget>(Slot{kTop, kLight0, kMemoryCaption}, NumberOf("SName"), frame.SName, "Server",
-                   true);
-  Add<CaptionWidget>(Slot{kTop, kMemoryCaption}, "Free Memory:");
-  Add<LabelWidget>(Slot{kTop, kMemory}, NumberOf("lblMemory"), frame.lblMemory, kWidestMemory);
+  panel.Add<LabelWidget>(Slot{kTop, kLight0, kMemoryCaption}, NumberOf("SName"), frame.SName,
+                         "Server", true);
+  panel.Add<CaptionWidget>(Slot{kTop, kMemoryCaption}, "Free Memory:");
+  panel.Add<LabelWidget>(Slot{kTop, kMemory}, NumberOf("lblMemory"), frame.lblMemory,
+                         kWidestMemory);
   for (int i = 0; i < static_cast<int>(kComponentCount); ++i) {
     const ComponentKind kind = kComponents[static_cast<std::size_t>(i)];
-    Add<LightWidget>(Slot{kLights, kLight0 + 3 * i, 1, false}, NumberOf("Sem", i), frame.Sem[kind],
-                     NameOf(kind));
-    Add<CaptionWidget>(Slot{kLights, kName0 + 3 * i}, NameOf(kind));
-    Add<StripWidget>(Slot{kLights, kStrip0 + 3 * i}, NumberOf("Strip", i), frame.Strip[kind]);
+    panel.Add<LightWidget>(Slot{kLights, kLight0 + 3 * i, 1, false}, NumberOf("Sem", i),
+                           frame.Sem[kind], NameOf(kind));
+    panel.Add<CaptionWidget>(Slot{kLights, kName0 + 3 * i}, NameOf(kind));
+    panel.Add<StripWidget>(Slot{kLights, kStrip0 + 3 * i}, NumberOf("Strip", i), frame.Strip[kind]);
   }
-  Add<CaptionWidget>(Slot{kLights, kMemoryCaption}, "Last failure:");
-  Add<LabelWidget>(Slot{kLights, kMemory}, NumberOf("lblErr"), frame.lblErr, kUsualFailure);
+  panel.Add<CaptionWidget>(Slot{kLights, kMemoryCaption}, "Last failure:");
+  panel.Add<LabelWidget>(Slot{kLights, kMemory}, NumberOf("lblErr"), frame.lblErr, kUsualFailure);
 }
 
 }  // namespace tarvo

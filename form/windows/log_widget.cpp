@@ -6,7 +6,7 @@
 #include "form/windows/log_text.h"
 #include "platform/windows/system_libraries.h"
 #include "toolkit/readable.h"
-#include "toolkit/windows/dpi.h"
+#include "toolkit/windows/screens.h"
 #include "toolkit/windows/subclass.h"
 
 namespace tarvo {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "form/windows/log_menu.h"
-#include "form/windows/log_search.h"
+#include "form/windows/log_text.h"
 #include "toolkit/rich_text_view.h"
 #include "toolkit/windows/widget.h"
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "form/control_ids.h"
+#include "form/windows/pages.h"
 #include "form/windows/resource_ids.h"
 #include "platform/windows/window_class.h"
 #include "toolkit/windows/common_controls.h"
@@ -46,7 +47,7 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
     : form_(form),
       stage_{form.frame.window, dispatch, GetModuleHandleA(nullptr), {}},
       window_(CreateMainWindow(stage_.instance)),
-      header_(Begun(stage_, window_), window_, form.frame),
+      header_(Begun(stage_, window_), window_, Panel::Ground::Window),
       tabs_(stage_, window_, NumberOf("SSTab1"), form.frame.SSTab1,
             {"Status", "Servers", "Server Battle Randomizer ", "Upgrade"}),
       place_(window_, form.frame.window, stage_.look, [this] { return SmallestClient(); }),
@@ -56,6 +57,7 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
           [this] { return GetDlgItem(Page(kLogPage).Window(), NumberOf("RTLog")); }),
       timers_(stage_, timers, window_) {
   SetOwner(window_, this);
+  FillHeader(header_, form.frame);
   tabs_.TakeLook();
   place_.TakeFirst();
   form.frame.window.SetMirror(this);

@@ -6,10 +6,10 @@
 #include <memory>
 #include <optional>
 
+#include "form/form.h"
 #include "form/windows/frame_keys.h"
-#include "form/windows/header_panel.h"
 #include "toolkit/windows/frame_place.h"
-#include "toolkit/windows/frame_scroll.h"
+#include "toolkit/windows/panel.h"
 #include "toolkit/windows/stage.h"
 #include "toolkit/windows/tab_widget.h"
 #include "toolkit/windows/timer_pump.h"
@@ -60,7 +60,7 @@ class MainFrame : private ControlMirror {
   Form& form_;
   Stage stage_;
   HWND window_;
-  HeaderPanel header_;
+  Panel header_;
   TabWidget tabs_;
   FramePlace place_;
   FrameScroll scroll_;

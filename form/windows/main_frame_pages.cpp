@@ -3,23 +3,20 @@
 #include <commctrl.h>
 
 #include "form/windows/main_frame.h"
-#include "form/windows/randomizer_panel.h"
-#include "form/windows/servers_panel.h"
-#include "form/windows/status_panel.h"
-#include "form/windows/upgrade_panel.h"
+#include "form/windows/pages.h"
 
 namespace tarvo {
 namespace {
 
-template <class PanelType, auto kPage>
-std::unique_ptr<Panel> Make(Stage& stage, HWND parent, Form& form) {
-  return std::make_unique<PanelType>(stage, parent, form.*kPage);
+template <auto kFill, auto kPage>
+void Fill(Panel& panel, Form& form) {
+  kFill(panel, form.*kPage);
 }
 
 /// In the order of their tabs.
-constexpr std::unique_ptr<Panel> (*kMakers[])(Stage&, HWND, Form&) = {
-    Make<StatusPanel, &Form::status>, Make<ServersPanel, &Form::servers>,
-    Make<RandomizerPanel, &Form::randomizer>, Make<UpgradePanel, &Form::upgrade>};
+constexpr void (*kFillers[])(Panel&, Form&) = {
+    Fill<FillStatus, &Form::status>, Fill<FillServers, &Form::servers>,
+    Fill<FillRandomizer, &Form::randomizer>, Fill<FillUpgrade, &Form::upgrade>};
 
 LRESULT CALLBACK RefuseClose(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
                              DWORD_PTR /*unused*/) {
@@ -53,7 +50,8 @@ Panel& MainFrame::Page(int index) {
   const auto place = static_cast<std::size_t>(index);
   std::unique_ptr<Panel>& page = pages_.at(place);
   if (!page) {
-    page = kMakers[place](stage_, window_, form_);
+    page = std::make_unique<Panel>(stage_, window_, Panel::Ground::Page);
+    kFillers[place](*page, form_);
     page->Occupy(pageRoom_);
     tabs_.SetPage(place, page->Window());
   }

@@ -1,4 +1,4 @@
-#include "form/windows/status_panel.h"
+#include "form/windows/pages.h"
 
 #include "form/control_ids.h"
 #include "form/windows/log_widget.h"
@@ -21,27 +21,29 @@ constexpr char kToggleKeys[] = {'l', 'c', 'm'};
 
 }  // namespace
 
-StatusPanel::StatusPanel(Stage& stage, HWND parent, StatusPage& page)
-    : Panel(stage, parent, Ground::Page) {
-  SetColumns({{12}, {8}, {20}, {8}, {20}, {8}, {20, true}, {8}, {8}});
-  SetRows({{12, true}, {12}});
-  SetMargin({12, 12});
+void FillStatus(Panel& panel, StatusPage& page) {
+  panel.SetColumns({{12}, {8}, {20}, {8}, {20}, {8}, {20, true}, {8}, {8}});
+  panel.SetRows({{12, true}, {12}});
+  panel.SetMargin({12, 12});
 
-  Add<HiddenNameWidget>({}, "Status log");
-  Add<LogWidget>(Slot{kLog, 0, kColumns}, NumberOf("RTLog"), page.RTLog);
+  panel.Add<HiddenNameWidget>({}, "Status log");
+  panel.Add<LogWidget>(Slot{kLog, 0, kColumns}, NumberOf("RTLog"), page.RTLog);
   for (int i = 0; i < static_cast<int>(kComponentCount); ++i) {
     const auto index = static_cast<std::size_t>(i);
-    Add<CaptionWidget>(Slot{kButtons, kName0 + 2 * i},
-                       std::string("&") + NameOf(kComponents[index]));
-    Add<StartButton>(Slot{kButtons, kButton0 + 2 * i}, NumberOf("bStart", i), page.bStart[index],
-                     kWidestToggle)
+    panel.Add<CaptionWidget>(Slot{kButtons, kName0 + 2 * i},
+                             std::string("&") + NameOf(kComponents[index]));
+    panel
+        .Add<StartButton>(Slot{kButtons, kButton0 + 2 * i}, NumberOf("bStart", i),
+                          page.bStart[index], kWidestToggle)
         .SetAccessKey(kToggleKeys[index]);
   }
-  Add<StartButton>(Slot{kButtons, kStartAll}, NumberOf("bStart", kStartAllButton),
-                   page.bStart[kStartAllButton], kWidestForAll)
+  panel
+      .Add<StartButton>(Slot{kButtons, kStartAll}, NumberOf("bStart", kStartAllButton),
+                        page.bStart[kStartAllButton], kWidestForAll)
       .SetAccessKey('s');
-  Add<StartButton>(Slot{kButtons, kStopAll}, NumberOf("bStart", kStopAllButton),
-                   page.bStart[kStopAllButton], kWidestForAll)
+  panel
+      .Add<StartButton>(Slot{kButtons, kStopAll}, NumberOf("bStart", kStopAllButton),
+                        page.bStart[kStopAllButton], kWidestForAll)
       .SetAccessKey('o');
 }
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "platform/windows/code_page_windows.h"
-#include "platform/windows/late_call.h"
+#include "platform/windows/system_libraries.h"
 
 namespace tarvo {
 namespace {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_copies.h"
+#include "platform/files.h"
 #include "platform/windows/file_swap_windows.h"
 
 namespace tarvo {
@@ -17,6 +18,16 @@ class WindowsFileCopies : public FileCopies {
   std::optional<FileFault> Remove(const std::string& path) override;
   bool FolderExists(const std::string& path) override;
   std::optional<FileFault> MakeFolder(const std::string& path) override;
+
+ private:
+  SwapSteps& steps_;
+};
+
+/// Writes to a file beside the target, named like it with ".writing" appended; see `SwapContent`.
+class WindowsFileReplacer : public FileReplacer {
+ public:
+  explicit WindowsFileReplacer(SwapSteps& steps = SystemSteps()) : steps_(steps) {}
+  std::optional<FileFault> ReplaceText(const std::string& path, const std::string& text) override;
 
  private:
   SwapSteps& steps_;

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/windows/late_call.h"
+#include "platform/windows/system_libraries.h"
 
 namespace tarvo {
 namespace {

@@ -1,5 +1,7 @@
 #include "platform/windows/files_windows.h"
 
+#include <windows.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <limits>
@@ -8,6 +10,7 @@
 
 #include "platform/windows/code_page_windows.h"
 #include "platform/windows/handle_windows.h"
+#include "platform/windows/system_message_windows.h"
 
 namespace tarvo {
 namespace {
@@ -89,6 +92,20 @@ std::vector<std::string> WindowsFolderLister::FilesEndingWith(const std::string&
     if (!isFolder && EndsWith(name, loweredEnding)) names.push_back(name);
   } while (FindNextFileA(search.Get(), &entry) != 0);
   return names;
+}
+
+std::optional<FileFault> WindowsFileDiagnosis::WhyUnreadable(const std::string& path) {
+  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const KernelHandle file(
+      CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+  if (file.Valid()) return std::nullopt;
+  const DWORD error = GetLastError();
+  if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return std::nullopt;
+  return FileFault{static_cast<int>(error), SystemMessage(error)};
+}
+
+bool WindowsWorkingFolder::MoveInto(const std::string& folder) {
+  return SetCurrentDirectoryA(folder.c_str()) != 0;
 }
 
 }  // namespace tarvo

@@ -29,4 +29,14 @@ class WindowsFolderLister : public FolderLister {
                                            const std::string& ending) override;
 };
 
+class WindowsFileDiagnosis final : public FileDiagnosis {
+ public:
+  std::optional<FileFault> WhyUnreadable(const std::string& path) override;
+};
+
+class WindowsWorkingFolder final : public WorkingFolder {
+ public:
+  bool MoveInto(const std::string& folder) override;
+};
+
 }  // namespace tarvo

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "platform/windows/late_call.h"
+#include "platform/windows/system_libraries.h"
 
 namespace tarvo {
 namespace {

@@ -3,7 +3,6 @@
 #include <cstdio>
 
 namespace tarvo {
-
 namespace {
 
 /// Results of components are known by their eight hexadecimal digits.

@@ -7,9 +7,7 @@
 #include "platform/windows/event_log_windows.h"
 #include "platform/windows/fault_guard.h"
 #include "platform/windows/file_copies_windows.h"
-#include "platform/windows/file_diagnosis_windows.h"
 #include "platform/windows/file_dialog_windows.h"
-#include "platform/windows/file_replacer_windows.h"
 #include "platform/windows/files_windows.h"
 #include "platform/windows/foreign_windows_windows.h"
 #include "platform/windows/icons_windows.h"
@@ -20,7 +18,6 @@
 #include "platform/windows/processes_windows.h"
 #include "platform/windows/registry_windows.h"
 #include "platform/windows/sockets_windows.h"
-#include "platform/windows/working_folder_windows.h"
 
 namespace tarvo {
 namespace {

@@ -1,4 +1,4 @@
-#include "core/registry_text.h"
+#include "core/settings_store.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "core/log_file.h"
+#include "core/status_log.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "desktop/status_icons.h"
 #include "support/md5.h"
 #include "tests/simulation/sim_notification_area.h"
 

@@ -1,4 +1,4 @@
-#include "randomizer/server_settings.h"
+#include "randomizer/server_lines.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "randomizer/whole_range.h"
+#include "randomizer/engine.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/path_text.h"
+#include "core/server_root.h"
 
 namespace tarvo {
 

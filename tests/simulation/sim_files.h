@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "platform/code_page.h"
-#include "platform/file_diagnosis.h"
 #include "platform/files.h"
 #include "tests/simulation/call_recorder.h"
 #include "tests/simulation/sim_clock.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "core/path_text.h"
+#include "core/server_root.h"
 
 namespace tarvo {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "platform/working_folder.h"
+#include "platform/files.h"
 #include "tests/simulation/call_recorder.h"
 
 namespace tarvo {

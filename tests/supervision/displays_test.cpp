@@ -3,7 +3,6 @@
 
 #include "desktop/status_picture.h"
 #include "form/status_colours.h"
-#include "supervision/last_failure.h"
 #include "supervision/memory_watch.h"
 #include "supervision/status_lights.h"
 #include "tests/simulation/launcher_story.h"

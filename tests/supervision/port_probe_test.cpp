@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "supervision/protocol_record.h"
-#include "supervision/winsock_error_text.h"
+#include "supervision/probe_failure.h"
 #include "support/runtime_error.h"
 #include "tests/simulation/sim_machine.h"
 

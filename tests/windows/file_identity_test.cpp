@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/windows/file_copies_windows.h"
-#include "platform/windows/file_replacer_windows.h"
 #include "platform/windows/handle_windows.h"
 #include "tests/windows/test_folder.h"
 

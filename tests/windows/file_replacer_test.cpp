@@ -1,5 +1,5 @@
 // Files replaced whole or not at all, with each way in which a step can fail.
-#include "platform/windows/file_replacer_windows.h"
+#include "platform/windows/file_copies_windows.h"
 
 #include <gtest/gtest.h>
 

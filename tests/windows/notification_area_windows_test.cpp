@@ -8,7 +8,7 @@
 #include <set>
 #include <vector>
 
-#include "desktop/status_icons.h"
+#include "desktop/status_picture.h"
 #include "platform/windows/code_page_windows.h"
 #include "platform/windows/icons_windows.h"
 #include "platform/windows/notification_record.h"

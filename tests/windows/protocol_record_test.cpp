@@ -1,4 +1,3 @@
-#include "supervision/protocol_record.h"
 
 #include <gtest/gtest.h>
 #include <winsock2.h>

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "toolkit/windows/button_face.h"
+#include "toolkit/windows/drawn_button.h"
 #include "toolkit/windows/subclass.h"
 
 namespace tarvo {

@@ -3,7 +3,7 @@
 
 #include "toolkit/windows/common_controls.h"
 
-#include "platform/windows/late_call.h"
+#include "platform/windows/system_libraries.h"
 
 namespace tarvo {
 namespace {

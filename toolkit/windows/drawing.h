@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "platform/windows/handle_windows.h"
-#include "toolkit/colour.h"
+#include "toolkit/control.h"
 
 namespace tarvo {
 

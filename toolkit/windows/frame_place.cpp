@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "toolkit/window_place.h"
-#include "toolkit/windows/dpi.h"
 #include "toolkit/windows/screens.h"
 
 namespace tarvo {
@@ -18,6 +17,34 @@ Extent WindowAround(Extent client, HWND window, int dpi) {
   GrowToWindow(around, window, dpi);
   return {static_cast<int>(around.right - around.left),
           static_cast<int>(around.bottom - around.top)};
+}
+
+constexpr int kStep = 24;  ///< Of an arrow and of a third of a wheel's notch, at 100 %.
+
+SCROLLINFO BarOf(HWND window, int bar) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_ALL;
+  GetScrollInfo(window, bar, &info);
+  return info;
+}
+
+/// Shows a bar for `whole`, of which `seen` is visible; none when that is all. Returns the
+/// position, the old one as far as it is still in range.
+int SetBar(HWND window, int bar, int whole, int seen) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE | SIF_PAGE;
+  info.nMax = std::max(whole, seen) - 1;
+  info.nPage = static_cast<UINT>(seen);
+  SetScrollInfo(window, bar, &info, TRUE);
+  return BarOf(window, bar).nPos;
+}
+
+/// How far to scroll until a stretch is between 0 and `room`; of a longer one its beginning.
+int Outside(LONG begin, LONG end, LONG room) {
+  if (begin < 0 || begin >= room) return static_cast<int>(begin);
+  return end - begin > room ? 0 : static_cast<int>(std::max(0L, end - room));
 }
 
 }  // namespace
@@ -89,6 +116,85 @@ void FramePlace::Limit(MINMAXINFO& limits) const {
 void FramePlace::MoveTo(const RECT& place) const {
   Take({static_cast<int>(place.left), static_cast<int>(place.top),
         static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top)});
+}
+
+Extent FrameScroll::RoomWithoutBars() const {
+  RECT client{};
+  GetClientRect(window_, &client);
+  const LONG_PTR style = GetWindowLongPtrA(window_, GWL_STYLE);
+  Extent room{static_cast<int>(client.right), static_cast<int>(client.bottom)};
+  if ((style & WS_VSCROLL) != 0) room.width += GetSystemMetrics(SM_CXVSCROLL);
+  if ((style & WS_HSCROLL) != 0) room.height += GetSystemMetrics(SM_CYHSCROLL);
+  return room;
+}
+
+RECT FrameScroll::Surface(Extent needed) {
+  Extent seen = RoomWithoutBars();
+  const bool across = seen.width < needed.width;
+  if (across) seen.height -= GetSystemMetrics(SM_CYHSCROLL);
+  const bool down = seen.height < needed.height;
+  if (down) seen.width -= GetSystemMetrics(SM_CXVSCROLL);
+  if (!across && seen.width < needed.width) seen.height -= GetSystemMetrics(SM_CYHSCROLL);
+  barsChange_ = true;
+  const LONG left = -SetBar(window_, SB_HORZ, needed.width, seen.width);
+  const LONG top = -SetBar(window_, SB_VERT, needed.height, seen.height);
+  barsChange_ = false;
+  return {left, top, left + std::max(seen.width, needed.width),
+          top + std::max(seen.height, needed.height)};
+}
+
+void FrameScroll::ScrollTo(int bar, int position) {
+  const int before = BarOf(window_, bar).nPos;
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_POS;
+  info.nPos = position;
+  SetScrollInfo(window_, bar, &info, TRUE);
+  if (BarOf(window_, bar).nPos != before) arrange_();
+}
+
+void FrameScroll::Scrolled(int bar, int code) {
+  const SCROLLINFO info = BarOf(window_, bar);
+  const int step = look_.Px(kStep);
+  const int page = static_cast<int>(info.nPage);
+  switch (code) {
+    case SB_LINEUP:
+      return ScrollTo(bar, info.nPos - step);
+    case SB_LINEDOWN:
+      return ScrollTo(bar, info.nPos + step);
+    case SB_PAGEUP:
+      return ScrollTo(bar, info.nPos - page);
+    case SB_PAGEDOWN:
+      return ScrollTo(bar, info.nPos + page);
+    case SB_TOP:
+      return ScrollTo(bar, info.nMin);
+    case SB_BOTTOM:
+      return ScrollTo(bar, info.nMax);
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+      return ScrollTo(bar, info.nTrackPos);
+    default:
+      return;
+  }
+}
+
+void FrameScroll::Wheeled(int turn) {
+  ScrollTo(SB_VERT, BarOf(window_, SB_VERT).nPos - turn * 3 * look_.Px(kStep) / WHEEL_DELTA);
+}
+
+void FrameScroll::FollowFocus() {
+  const HWND focus = GetFocus();
+  if (focus == followed_ || !IsChild(window_, focus)) return;
+  followed_ = focus;
+  RECT place{};
+  GetWindowRect(focus, &place);
+  MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
+  RECT client{};
+  GetClientRect(window_, &client);
+  const int across = Outside(place.left, place.right, client.right);
+  const int down = Outside(place.top, place.bottom, client.bottom);
+  if (across != 0) ScrollTo(SB_HORZ, BarOf(window_, SB_HORZ).nPos + across);
+  if (down != 0) ScrollTo(SB_VERT, BarOf(window_, SB_VERT).nPos + down);
 }
 
 }  // namespace tarvo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "toolkit/controls.h"
 #include "toolkit/windows/widget.h"
 
@@ -36,6 +38,23 @@ class LabelWidget : public Mirror<Label> {
  private:
   std::string widest_;
   bool bold_;
+};
+
+/// The title of a card, in bold.
+class HeadingWidget : public Widget {
+ public:
+  HeadingWidget(Stage& stage, HWND parent, const std::string& text);
+  Extent Natural() const override;
+  void TakeLook() override;
+};
+
+/// A warning over the whole width: dark text on amber, with the system's warning sign.
+class WarningWidget : public Widget {
+ public:
+  WarningWidget(Stage& stage, HWND parent, const std::string& text);
+  Extent Natural() const override;
+  int Overhang() const override;
+  void Draw(const DRAWITEMSTRUCT& item) override;
 };
 
 }  // namespace tarvo

@@ -3,8 +3,8 @@
 #include <uxtheme.h>
 #include <vsstyle.h>
 
-#include "platform/windows/late_call.h"
-#include "toolkit/windows/dpi.h"
+#include "platform/windows/system_libraries.h"
+#include "toolkit/windows/screens.h"
 
 namespace tarvo {
 namespace {

@@ -7,8 +7,8 @@
 #include <tuple>
 
 #include "toolkit/grid.h"
-#include "toolkit/windows/dpi.h"
 #include "toolkit/windows/drawing.h"
+#include "toolkit/windows/screens.h"
 
 namespace tarvo {
 

@@ -36,15 +36,14 @@ struct Card {
 /// widgets in the order in which they were added.
 ///
 /// The native window belongs to `parent` and is destroyed with it; the stage must outlive the
-/// panel. A derived class adds its widgets and describes its grid in its constructor. All on the
+/// panel. Whoever makes one describes its grid and adds its widgets, before it is shown. All on the
 /// thread of the event loop.
-class Panel {
+class Panel final {
  public:
   enum class Ground { Window, Page };     ///< What it is on, and so its colour.
   static constexpr int kCardPadding = 8;  ///< At 100 %.
 
   Panel(Stage& stage, HWND parent, Ground ground);
-  virtual ~Panel() = default;
   Panel(const Panel&) = delete;
   Panel& operator=(const Panel&) = delete;
 
@@ -63,7 +62,6 @@ class Panel {
   /// Does what that access key (in lower case) asks for; false when no widget has it.
   bool Access(char key);
 
- protected:
   /// Gaps in pixels at 100 %: before the first column and row, and before each that follows.
   void SetColumns(std::vector<Track> columns) { columns_ = std::move(columns); }
   void SetRows(std::vector<Track> rows) { rows_ = std::move(rows); }

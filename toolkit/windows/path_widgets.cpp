@@ -6,7 +6,7 @@
 
 #include <utility>
 
-#include "platform/windows/late_call.h"
+#include "platform/windows/system_libraries.h"
 #include "toolkit/windows/drawing.h"
 #include "toolkit/windows/subclass.h"
 

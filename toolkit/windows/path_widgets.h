@@ -1,6 +1,6 @@
 #pragma once
 
-#include "toolkit/path_box.h"
+#include "toolkit/controls.h"
 #include "toolkit/windows/field_widgets.h"
 #include "toolkit/windows/label_widgets.h"
 

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "xmldoc/mail/smtp_channel.h"
-#include "xmldoc/mail/smtp_limits.h"
 
 namespace tarvo {
 

@@ -6,9 +6,8 @@
 #include <utility>
 
 #include "platform/clock.h"
-#include "platform/utc_clock.h"
 #include "xmldoc/mail/mail.h"
-#include "xmldoc/mail/smtp_limits.h"
+#include "xmldoc/mail/smtp_channel.h"
 #include "xmldoc/mail/tcp_stream.h"
 
 namespace tarvo {

@@ -22,7 +22,7 @@
 #include <string>
 
 #include "benches/windows/desktop/asker.h"
-#include "core/log_file.h"
+#include "core/status_log.h"
 #include "form/control_ids.h"
 #include "form/log_screen.h"
 #include "form/windows/native_window.h"

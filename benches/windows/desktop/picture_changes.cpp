@@ -18,7 +18,7 @@
 #include "benches/windows/object_count.h"
 #include "desktop/frm_sys_tray.h"
 #include "desktop/last_hour.h"
-#include "desktop/status_icons.h"
+#include "desktop/status_picture.h"
 #include "form/windows/native_window.h"
 #include "platform/windows/clock_windows.h"
 #include "platform/windows/code_page_windows.h"

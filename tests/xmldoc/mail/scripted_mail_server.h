@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "platform/clock.h"
-#include "platform/utc_clock.h"
 #include "xmldoc/mail/tcp_stream.h"
 
 namespace tarvo {
