@@ -14,11 +14,11 @@ void Check(const std::string& step, StreamOutcome outcome) {
   if (outcome != StreamOutcome::Done) throw SmtpFault{step + ": " + ReasonOf(outcome)};
 }
 
-/// The code that a line begins with, 0 for none.
-int CodeOf(std::string_view line) {
+/// The first digit of the code that a line begins with, 0 for none.
+int KindOf(std::string_view line) {
   const bool hasCode = line.size() >= kCodeDigits &&
                        line.find_first_not_of("0123456789") >= kCodeDigits && line[0] != '0';
-  return hasCode ? (line[0] - '0') * 100 + (line[1] - '0') * 10 + (line[2] - '0') : 0;
+  return hasCode ? line[0] - '0' : 0;
 }
 
 }  // namespace
@@ -41,7 +41,7 @@ std::string ReasonOf(const std::string& step, const SmtpAnswer& answer) {
 SmtpAnswer SmtpChannel::Ask(const std::string& step, std::string_view command,
                             std::uint32_t milliseconds) {
   const Deadline deadline{ticks_.Milliseconds(), milliseconds};
-  lastCode_ = 0;
+  lastKind_ = 0;
   if (!command.empty()) {
     const StreamOutcome sent = stream_->Send(command, milliseconds);
     if (sent != StreamOutcome::Done) {
@@ -65,9 +65,9 @@ void SmtpChannel::SendPart(const std::string& step, std::string_view bytes,
   Check(step, sent);
 }
 
-int SmtpChannel::CodeBegun() const {
-  if (lastCode_ != 0) return lastCode_;
-  return received_.size() > kCodeDigits ? CodeOf(received_) : 0;
+int SmtpChannel::KindBegun() const {
+  if (lastKind_ != 0) return lastKind_;
+  return received_.size() > kCodeDigits ? KindOf(received_) : 0;
 }
 
 /// Raises the server's own words when it has begun to refuse.
@@ -104,11 +104,11 @@ SmtpAnswer SmtpChannel::ReadAnswer(const std::string& step, const Deadline& dead
     const std::string line = ReadLine(step, deadline);
     size += line.size();
     if (size > kMostAnswer) throw SmtpFault{step + ": answer too long"};
-    answer.code = CodeOf(line);
-    if (answer.code == 0) {
+    answer.kind = KindOf(line);
+    if (answer.kind == 0) {
       throw SmtpFault{step + ": not understood: " + InOneLine(line).substr(0, kMostOfNonsense)};
     }
-    lastCode_ = answer.code;
+    lastKind_ = answer.kind;
     answer.text += (answer.text.empty() ? "" : " ") + line;
     if (line.size() == kCodeDigits || line[kCodeDigits] != '-') return answer;
   }

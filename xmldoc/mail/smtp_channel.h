@@ -16,12 +16,11 @@ struct SmtpFault {
   std::string reason;
 };
 
-/// What a server said: "250-one", "250 two" is the code 250 and the text "250-one 250 two".
+/// What a server said: "250-one", "250 two" is the kind 2 and the text "250-one 250 two".
 struct SmtpAnswer {
-  int code = 0;
+  /// The code's first digit: 2 done; 3 go on; 4 not now; 5 no. The others decide nothing.
+  int kind = 0;
   std::string text;
-  /// 2: done; 3: go on; 4: not now; 5: no. What the other digits say decides nothing.
-  int Kind() const { return code / 100; }
 };
 
 /// How a call on a connection ended, in words.
@@ -44,9 +43,9 @@ class SmtpChannel {
   /// all the same to refuse, nothing more is sent and its words are the fault's reason.
   void SendPart(const std::string& step, std::string_view bytes, std::uint32_t milliseconds);
 
-  /// The code that has come, even of an answer that broke off after it; 0 for none. To be called
-  /// after Ask.
-  int CodeBegun() const;
+  /// The kind that has come, even of an answer that broke off after its code; 0 for none. To be
+  /// called after Ask.
+  int KindBegun() const;
 
  private:
   /// When a call has to be over. A time of 0 lets it take what has come already.
@@ -64,7 +63,7 @@ class SmtpChannel {
   std::unique_ptr<TcpStream> stream_;
   TickClock& ticks_;
   std::string received_;
-  int lastCode_ = 0;
+  int lastKind_ = 0;
 };
 
 /// How long a mailer waits, in milliseconds, all above 0. Those of the conversation are the least

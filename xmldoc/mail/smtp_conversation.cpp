@@ -40,9 +40,9 @@ void SmtpConversation::Quit() noexcept {
 
 void SmtpConversation::Introduce(const std::string& helloName) {
   const SmtpAnswer answer = channel_.Ask("EHLO", "EHLO " + helloName + "\r\n", limits_.command);
-  if (answer.Kind() == kDone) return;
+  if (answer.kind == kDone) return;
   // A server that does not know EHLO may know the old greeting.
-  if (answer.Kind() != kNo) Refuse("EHLO", answer);
+  if (answer.kind != kNo) Refuse("EHLO", answer);
   Demand(kDone, "HELO", "HELO " + helloName + "\r\n", limits_.command);
 }
 
@@ -58,18 +58,18 @@ void SmtpConversation::AwaitLastAnswer() {
   try {
     answer = channel_.Ask(kMessage, {}, limits_.lastAnswer);
   } catch (const SmtpFault& fault) {
-    const int code = channel_.CodeBegun();
-    if (code / 100 == kDone) return;
-    if (code != 0) throw;
+    const int kind = channel_.KindBegun();
+    if (kind == kDone) return;
+    if (kind != 0) throw;
     throw SmtpFault{fault.reason + "; the mail may have been taken all the same"};
   }
-  if (answer.Kind() != kDone) Refuse(kMessage, answer);
+  if (answer.kind != kDone) Refuse(kMessage, answer);
 }
 
 void SmtpConversation::Demand(int kind, const std::string& step, std::string_view command,
                               std::uint32_t milliseconds) {
   const SmtpAnswer answer = channel_.Ask(step, command, milliseconds);
-  if (answer.Kind() != kind) Refuse(step, answer);
+  if (answer.kind != kind) Refuse(step, answer);
 }
 
 }  // namespace tarvo
