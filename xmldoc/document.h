@@ -109,9 +109,8 @@ class Document {
   /// The same on a view, which is moved forward: for long attribute texts, as nothing is copied.
   static void GetNextParameter(std::string_view& attributes, std::string& name, std::string& value);
 
-  /// The text of this node and all below it. Names an unnamed root "xml", and stores the defaults
-  /// of Version and Encoding when they are empty, unless the root is written without content. A
-  /// node is left out within itself. Raises RuntimeError "Overflow" for a text of 2 GiB and more.
+  /// The text of this node and all below it. Names an unnamed root "xml". A node is left out
+  /// within itself. Raises RuntimeError "Overflow" for a text of 2 GiB and more.
   std::string XMLExport();
 
   /// StringtoFile of XMLExport, whose fault counts as one of writing. Raises nothing.

@@ -58,7 +58,6 @@ bool Document::XMLImportHTM(std::string& url, std::int16_t protocol, const std::
     request.userName = userName;
     request.password = password;
     request.proxy = proxy;
-    request.accessType = 0;
     if (std::optional<std::string> body = fetch.Fetch(request)) {
       url = std::move(*body);
       return ReadText(url, end);

@@ -36,7 +36,7 @@ std::string Unquoted(std::string_view name, CharacterForm form) {
   std::string plain;
   std::size_t at = name.starts_with('"') ? 1 : name.size();
   while (at < name.size() && name[at] != '"') {
-    if (name[at] == '\\' && at + 1 < name.size()) ++at;
+    if (name[at] == '\\') ++at;
     const std::size_t size = CharacterSize(name.substr(at), form);
     plain += name.substr(at, size);
     at += size;

@@ -47,8 +47,8 @@ Condition::Condition(std::string_view text) {
   for (;;) {
     // Each is looked for again only once it has been passed, so that a long condition costs one
     // pass.
-    if (nextOr != std::string_view::npos && nextOr < start) nextOr = rest.find(kOr, start);
-    if (nextAnd != std::string_view::npos && nextAnd < start) nextAnd = rest.find(kAnd, start);
+    if (nextOr < start) nextOr = rest.find(kOr, start);
+    if (nextAnd < start) nextAnd = rest.find(kAnd, start);
     const std::size_t end = std::min(nextOr, nextAnd);
     terms_.push_back(ReadTerm(rest.substr(start, end - start), joinedByAnd));
     if (end == std::string_view::npos) return;

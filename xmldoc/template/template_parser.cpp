@@ -62,7 +62,7 @@ class Parser {
  private:
   struct OpenBlock {
     std::string id;
-    std::size_t part;
+    std::size_t block;
   };
 
   void SplitIntoBlocks() {
@@ -92,7 +92,7 @@ class Parser {
     ReadWhen(TemplateAttribute(tag, "when").value_or(std::string()), blocks_.back());
     if (open_.empty()) NoteOutermost(blocks_.size() - 1);
     ++openOf_[id];
-    open_.push_back({std::move(id), outline_.size()});
+    open_.push_back({std::move(id), blocks_.size() - 1});
     outline_.push_back({Kind::Open, {}, blocks_.size() - 1});
     return textStart_;
   }
@@ -122,10 +122,8 @@ class Parser {
     --open->second;
     AddText(at);
     textStart_ = quote + 2;
-    const std::size_t opener = open_.back().part;
+    outline_.push_back({Kind::Close, {}, open_.back().block});
     open_.pop_back();
-    outline_[opener].other = outline_.size();
-    outline_.push_back({Kind::Close, {}, outline_[opener].index, opener});
     return textStart_;
   }
 

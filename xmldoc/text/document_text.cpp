@@ -89,10 +89,10 @@ std::string Document::XMLExport() {
     std::string text = bare.TakeString();
     return text == "<xml/>\r\n" ? std::string() : text;
   }
-  SetVersion(Version());
-  SetEncoding(Encoding());
   AppendString text;
-  if (rare_->textLength > 0) text.Expect(rare_->textLength + AppendString::kStepCharacters);
+  if (rare_ != nullptr && rare_->textLength > 0) {
+    text.Expect(rare_->textLength + AppendString::kStepCharacters);
+  }
   AddDeclaration(text, *this);
   if (TreeWriter(text).Write(*this, kFewLevels)) return text.TakeString();
   RefuseEndlessText(*this);

@@ -175,7 +175,7 @@ bool XmlReader::ScanTag(const char* open, Tag& tag, std::string& repaired) const
 
 bool XmlReader::ScanComment(const char* open, Tag& tag) const {
   constexpr std::string_view kCloser = "-->";
-  const auto closer = Between(open, end_).find(kCloser, 1);
+  const auto closer = Between(open, end_).find(kCloser);
   if (closer == std::string_view::npos) return false;
   tag.name = Between(open + 1, open + 4);
   tag.end = open + closer + kCloser.size();
