@@ -36,6 +36,7 @@ TEST(Reader, LeavesAndContainers) {
        true, true},
       {"any closing tag closes the node", "<r><g><a/></x><b/></y>", "r{b=|g{a=}}", true, true},
       {"names compare exactly for a leaf", "<r><a>1</A></r>", "r{|a{}}", true, true},
+      {"and up to their end", "<r><a>1</a~></a></r>", "r{|a{}}", true, true},
       {"a blank in the closing tag ends its name", "<r><a>1</a ></r>", "r{a=1}", true, true},
       {"a leaf's text is kept as it stands", "<r><a> \r\n\t1 \n</a></r>", "r{a= \\r\\n\\t1 \\n}",
        true, true},
@@ -64,6 +65,8 @@ TEST(Reader, SelfClosingTags) {
       {"a slash, a blank: no self-closing tag", "<r><a/ ><b/></x></r>", "r{|a/{b=}}", true, true},
       {"an unquoted value before the slash", "<r><a x=1/></r>", "r{a(x=1)=}", true, true},
       {"a name alone is an attribute without a value", "<r><a b/></r>", "r{a(b=)=}", true, true},
+      {"a sign behind the attributes is part of the last value", "<r><a b=\"1\"~>x</a></r>",
+       "r{a(b=1\")=x}", true, true},
   });
 }
 
@@ -118,6 +121,8 @@ TEST(Reader, LineBreaksInsideTags) {
       {"a lone line feed in a self-closing tag", "<r><a\nx=\"1\"/></r>", "r{ax=\"1\"=}", true,
        true},
       {"a lone carriage return is nothing", "<r><a\r/></r>", "r{a=}", true, true},
+      {"a name of carriage returns is empty", "<r><\r>1</></r>", "r{=1}", true, true},
+      {"a name of line feeds is empty", "<r><\n\n>1</></r>", "r{=1}", true, true},
       {"CR CR LF is a blank", "<r><a\r\r\nb=\"1\"/></r>", "r{a(b=1)=}", true, true},
       {"a line break before the slash", "<r><a/\n></r>", "r{a=}", true, true},
       {"a line break in a closing tag", "<r><a>1</\na></r>", "r{a=1}", true, true},

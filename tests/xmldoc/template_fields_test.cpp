@@ -271,6 +271,10 @@ TEST(TemplateFields, BoundTheValuesThatTheyMake) {
   for (int i = 0; i < 40; ++i) source += "<@field LET x=VAR(x)VAR(x)>";
   EXPECT_EQ(Filled("<r/>", source, ports),
             "10106 VemtoParser.Maker: A value of the template passes 1000 bytes");
+  ports.mostOutput = 4;
+  EXPECT_EQ(Filled("<r/>", "<@field LET x=abcd><@field x>", ports), "abcd");
+  EXPECT_EQ(Filled("<r/>", "<@field LET x=abcde>", ports),
+            "10106 VemtoParser.Maker: A value of the template passes 4 bytes");
 }
 
 TEST(TemplateFields, AskChanceWithinItsRange) {

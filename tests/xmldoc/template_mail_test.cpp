@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tests/xmldoc/template_outcome.h"
+#include "xmldoc/template/template_parser.h"
 
 namespace tarvo {
 namespace {
@@ -35,6 +36,14 @@ TEST(TemplateMail, HandsOverWhatTheDirectiveSays) {
   EXPECT_EQ(mail.port, 2525);
   EXPECT_EQ(mail.server, "mail");
   EXPECT_EQ(mail.body, "\r\n<b>body</b>");
+}
+
+// The places of all values are kept only for a text that may hold mails.
+TEST(TemplateMail, IsLookedForOnlyWhereThereMayBeOne) {
+  EXPECT_FALSE(ParseTemplate("").mayHaveMail);
+  EXPECT_FALSE(ParseTemplate("a<@field x>b").mayHaveMail);
+  EXPECT_TRUE(ParseTemplate("a<SendMail TO=\"x\">b").mayHaveMail);
+  EXPECT_TRUE(ParseTemplate("<send<@field LET x=1>mail TO=\"x\">").mayHaveMail);
 }
 
 TEST(TemplateMail, HasDefaultsForWhatItDoesNotSay) {

@@ -48,6 +48,8 @@ TEST(MailAddresses, AreReadFromLists) {
       {"x <a@b> y", "refused: x <a@b> y"},
       {"x <<a@b>", "refused: x <<a@b>"},
       {"\"Bob <a@b>, c@d", "refused: \"Bob <a@b>, c@d"},
+      {"Bob <a@bc", "refused: Bob <a@bc"},
+      {"<a,b;@c>,d@e", "refused: <a,b;@c>"},
   };
   for (const auto& [list, expected] : cases) EXPECT_EQ(Read(list), expected) << list;
 }
@@ -116,6 +118,7 @@ TEST(MailAddresses, AreAsTheStandardWritesThem) {
       "a@b\r\n",
       "a@b\t",
       "\"a@b",
+      "\"@b",
       "\"a\"b@c",
       "a\"b\"@c",
       "\"a\"",

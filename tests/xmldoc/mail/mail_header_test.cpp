@@ -43,6 +43,7 @@ std::vector<std::string> LinesOf(const std::string& header) {
 std::vector<std::string> WordsOf(const std::string& header, std::size_t& longest) {
   std::vector<std::string> words;
   for (const std::string& line : LinesOf(header)) {
+    EXPECT_TRUE(line.front() == ' ' || line.find(": ") != std::string::npos) << line;
     longest = std::max(longest, line.size());
     const auto start = line.find("?B?");
     if (start == std::string::npos) continue;

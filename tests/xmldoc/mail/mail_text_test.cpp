@@ -85,6 +85,7 @@ TEST(MailText, EncodesBodiesThatDoNotTravelAsTheyAre) {
       {"\xF1 \n\t", "=F1=20\r\n=09\r\n"},
       {std::string("\0", 1), "=00\r\n"},
       {std::string(998, 'x'), std::string(998, 'x') + "\r\n"},
+      {"a\n" + std::string(998, 'x'), "a\r\n" + std::string(998, 'x') + "\r\n"},
   };
   for (const auto& [body, travelling] : cases) {
     MailContent content = Content();

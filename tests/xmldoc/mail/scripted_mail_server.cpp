@@ -1,5 +1,7 @@
 #include "tests/xmldoc/mail/scripted_mail_server.h"
 
+#include <algorithm>
+
 namespace tarvo {
 namespace {
 
@@ -12,6 +14,7 @@ class ScriptedStream : public TcpStream {
     server_.sendWaits.push_back(milliseconds);
     if (server_.sent.size() >= server_.deafAfter) return FallSilent();
     server_.sent += bytes;
+    server_.largestPart = std::max(server_.largestPart, bytes.size());
     return StreamOutcome::Done;
   }
 

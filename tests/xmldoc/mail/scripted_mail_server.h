@@ -45,6 +45,7 @@ class ScriptedMailServer : public TcpConnector, public TickClock {
   std::uint32_t perAnswer = 1000;  ///< Milliseconds.
 
   std::string sent;
+  std::size_t largestPart = 0;           ///< Of what was sent.
   std::vector<std::uint32_t> waits;      ///< For answers.
   std::vector<std::uint32_t> sendWaits;  ///< For sending.
   std::vector<std::string> calls;        ///< "look up HOST MS", "connect ADDRESS PORT MS".

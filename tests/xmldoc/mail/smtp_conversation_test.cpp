@@ -75,6 +75,12 @@ TEST(SmtpMailer, FallsBackToTheOldGreeting) {
   EXPECT_NE(server.sent.find("EHLO [127.0.0.1]\r\nHELO [127.0.0.1]\r\n"), std::string::npos);
 }
 
+TEST(SmtpMailer, TakesCodesWithoutAText) {
+  ScriptedMailServer server(
+      {"220\r\n", "250-\r\n250\r\n", "250\r\n", "250\r\n", "354\r\n", "250\r\n"});
+  EXPECT_EQ(SendBy(server), "sent");
+}
+
 TEST(SmtpMailer, ReadsAnswersInPieces) {
   ScriptedMailServer server(
       {"2", "20 h", "i\r", "\n", "250 a\n", "250 ok\r\n250 ok\r\n354 go\r\n", "250 ok\r\n"});
@@ -91,6 +97,7 @@ TEST(SmtpMailer, GivesUpOnBadAnswers) {
       {"554-a\x1B[1m\r\n554 b\r\n", "greeting: 554-a [1m 554 b"},
       {std::string(70000, '2'), "greeting: answer too long"},
       {"220 unfinished", "greeting: connection closed"},
+      {"554 " + std::string(300, 'x') + "\r\n", "greeting: 554 " + std::string(196, 'x')},
   };
   for (const auto& [answer, reason] : cases) {
     ScriptedMailServer server({answer});
@@ -135,6 +142,7 @@ TEST(SmtpMailer, GivesEachBlockOfTheMailItsTime) {
     EXPECT_EQ(server.sendWaits[i], 180000U) << i;
   }
   EXPECT_EQ(server.sendWaits.back(), 10000U);
+  EXPECT_EQ(server.largestPart, 16384U);
 }
 
 TEST(SmtpMailer, SaysFarewellAfterEveryRefusal) {
@@ -257,6 +265,12 @@ TEST(SmtpMailer, TellsTheReasonOfAServerThatTakesNoMore) {
     early.deaf = deaf;
     early.lastWords = "421 4.3.2 going down\r\n";
     EXPECT_EQ(SendBy(early), "MAIL FROM: 421 4.3.2 going down");
+    ScriptedMailServer broken(GoodUpTo(kMail));
+    broken.deafAfter = 1;
+    broken.deaf = deaf;
+    broken.lastWords = "421-4.3.2 going\r\n";
+    EXPECT_EQ(SendBy(broken), "MAIL FROM: connection closed");
+    EXPECT_EQ(broken.waits.size(), 2U) << "what has not come by then is not waited for";
   }
 }
 
