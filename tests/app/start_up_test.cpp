@@ -29,7 +29,7 @@ TEST(FirstRun, HasEveryDefaultAndTellsVersionEndpointsAndReady) {
   Launcher launcher(machine);
   launcher.Start();
   EXPECT_EQ(launcher.Log(),
-            "10:00:00 0 Tarvo Launcher v.1.0.0\n"
+            "10:00:00 0 Tarvo Launcher v.1.1.0\n"
             "10:00:00 0 Login Server: 127.0.0.1:6900\n"
             "10:00:00 0 Char Server: 127.0.0.1:6121\n"
             "10:00:00 0 Map Server: 127.0.0.1:5121\n"
@@ -77,7 +77,7 @@ TEST_F(StartUp, HostsAreToldAsTheyStandAndPortsInPlainDecimal) {
   machine.PutConf("C:\\srv", "login_ip: 10.0.0.1 \r\nlogin_port: -5\r\nchar_port: &HFF\r\n", "");
   StartLauncher();
   EXPECT_EQ(launcher->Log(),
-            "10:00:00 0 Tarvo Launcher v.1.0.0\n"
+            "10:00:00 0 Tarvo Launcher v.1.1.0\n"
             "10:00:00 0 Login Server:  10.0.0.1 :-5\n"
             "10:00:00 0 Char Server: 127.0.0.1:255\n"
             "10:00:00 0 Map Server: 127.0.0.1:0\n"
