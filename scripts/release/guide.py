@@ -6,7 +6,8 @@ import re
 import markdown
 
 # In the order in which an operator comes to them; the first one begins the file. Those that are not there are left out.
-PAGES = ("operators-guide.md", "randomizer.md", "upgrade.md", "command-line.md", "events.md", "fleet.md")
+PAGES = ("operators-guide.md", "randomizer.md", "upgrade.md", "command-line.md", "events.md", "fleet.md",
+         "when-something-is-wrong.md", "nobody-logged-on.md")
 STYLE = """
 body { font: 15px/1.5 "Segoe UI", sans-serif; max-width: 54em; margin: 2em auto; padding: 0 1em; color: #222; }
 img { max-width: 100%; border: 1px solid #ccc; }
