@@ -6,6 +6,7 @@
 #include "app/all_settings.h"
 #include "core/component.h"
 #include "core/handed_settings.h"
+#include "core/launcher_events.h"
 #include "core/patience.h"
 #include "core/per_user_registry.h"
 #include "core/process_control.h"
@@ -57,6 +58,7 @@ class Principal {
   TimerQueue& TheTimers() { return timers_; }
   EventDispatch& Dispatch() { return dispatch_; }
   StatusLog& TheLog() { return log_; }
+  LauncherEvents& TheEvents() { return events_; }
   const ComponentTable& Components() const { return components_; }
 
   /// The name under which the machine knows this root's one launcher.
@@ -109,6 +111,7 @@ class Principal {
   Form form_;
   ComponentTable components_;
   StatusLog log_;
+  LauncherEvents events_;
   LogFile logFile_;
   LauncherSettings settings_;
   ProcessControl processes_;

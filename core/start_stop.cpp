@@ -105,8 +105,9 @@ void StartStop::Launch(ComponentKind kind) {
   const LaunchResult launched = processes_.LaunchComponent(kind);
   components_[kind].ProcessId = launched.id;
   if (launched.id != 0) {
-    log_.LogStatus(ServerName(kind) + " Started" + StartedMark(kind) + PriorityText(kind), kInfo);
-    return;
+    const std::string text = ServerName(kind) + " Started" + StartedMark(kind) + PriorityText(kind);
+    log_.LogStatus(text, kInfo);
+    return events_.Report(LauncherEvent::Started, kind, text);
   }
   components_[kind].AlarmState = AlarmState::Trouble;
   log_.LogStatus("[" + controls_.executables[kind].Text() +
@@ -125,11 +126,7 @@ void StartStop::StopComponent(ComponentKind kind) {
   Component& component = components_[kind];
   component.ProcessId = 0;
   component.RunningHandle = 0;
-  log_.LogStatus(ServerName(kind) + " Stopped!", kNotice);
-  if (!processes_.StopProcesses(kind)) {
-    log_.LogStatus("[" + controls_.executables[kind].Text() + "] refuses to end, still in memory!",
-                   kAlert);
-  }
+  EndProcesses(kind);
   component.AlarmState = AlarmState::NotWatched;
   component.probeFailure.clear();
   controls_.lights[kind].SetState(LightState::Stopped);
@@ -138,6 +135,18 @@ void StartStop::StopComponent(ComponentKind kind) {
   CommandButton& button = controls_.buttons[IndexOf(kind)];
   button.SetCaption("Start");
   button.SetBackground(controls_.stopped);
+}
+
+void StartStop::EndProcesses(ComponentKind kind) {
+  const std::string stopped = ServerName(kind) + " Stopped!";
+  log_.LogStatus(stopped, kNotice);
+  if (processes_.StopProcesses(kind)) {
+    return events_.Report(LauncherEvent::Stopped, kind, stopped);
+  }
+  const std::string refuses =
+      "[" + controls_.executables[kind].Text() + "] refuses to end, still in memory!";
+  log_.LogStatus(refuses, kAlert);
+  events_.Report(LauncherEvent::RefusedToEnd, kind, refuses);
 }
 
 void StartStop::Prior_Click(ComponentKind kind) {

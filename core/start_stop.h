@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/component.h"
+#include "core/launcher_events.h"
 #include "core/process_control.h"
 #include "core/status_log.h"
 #include "platform/message_boxes.h"
@@ -47,11 +48,13 @@ struct StartStopControls {
 class StartStop {
  public:
   StartStop(const StartStopControls& controls, ComponentTable& components,
-            ProcessControl& processes, StatusLog& log, MessageBoxes& messageBoxes)
+            ProcessControl& processes, StatusLog& log, const LauncherEvents& events,
+            MessageBoxes& messageBoxes)
       : controls_(controls),
         components_(components),
         processes_(processes),
         log_(log),
+        events_(events),
         messageBoxes_(messageBoxes) {}
 
   /// A press on `bStart(index)`: 0 to 2 start or stop one component, `kStartAllButton` starts all
@@ -92,12 +95,14 @@ class StartStop {
   void StopAll();
   void LaunchOrAdopt(ComponentKind kind);
   void Launch(ComponentKind kind);
+  void EndProcesses(ComponentKind kind);
   std::string PriorityText(ComponentKind kind) const;
 
   StartStopControls controls_;
   ComponentTable& components_;
   ProcessControl& processes_;
   StatusLog& log_;
+  const LauncherEvents& events_;
   MessageBoxes& messageBoxes_;
 };
 

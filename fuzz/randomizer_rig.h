@@ -42,9 +42,11 @@ class RandomizerRig final : public tarvo::FileReader,
   tarvo::RandomizerPage page;
   tarvo::Timer calendarTimer{timers, "tmr_Calendar", 15000};
   tarvo::StatusLog log{*this};
+  tarvo::LauncherEvents events;
   tarvo::SettingsStore store{*this, "Settings"};
   tarvo::Randomizer randomizer{tarvo::BindRandomizer(page, calendarTimer),
                                log,
+                               events,
                                tarvo::ServerRoot("C:\\srv\\tarvo-launcher.exe", *this),
                                {*this, *this, *this, store, *this, *this, *this}};
 

@@ -24,8 +24,10 @@ void RandomizerEngine::RunRandomizer() {
   if (!StringToFile(path_, DrawAll(text, parameters), true, reader_, replacer_, eventLog_)) {
     return log_.LogStatus("Can't write " + path_ + " file.", kAlert);
   }
-  log_.LogStatus("Randomize was succesfull, " + std::to_string(parameters.Count()) + " change(s)",
-                 kExtra);
+  const std::string told =
+      "Randomize was succesfull, " + std::to_string(parameters.Count()) + " change(s)";
+  log_.LogStatus(told, kExtra);
+  events_.Report(LauncherEvent::Randomized, std::nullopt, told);
 }
 
 std::string RandomizerEngine::DrawAll(std::string_view text, Fields& parameters) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/launcher_events.h"
 #include "core/status_log.h"
 #include "platform/event_log.h"
 #include "platform/files.h"
@@ -23,14 +24,16 @@ class RandomizerEngine {
  public:
   /// `document` is the randomizer's tree, which may lack the set. `path` is the server's file.
   RandomizerEngine(Document& document, std::string path, FileReader& reader, FileReplacer& replacer,
-                   EventLog& eventLog, RandomSource& random, StatusLog& log)
+                   EventLog& eventLog, RandomSource& random, StatusLog& log,
+                   const LauncherEvents& events)
       : document_(document),
         path_(std::move(path)),
         reader_(reader),
         replacer_(replacer),
         eventLog_(eventLog),
         random_(random),
-        log_(log) {}
+        log_(log),
+        events_(events) {}
 
   /// One run. Its outcome goes to the status log: nothing to do, the file that cannot be read or
   /// written (it is as it was then), or each draw and the number of settings in the set, whether
@@ -48,6 +51,7 @@ class RandomizerEngine {
   EventLog& eventLog_;
   RandomSource& random_;
   StatusLog& log_;
+  const LauncherEvents& events_;
 };
 
 /// The whole numbers from `low` to `high`, both included; `low` is not above `high`.

@@ -5,7 +5,8 @@
 
 namespace tarvo {
 
-Randomizer::Randomizer(const RandomizerControls& controls, StatusLog& log, const ServerRoot& root,
+Randomizer::Randomizer(const RandomizerControls& controls, StatusLog& log,
+                       const LauncherEvents& events, const ServerRoot& root,
                        const RandomizerPorts& ports)
     : controls_(controls),
       log_(log),
@@ -16,7 +17,7 @@ Randomizer::Randomizer(const RandomizerControls& controls, StatusLog& log, const
       entries_(*document_, "Calendar", root.AppFolder() + "\\rndcalendar.xml", ports.fileReader,
                ports.fileReplacer, ports.eventLog),
       engine_(*document_, serverFile_, ports.fileReader, ports.fileReplacer, ports.eventLog,
-              ports.random, log),
+              ports.random, log, events),
       panel_(controls.parameters, *document_, parameters_, ports.messageBoxes, log),
       gate_({controls.mode, controls.limits}, engine_, ports.settings, ports.localClock),
       calendar_(controls.calendar, entries_, engine_, ports.settings, ports.localClock, log) {}

@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "core/launcher_events.h"
 #include "core/server_root.h"
 #include "core/settings_store.h"
 #include "core/status_log.h"
@@ -52,8 +53,8 @@ struct RandomizerPorts {
 class Randomizer {
  public:
   /// All references must outlive the randomizer.
-  Randomizer(const RandomizerControls& controls, StatusLog& log, const ServerRoot& root,
-             const RandomizerPorts& ports);
+  Randomizer(const RandomizerControls& controls, StatusLog& log, const LauncherEvents& events,
+             const ServerRoot& root, const RandomizerPorts& ports);
   Randomizer(const Randomizer&) = delete;
   Randomizer& operator=(const Randomizer&) = delete;
 

@@ -24,9 +24,20 @@ void CrashWatch::Crashed(ComponentKind kind) {
     processes_.KillProcessesByName(controls_.executables[kind].Text());
   }
   ShowLastFailure(controls_.lastFailure, kind, clock_.Now());
-  log_.LogStatus(std::string(NameOf(kind)) + " Server crashed, restarting...", kAlert);
+  Tell(kind);
   component.ProcessId = 0;
   if (!upgradeTakesOver || !upgradeTakesOver(kind)) Restart(kind);
+}
+
+void CrashWatch::Tell(ComponentKind kind) {
+  const std::string server = std::string(NameOf(kind)) + " Server";
+  const std::string text = server + " crashed, restarting...";
+  log_.LogStatus(text, kAlert);
+  events_.Report(LauncherEvent::Crashed, kind, text);
+  if (!loops_[kind].Died(tickClock_.Milliseconds())) return;
+  events_.Report(
+      LauncherEvent::CrashLoop, kind,
+      server + " crashed " + std::to_string(CrashLoop::kDeaths) + " times within five minutes!");
 }
 
 void CrashWatch::Restart(ComponentKind kind) {

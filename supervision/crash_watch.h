@@ -3,10 +3,12 @@
 #include <functional>
 
 #include "core/component.h"
+#include "core/launcher_events.h"
 #include "core/process_control.h"
 #include "core/start_stop.h"
 #include "core/status_log.h"
 #include "platform/clock.h"
+#include "supervision/crash_loop.h"
 #include "supervision/freeze_watch.h"
 #include "toolkit/controls.h"
 
@@ -27,14 +29,16 @@ class CrashWatch {
  public:
   CrashWatch(const CrashWatchControls& controls, ComponentTable& components,
              ProcessControl& processes, StartStop& startStop, FreezeWatch& freezeWatch,
-             StatusLog& log, LocalClock& clock)
+             StatusLog& log, const LauncherEvents& events, LocalClock& clock, TickClock& tickClock)
       : controls_(controls),
         components_(components),
         processes_(processes),
         startStop_(startStop),
         freezeWatch_(freezeWatch),
         log_(log),
-        clock_(clock) {}
+        events_(events),
+        clock_(clock),
+        tickClock_(tickClock) {}
 
   /// The tick of `LCtrl`, `CCtrl`, `MCtrl`. When the search for the window had no result, nothing
   /// changes until the next tick.
@@ -53,6 +57,7 @@ class CrashWatch {
 
  private:
   void Crashed(ComponentKind kind);
+  void Tell(ComponentKind kind);
   void Restart(ComponentKind kind);
   void StopAndStart(ComponentKind kind);
 
@@ -62,7 +67,10 @@ class CrashWatch {
   StartStop& startStop_;
   FreezeWatch& freezeWatch_;
   StatusLog& log_;
+  const LauncherEvents& events_;
   LocalClock& clock_;
+  TickClock& tickClock_;
+  PerComponent<CrashLoop> loops_;
 };
 
 }  // namespace tarvo

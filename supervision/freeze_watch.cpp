@@ -17,6 +17,10 @@ const char* FreezeText(ComponentKind kind) {
                                     : " server freeze!... waiting...";
 }
 
+std::string ListeningText(ComponentKind kind) {
+  return std::string("Listening ") + NameOf(kind) + " Server";
+}
+
 bool HoldsDigitsOnly(const std::string& text) {
   return std::all_of(text.begin(), text.end(), IsDigit);
 }
@@ -47,13 +51,14 @@ void FreezeWatch::End(ComponentKind kind) {
   for (auto* timers : {&controls_.probe, &controls_.reprobe, &controls_.preparation}) {
     (*timers)[kind].SetEnabled(false);
   }
+  heard_[kind] = false;
 }
 
 void FreezeWatch::Prepare(ComponentKind kind) {
   if (!controls_.preparation[kind].Enabled()) return Step(kind, FreezeEvent::Started);
   Step(kind, FreezeEvent::GraceOver);
   ProbePeriodically(kind);
-  log_.LogStatus(std::string("Listening ") + NameOf(kind) + " Server", kInfo);
+  log_.LogStatus(ListeningText(kind), kInfo);
   components_[kind].AlarmState = AlarmState::Healthy;
 }
 
@@ -67,7 +72,9 @@ void FreezeWatch::ProbePeriodically(ComponentKind kind) {
 
 void FreezeWatch::BeginFreeze(ComponentKind kind) {
   Step(kind, FreezeEvent::FallsSilent);
-  log_.LogStatus(std::string(NameOf(kind)) + FreezeText(kind), kNotice);
+  const std::string text = std::string(NameOf(kind)) + FreezeText(kind);
+  log_.LogStatus(text, kNotice);
+  events_.Report(LauncherEvent::Frozen, kind, text);
   components_[kind].AlarmState = AlarmState::Trouble;
   components_[kind].FreezeStart = Seconds();
   ProbeAgain(kind);
@@ -81,7 +88,9 @@ void FreezeWatch::ProbeAgain(ComponentKind kind) {
 
 void FreezeWatch::EndFreeze(ComponentKind kind) {
   Step(kind, FreezeEvent::AnswersAgain);
-  log_.LogStatus(std::string(NameOf(kind)) + " server is back!", kInfo);
+  const std::string text = std::string(NameOf(kind)) + " server is back!";
+  log_.LogStatus(text, kInfo);
+  events_.Report(LauncherEvent::Back, kind, text);
   // Whichever component is back, the login server's light shows it; the component's own light
   // follows at its next periodic probe. Operators are used to that.
   components_[ComponentKind::Login].AlarmState =
@@ -97,9 +106,11 @@ bool FreezeWatch::MustBeKilled(ComponentKind kind) {
 
 void FreezeWatch::Kill(ComponentKind kind) {
   Step(kind, FreezeEvent::SilentTooLong);
-  log_.LogStatus(std::string("Shuting down ") + NameOf(kind) + "...", kAlert);
+  const std::string text = std::string("Shuting down ") + NameOf(kind) + "...";
+  log_.LogStatus(text, kAlert);
   ShowLastFailure(controls_.lastFailure, kind, localClock_.Now());
   processes_.KillProcessesByName(controls_.executables[kind].Text());
+  events_.Report(LauncherEvent::Killed, kind, text);
 }
 
 bool FreezeWatch::Listens(ComponentKind kind) {
@@ -107,7 +118,14 @@ bool FreezeWatch::Listens(ComponentKind kind) {
   const bool listens = probe_.IsPortListening(endpoint.host, endpoint.port);
   components_[kind].probeFailure =
       ProbeFailureText(endpoint.host, endpoint.port, probe_.LastError());
+  if (listens) NoteAnswer(kind);
   return listens;
+}
+
+void FreezeWatch::NoteAnswer(ComponentKind kind) {
+  if (heard_[kind]) return;
+  heard_[kind] = true;
+  events_.Report(LauncherEvent::Listening, kind, ListeningText(kind));
 }
 
 std::int64_t FreezeWatch::Seconds() { return tickClock_.Milliseconds() / 1000; }

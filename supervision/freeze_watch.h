@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/component.h"
+#include "core/launcher_events.h"
 #include "core/process_control.h"
 #include "core/status_log.h"
 #include "platform/clock.h"
@@ -69,13 +70,14 @@ inline constexpr FreezeStep kFreezeSteps[] = {
 class FreezeWatch {
  public:
   FreezeWatch(const FreezeWatchControls& controls, ComponentTable& components, PortProbe& probe,
-              ProcessControl& processes, StatusLog& log, LocalClock& localClock,
-              TickClock& tickClock)
+              ProcessControl& processes, StatusLog& log, const LauncherEvents& events,
+              LocalClock& localClock, TickClock& tickClock)
       : controls_(controls),
         components_(components),
         probe_(probe),
         processes_(processes),
         log_(log),
+        events_(events),
         localClock_(localClock),
         tickClock_(tickClock) {}
 
@@ -97,6 +99,7 @@ class FreezeWatch {
   Timer* TimerOf(FreezeState state, ComponentKind kind);
   void Step(ComponentKind kind, FreezeEvent event);
   bool Listens(ComponentKind kind);
+  void NoteAnswer(ComponentKind kind);
   void BeginFreeze(ComponentKind kind);
   void EndFreeze(ComponentKind kind);
   bool MustBeKilled(ComponentKind kind);
@@ -108,8 +111,10 @@ class FreezeWatch {
   PortProbe& probe_;
   ProcessControl& processes_;
   StatusLog& log_;
+  const LauncherEvents& events_;
   LocalClock& localClock_;
   TickClock& tickClock_;
+  PerComponent<bool> heard_{};  ///< It has answered a probe since its start.
 };
 
 /// The text of an autokill time after a change: a text of digits stays; any other becomes the

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "support/date_time.h"
+#include "support/runtime_error.h"
 
 namespace tarvo {
 namespace {
@@ -30,6 +31,17 @@ void ComponentUpgrade::ShowResult(int code) {
 }
 
 int ComponentUpgrade::RunUpgrade(int trigger) {
+  try {
+    return Upgrade(trigger);
+  } catch (const RuntimeError& fault) {
+    // It goes on to the dispatch; who is told of upgrades hears here that this one has no end.
+    with_.events.Report(LauncherEvent::UpgradeFailed, std::nullopt,
+                        fault.Description() + ": " + fault.Source());
+    throw;
+  }
+}
+
+int ComponentUpgrade::Upgrade(int trigger) {
   if (const int refusal = CheckPaths(); refusal != kUpgradeDone) return refusal;
   DateTexts dates;
   const Marks isNew = ReadNewDates(dates);
@@ -81,7 +93,9 @@ int ComponentUpgrade::CheckPaths() {
 }
 
 int ComponentUpgrade::Refuse(int code, const std::string& reason) {
-  with_.log.LogStatus("Update Error: " + reason, kAlert);
+  const std::string text = "Update Error: " + reason;
+  with_.log.LogStatus(text, kAlert);
+  with_.events.Report(LauncherEvent::UpgradeFailed, std::nullopt, text);
   return code;
 }
 
@@ -99,7 +113,9 @@ ComponentUpgrade::Marks ComponentUpgrade::ReadNewDates(DateTexts& dates) {
 bool ComponentUpgrade::MayGoOn(const Marks& isNew) {
   if (std::all_of(isNew.begin(), isNew.end(), [](bool mark) { return mark; })) return true;
   if (with_.controls.options[1].Checked()) {
-    with_.log.LogStatus("Error, some server component have not changes! - Upgrade stopped", kAlert);
+    const char* const text = "Error, some server component have not changes! - Upgrade stopped";
+    with_.log.LogStatus(text, kAlert);
+    with_.events.Report(LauncherEvent::UpgradeFailed, std::nullopt, text);
     return false;
   }
   with_.log.LogStatus("Warning, some server component have not changes!", kNotice);
@@ -172,8 +188,10 @@ void ComponentUpgrade::Replace(const Paths& sources) {
 
 void ComponentUpgrade::Remember(const DateTexts& dates) {
   for (ComponentKind kind : kComponents) with_.settings.StoreDate(kind, dates[kind]);
-  with_.log.LogStatus("Upgrade complete!", kExtra);
+  const char* const text = "Upgrade complete!";
+  with_.log.LogStatus(text, kExtra);
   with_.settings.StoreLastUpgrade(GeneralDate(with_.clock.Now()));
+  with_.events.Report(LauncherEvent::Upgraded, std::nullopt, text);
 }
 
 void ComponentUpgrade::StartAgain(const Marks& toRestart) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/component.h"
+#include "core/launcher_events.h"
 #include "core/start_stop.h"
 #include "core/status_log.h"
 #include "platform/clock.h"
@@ -44,6 +45,7 @@ class ComponentUpgrade {
     ComponentTable& components;
     StartStop& startStop;
     StatusLog& log;
+    const LauncherEvents& events;
     UpgradeSettings& settings;
     FileReader& files;
     PatientCopies copies;
@@ -82,6 +84,7 @@ class ComponentUpgrade {
   using Marks = PerComponent<bool>;
   using Paths = PerComponent<std::string>;
 
+  int Upgrade(int trigger);
   int CheckPaths();
   int Refuse(int code, const std::string& reason);
   Marks ReadNewDates(DateTexts& dates);

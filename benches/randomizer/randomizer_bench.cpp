@@ -39,7 +39,7 @@ struct Life {
         calendarTimer(timers, "tmr_Calendar", 15000),
         log(ports),
         store(ports, "Settings"),
-        randomizer(BindRandomizer(page, calendarTimer), log,
+        randomizer(BindRandomizer(page, calendarTimer), log, events,
                    ServerRoot("C:\\srv\\tarvo-launcher.exe", ports),
                    {ports, ports, ports, store, ports, random, ports}) {
     randomizer.WireControls();
@@ -50,6 +50,7 @@ struct Life {
   RandomizerPage page;
   Timer calendarTimer;
   StatusLog log;
+  LauncherEvents events;
   SettingsStore store;
   Randomizer randomizer;
 };

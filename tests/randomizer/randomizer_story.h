@@ -31,7 +31,7 @@ class RandomizerLife {
         log(machine.clock),
         root(machine.launcherPath, machine.codePage),
         store(machine.registry, root.SettingsKey()),
-        randomizer(BindRandomizer(page, calendarTimer), log, root,
+        randomizer(BindRandomizer(page, calendarTimer), log, events, root,
                    {machine.files, machine.files, machine.eventLog, store, machine.clock,
                     machine.random, machine.boxes}) {
     log.listeners.emplace_back([this](const LogLine& line) {
@@ -50,6 +50,7 @@ class RandomizerLife {
   RandomizerPage page;
   Timer calendarTimer;
   StatusLog log;
+  LauncherEvents events;
   ServerRoot root;
   SettingsStore store;
   Randomizer randomizer;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "support/date_time.h"
+
 namespace tarvo {
 namespace {
 
@@ -66,6 +68,13 @@ Launcher::Launcher(SimMachine& machine)
   listeners.insert(listeners.begin(), [this](const LogLine& line) {
     if (keepLog_) lines_.push_back({line.pieces[0].text, line.pieces[1].text, line.level});
   });
+  principal_.TheEvents().listeners.push_back([this](const EventReport& report) { Note(report); });
+}
+
+void Launcher::Note(const EventReport& report) {
+  if (!keepLog_) return;
+  events_ += GeneralDate(machine_.clock.Now()).substr(11) + ' ' + NameOf(report.event) + ' ' +
+             (report.component ? NameOf(*report.component) : "all") + ": " + report.text + '\n';
 }
 
 void Launcher::Start(std::intptr_t nativeWindow) { principal_.Start(nativeWindow); }

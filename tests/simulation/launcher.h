@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/principal.h"
@@ -55,7 +56,10 @@ class Launcher final {
   std::string NewLog();
   /// How many log lines since `ForgetLog` have this text.
   std::size_t CountInLog(const std::string& text) const;
-  /// Keeps no copy of the log's lines, for runs of months.
+  /// What was reported since the last call, each "hh:mm:ss event component: text", the component
+  /// "all" for a report without one.
+  std::string NewEvents() { return std::exchange(events_, {}); }
+  /// Keeps no copy of the log's lines nor of the events, for runs of months.
   void KeepNoLog() { keepLog_ = false; }
 
   /// Ticks that the dispatch let through.
@@ -73,11 +77,13 @@ class Launcher final {
 
   void Event(const std::function<void()>& event);
   void Tick(const std::function<void()>& tick);
+  void Note(const EventReport& report);
 
   SimMachine& machine_;
   SimInstanceLock lock_;
   Principal principal_;
   std::vector<Line> lines_;
+  std::string events_;
   std::size_t ticks_ = 0;
   bool keepLog_ = true;
 };

@@ -42,12 +42,13 @@ struct CrashDesk {
                            machine.codePage,  machine.workingFolder, form.servers.Exes,
                            "C:\\srv"};
   StatusLog log{machine.clock};
-  StartStop startStop{BindStartStop(form), components, processes, log, machine.boxes};
+  LauncherEvents events;
+  StartStop startStop{BindStartStop(form), components, processes, log, events, machine.boxes};
   PortProbe probe{machine.network};
-  FreezeWatch freezes{BindFreezeWatch(form), components,   probe, processes, log,
+  FreezeWatch freezes{BindFreezeWatch(form), components,   probe, processes, log, events,
                       machine.clock,         machine.clock};
-  CrashWatch crashes{BindCrashWatch(form), components, processes, startStop, freezes, log,
-                     machine.clock};
+  CrashWatch crashes{BindCrashWatch(form), components,   processes, startStop, freezes, log, events,
+                     machine.clock,        machine.clock};
 
  private:
   std::string lines_;

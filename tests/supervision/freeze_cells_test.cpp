@@ -60,8 +60,9 @@ struct Desk {
                            "C:\\srv"};
   std::string told;
   StatusLog log{machine.clock};
+  LauncherEvents events;
   PortProbe probe{machine.network};
-  FreezeWatch watch{BindFreezeWatch(form), components,   probe, processes, log,
+  FreezeWatch watch{BindFreezeWatch(form), components,   probe, processes, log, events,
                     machine.clock,         machine.clock};
 };
 

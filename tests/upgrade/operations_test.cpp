@@ -39,13 +39,14 @@ class UpgradeOperations : public ::testing::Test {
                            machine.codePage,  machine.workingFolder, form.servers.Exes,
                            "C:\\srv"};
   StatusLog log{machine.clock};
-  StartStop startStop{BindStartStop(form), components, processes, log, machine.boxes};
+  LauncherEvents events;
+  StartStop startStop{BindStartStop(form), components, processes, log, events, machine.boxes};
   SettingsStore store{machine.registry, root.SettingsKey()};
   UpgradeSettings settings{BindUpgradeSettings(form), store, root, machine.fileDialog,
                            machine.boxes};
-  ComponentUpgrade upgrade{{BindUpgrade(form), components, startStop, log, settings, machine.files,
-                            PatientCopies(machine.copies, machine.clock), machine.clock,
-                            machine.boxes, root.AppFolder()}};
+  ComponentUpgrade upgrade{{BindUpgrade(form), components, startStop, log, events, settings,
+                            machine.files, PatientCopies(machine.copies, machine.clock),
+                            machine.clock, machine.boxes, root.AppFolder()}};
   std::function<void()> whileStopping;
 };
 

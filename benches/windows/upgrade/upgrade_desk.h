@@ -19,7 +19,7 @@ struct UpgradeDesk {
         root(launcherPath, ports.codePage),
         processes(processPort, ports.foreignWindows, ports.tickClock, ports.codePage,
                   ports.workingFolder, form.servers.Exes, root.AppFolder()),
-        upgrade({BindUpgrade(form), components, startStop, log, settings, ports.fileReader,
+        upgrade({BindUpgrade(form), components, startStop, log, events, settings, ports.fileReader,
                  PatientCopies(copies, ports.tickClock), ports.localClock, ports.messageBoxes,
                  root.AppFolder()}) {
     ListExecutables(ports.folderLister, root, form.servers.Exes);
@@ -40,8 +40,9 @@ struct UpgradeDesk {
   Form form{timers};
   ComponentTable components;
   StatusLog log{ports.localClock};
+  LauncherEvents events;
   ProcessControl processes;
-  StartStop startStop{BindStartStop(form), components, processes, log, ports.messageBoxes};
+  StartStop startStop{BindStartStop(form), components, processes, log, events, ports.messageBoxes};
   SettingsStore store{ports.registry, root.SettingsKey()};
   UpgradeSettings settings{BindUpgradeSettings(form), store, root, ports.fileDialog,
                            ports.messageBoxes};
