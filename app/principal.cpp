@@ -63,13 +63,17 @@ Principal::Principal(const Machine& machine)
                           machine.localClock),
       randomizer_(BindRandomizer(form_.randomizer, form_.timers.tmr_Calendar), log_, events_, root_,
                   {machine.fileReader, patientFiles_, machine.eventLog, store_, machine.localClock,
-                   machine.random, machine.messageBoxes}) {
+                   machine.random, machine.messageBoxes}),
+      eventSettings_(form_.servers.chkEvents, store_),
+      eventScript_(BindEventScript(form_), machine.scripts, machine.fileReader, machine.localClock,
+                   machine.tickClock, root_.AppFolder()) {
   log_.listeners = {[this](const LogLine& line) { ShowLine(form_.status.RTLog, line); },
                     [this](const LogLine& line) { logFile_.Take(line); }};
   WireControls();
   WireTimers();
   WireUpgrade();
   WireRandomizer();
+  WireEvents();
 }
 
 void Principal::WireControls() {
@@ -154,6 +158,11 @@ void Principal::WireRandomizer() {
   randomizer_.TheCalendar().restartRunning = [this] { crashWatch_.RestartRunning(); };
 }
 
+void Principal::WireEvents() {
+  events_.listeners.push_back([this](const EventReport& report) { eventScript_.Note(report); });
+  form_.timers.tmrEvents.onTick = [this] { eventScript_.Tick(); };
+}
+
 void Principal::Start(std::intptr_t nativeWindow) {
   dispatch_.Run([this, nativeWindow] {
     machine_.processes.TurnErrorDialogsOff();
@@ -227,7 +236,7 @@ bool Principal::LoadSettings() {
   tray_.Load("Tarvo Launcher", imgIcon(lights_.StatusCode()));
   RestoreWindowPlace();
   randomizer_.TheGate().SetCounters(
-      LoadAll(settings_, startUpEntry_, randomizerSettings_, upgradeSettings_));
+      LoadAll(settings_, startUpEntry_, randomizerSettings_, upgradeSettings_, eventSettings_));
   return true;
 }
 
@@ -297,7 +306,7 @@ void Principal::RestoreWindowPlace() {
 }
 
 void Principal::SaveSettings(SettingsStore& store) {
-  SaveAll(store, settings_, startUpEntry_, randomizerSettings_, upgradeSettings_);
+  SaveAll(store, settings_, startUpEntry_, randomizerSettings_, upgradeSettings_, eventSettings_);
   const auto& place = form_.frame.window.Standing();
   if (place) store.Write(kWindowPlace, TextOfPlace(*place));
 }
@@ -313,6 +322,7 @@ void Principal::Form_Unload(bool& cancel) {
   tray_.Unload();
   SaveSettings(store_);
   machine_.sockets.Stop();
+  eventScript_.StartLast();
 }
 
 /// Requests that come while the box is open are refused without another one.
@@ -348,6 +358,7 @@ void Principal::Command1_Click() {
   tray_.Unload();
   for (Component& component : components_) component.ProcessId = 0;
   SaveSettings(store_);
+  eventScript_.StartLast();
   form_.frame.window.End(kExitNormal);
 }
 
@@ -357,6 +368,7 @@ void Principal::ShowFault(const RuntimeError& fault) {
       "Run-time error '" + std::to_string(fault.Number()) + "':\r\n\r\n" + fault.Description();
   if (!fault.Source().empty()) text += "\r\n\r\n" + fault.Source();
   machine_.selfRestart.Keep({});
+  eventScript_.StartLast();
   machine_.messageBoxes.Ask({text, BoxIcon::Critical});
   form_.frame.window.End(kExitFault);
 }

@@ -20,6 +20,7 @@
 #include "desktop/status_picture.h"
 #include "desktop/tray_menu.h"
 #include "desktop/window_options.h"
+#include "events/event_script.h"
 #include "form/bindings.h"
 #include "platform/machine.h"
 #include "randomizer/randomizer.h"
@@ -69,6 +70,7 @@ class Principal {
   void WireTimers();
   void WireUpgrade();
   void WireRandomizer();
+  void WireEvents();
 
   void Form_Load();
   void Form_Unload(bool& cancel);
@@ -131,6 +133,8 @@ class Principal {
   PatientReplacer patientFiles_;
   RandomizerSettings randomizerSettings_;
   Randomizer randomizer_;
+  EventSettings eventSettings_;
+  EventScript eventScript_;
   bool componentsFoundInMemory_ = false;
   bool refusingToClose_ = false;
   std::optional<RestartState> takenOver_;  ///< From a launcher that died of a fault of its own.

@@ -42,8 +42,8 @@ class LauncherEvents {
   void Report(LauncherEvent event, std::optional<ComponentKind> component, std::string text) const;
 
   /// Each gets every report, in their order here, in the midst of the operation that reports it. A
-  /// listener only takes notes: it calls no port, starts nothing, and does not change this list.
-  /// What it refers to must outlive the feed's use.
+  /// listener only takes notes: it starts nothing, waits for nothing, and does not change this
+  /// list. What it refers to must outlive the feed's use.
   std::vector<std::function<void(const EventReport&)>> listeners;
 };
 

@@ -75,6 +75,12 @@ UpgradeControls BindUpgrade(Form& form) {
           .window = form.frame.window};
 }
 
+EventScriptControls BindEventScript(Form& form) {
+  return {.runs = form.servers.chkEvents,
+          .serverName = form.frame.SName,
+          .timer = form.timers.tmrEvents};
+}
+
 RandomizerControls BindRandomizer(RandomizerPage& page, Timer& calendarTimer) {
   return {.parameters = {.settings = page.cmdParam,
                          .least = page.rIni,

@@ -2,6 +2,7 @@
 
 #include "core/launcher_settings.h"
 #include "core/start_stop.h"
+#include "events/event_script.h"
 #include "form/form.h"
 #include "randomizer/randomizer.h"
 #include "supervision/crash_watch.h"
@@ -18,6 +19,7 @@ FreezeWatchControls BindFreezeWatch(Form& form);
 CrashWatchControls BindCrashWatch(Form& form);
 UpgradeSettingsControls BindUpgradeSettings(Form& form);
 UpgradeControls BindUpgrade(Form& form);
+EventScriptControls BindEventScript(Form& form);
 RandomizerControls BindRandomizer(RandomizerPage& page, Timer& calendarTimer);
 
 }  // namespace tarvo

@@ -56,6 +56,7 @@ inline constexpr std::array kControlIds = {
     ControlId{"Check2", ControlType::CheckBox, 1, 1262},
     ControlId{"SMinimized", ControlType::CheckBox, 1, 1263},
     ControlId{"Command1", ControlType::Button, 1, 1264},
+    ControlId{"chkEvents", ControlType::CheckBox, 1, 1265},
     ControlId{"cmdParam", ControlType::List, 1, 1300},
     ControlId{"rIni", ControlType::TextBox, 1, 1301},
     ControlId{"rEnd", ControlType::TextBox, 1, 1302},

@@ -37,6 +37,9 @@ ServersPage::ServersPage() {
   WLog.SetToolTip("Save status in log file?");
   SMinimized.SetToolTip("Hide the main window at start?");
   Command1.SetCaption("Unload launcher only...");
+  chkEvents.SetToolTip(
+      "Start on-event.cmd of the server folder, with this launcher's rights, when a server starts, "
+      "crashes, freezes or stops?");
 }
 
 namespace {
@@ -115,6 +118,7 @@ Timers::Timers(TimerQueue& queue)
       Reprobe{{{{queue, "TLogin", 2000}, {queue, "TChar", 2000}, {queue, "TMap", 2000}}}},
       Mem(queue, "Mem", 5000, true),
       tmrAlarma(queue, "tmrAlarma", 2000, true),
-      tmr_Calendar(queue, "tmr_Calendar", 15000) {}
+      tmr_Calendar(queue, "tmr_Calendar", 15000),
+      tmrEvents(queue, "tmrEvents", 500) {}
 
 }  // namespace tarvo

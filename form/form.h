@@ -53,6 +53,7 @@ struct ServersPage {
   CheckBox Check2;  ///< Start with Windows.
   CheckBox SMinimized;
   CommandButton Command1;  ///< Unload the launcher only.
+  CheckBox chkEvents;      ///< Run on-event.cmd at events.
 };
 
 /// Warns above everything else on the page.
@@ -109,6 +110,7 @@ struct Timers {
   Timer Mem;                        ///< Memory read-out, 5000 ms, always on.
   Timer tmrAlarma;                  ///< Status lights, 2000 ms, always on.
   Timer tmr_Calendar;               ///< Randomize calendar, 15000 ms.
+  Timer tmrEvents;                  ///< Starts and ends of on-event.cmd, 500 ms.
 };
 
 /// The whole form: one struct per page, its members named as the operator's controls are.

@@ -18,6 +18,7 @@
 #include "platform/processes.h"
 #include "platform/random_source.h"
 #include "platform/registry.h"
+#include "platform/scripts.h"
 #include "platform/self_restart.h"
 #include "platform/sockets.h"
 
@@ -50,6 +51,7 @@ struct Machine {
   WorkingFolder& workingFolder;
   FileDiagnosis& fileDiagnosis;
   SelfRestart& selfRestart;
+  Scripts& scripts;
   std::string executablePath;  ///< Full path of the launcher's own executable.
   /// False when the path has letters that the system's code page does not have: `executablePath`,
   /// which has others in their place, names nothing then, or something else.

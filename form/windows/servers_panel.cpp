@@ -21,7 +21,7 @@ enum Column {
   kWindow,
   kColumns
 };
-enum Row { kHeads, kFirstServer, kRestartAll = 4, kLogFile, kLauncher, kRest };
+enum Row { kHeads, kFirstServer, kRestartAll = 4, kLogFile, kLauncher, kEvents, kRest };
 
 using BoxKind = CheckWidget::Kind;
 
@@ -101,13 +101,18 @@ void AddLauncher(Panel& panel, ServersPage& page) {
       .Add<ButtonWidget>(Slot{kLauncher, kSeconds, kColumns - kSeconds}, NumberOf("Command1"),
                          page.Command1)
       .SetAccessKey('u');
+  panel.Add<CaptionWidget>(Slot{kEvents, kName}, "Events");
+  panel
+      .Add<CheckWidget>(Slot{kEvents, kExecutable, 2, false}, NumberOf("chkEvents"), page.chkEvents,
+                        "Run on-event.cmd at &events")
+      .SetAccessKey('e');
 }
 
 }  // namespace
 
 void FillServers(Panel& panel, ServersPage& page) {
   panel.SetColumns({{12}, {12, true}, {12}, {20}, {20}, {4}, {4}, {24}});
-  panel.SetRows({{12}, {4}, {8}, {8}, {8}, {20}, {8}, {0, true}});
+  panel.SetRows({{12}, {4}, {8}, {8}, {8}, {20}, {8}, {8}, {0, true}});
   panel.SetMargin({12, 12});
   AddHeads(panel);
   for (ComponentKind kind : kComponents) AddServer(panel, page, kind);

@@ -17,6 +17,7 @@
 #include "platform/windows/notification_area_windows.h"
 #include "platform/windows/processes_windows.h"
 #include "platform/windows/registry_windows.h"
+#include "platform/windows/scripts_windows.h"
 #include "platform/windows/sockets_windows.h"
 
 namespace tarvo {
@@ -59,6 +60,7 @@ struct WindowsMachine::Adapters {
   WindowsFileDiagnosis fileDiagnosis;
   WindowsEventLog eventLog;
   WindowsSelfRestart selfRestart;
+  WindowsScripts scripts;
   MersenneRandom random;
 };
 
@@ -93,6 +95,7 @@ Machine WindowsMachine::Ports() {
           all.workingFolder,
           all.fileDiagnosis,
           all.selfRestart,
+          all.scripts,
           text,
           WideTextOf(text) == path};
 }

@@ -24,7 +24,7 @@ SettingsDesk::SettingsDesk() { ListExecutables(machine.files, root, form.servers
 
 std::string SettingsDesk::Load() {
   try {
-    counters = LoadAll(settings, startUp, randomizerSettings, upgradeSettings);
+    counters = LoadAll(settings, startUp, randomizerSettings, upgradeSettings, eventSettings);
   } catch (const RuntimeError& fault) {
     return std::to_string(fault.Number()) + " " + fault.Source();
   }
@@ -32,7 +32,7 @@ std::string SettingsDesk::Load() {
 }
 
 void SettingsDesk::Save() {
-  SaveAll(store, settings, startUp, randomizerSettings, upgradeSettings);
+  SaveAll(store, settings, startUp, randomizerSettings, upgradeSettings, eventSettings);
 }
 
 std::string SettingsDesk::Shown(const std::string& valueName) {
@@ -42,6 +42,7 @@ std::string SettingsDesk::Shown(const std::string& valueName) {
       {"WriteMode", std::to_string(servers.LogH.ListIndex())},
       {"RunAtStartup", Flag(servers.Check2)},
       {"StartMinimized", Flag(servers.SMinimized)},
+      {"RunOnEvent", Flag(servers.chkEvents)},
       {"MapFullAutokill", Flag(servers.chkAK[3])},
       {"AutoRandomize", Choice(form.randomizer.opt_Rnd)},
       {"UpdateMode", Choice(form.upgrade.optMode)},

@@ -31,6 +31,7 @@ struct SettingsDesk {
                                         machine.clock};
   UpgradeSettings upgradeSettings{BindUpgradeSettings(form), store, root, machine.fileDialog,
                                   machine.boxes};
+  EventSettings eventSettings{form.servers.chkEvents, store};
   MapStartCounters counters;
 };
 

@@ -83,7 +83,7 @@ TEST(LoadedSettings, ValuesAreReadInTheirOrder) {
             "MapAutoStart WriteLog WriteMode RunAtStartup LoginAutoKillEnabled "
             "CharAutoKillEnabled MapAutoKillEnabled MapFullAutokill AutoRandomize AutoRandomize "
             "AutoRandomize MaxRndDay MaxRndHour LastRandomize DayRndCnt HourRndCnt LoginFrom "
-            "CharFrom MapFrom UpdateMode LASTUPDATE StartMinimized ");
+            "CharFrom MapFrom UpdateMode LASTUPDATE RunOnEvent StartMinimized ");
 }
 
 struct Loaded {

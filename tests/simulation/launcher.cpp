@@ -18,6 +18,7 @@ CheckBox* FindCheckBox(ServersPage& page, const std::string& name, std::size_t i
   if (name == "WLog") return &page.WLog;
   if (name == "Check2") return &page.Check2;
   if (name == "SMinimized") return &page.SMinimized;
+  if (name == "chkEvents") return &page.chkEvents;
   return nullptr;
 }
 

@@ -16,6 +16,7 @@
 #include "tests/simulation/sim_processes.h"
 #include "tests/simulation/sim_random.h"
 #include "tests/simulation/sim_registry.h"
+#include "tests/simulation/sim_scripts.h"
 #include "tests/simulation/sim_self_restart.h"
 #include "tests/simulation/sim_working_folder.h"
 
@@ -51,6 +52,7 @@ class SimMachine {
   SimIcons icons;
   SimDocuments documents{files};
   SimSelfRestart selfRestart{recorder, clock};
+  SimScripts scripts{recorder, clock};
   std::string launcherPath = "C:\\srv\\tarvo-launcher.exe";
   bool launcherPathInCodePage = true;
 
