@@ -101,7 +101,7 @@ TEST_F(WindowsScriptsTest, AreNotWaitedForAndEndWithAllThatTheyStarted) {
 
 TEST_F(WindowsScriptsTest, AreThereAsLongAsAnythingThatTheyStarted) {
   const std::string script =
-      folder_.Write("on-event.cmd", "@start \"\" \"" + test::OwnPath() + "\"\r\n");
+      folder_.Write("on-event.cmd", "@start /b \"\" \"" + test::OwnPath() + "\"\r\n");
   const ScriptRun run =
       scripts_.Start(script, {{test::kRoleVariable, "hold-briefly scripts-brief"}});
   ASSERT_TRUE(test::Within(kLongEnough, [&] {
