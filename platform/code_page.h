@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace tarvo {
 
@@ -16,6 +17,9 @@ class CodePage {
   virtual std::string Lowered(std::string text) = 0;
   /// The text in upper case, likewise.
   virtual std::string Raised(std::string text) = 0;
+  /// The text's letters as UTF-8. Bytes that are no character become a sign in their place; which
+  /// one, the system decides.
+  virtual std::string ToUtf8(std::string_view text) = 0;
 };
 
 }  // namespace tarvo

@@ -48,6 +48,7 @@ class BenchShell final : public NotificationArea, public Icons, public CodePage 
   bool IsLeadByte(unsigned char) override { return false; }
   std::string Lowered(std::string text) override { return text; }
   std::string Raised(std::string text) override { return text; }
+  std::string ToUtf8(std::string_view text) override { return std::string(text); }
 
   int size = 16;
   int alive = 0;

@@ -32,6 +32,7 @@ class BenchPorts final : public FileReader,
   bool IsLeadByte(unsigned char) override { return false; }
   std::string Lowered(std::string text) override { return text; }
   std::string Raised(std::string text) override { return text; }
+  std::string ToUtf8(std::string_view text) override { return std::string(text); }
 
   bool Exists(const std::string& path) override { return access(PathOf(path).c_str(), F_OK) == 0; }
   ReadResult ReadText(const std::string& path, std::string& text) override {

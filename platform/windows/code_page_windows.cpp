@@ -21,6 +21,17 @@ std::string WindowsCodePage::Raised(std::string text) {
   return text;
 }
 
+std::string WindowsCodePage::ToUtf8(std::string_view text) { return Utf8Of(WideTextOf(text)); }
+
+std::string Utf8Of(std::wstring_view wide) {
+  const int length = static_cast<int>(wide.size());
+  std::string utf8(wide.size() * 3, '\0');  // A pair of two needs four bytes.
+  const int size = WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, utf8.data(),
+                                       static_cast<int>(utf8.size()), nullptr, nullptr);
+  utf8.resize(static_cast<std::size_t>(size));
+  return utf8;
+}
+
 std::string TextOf(std::wstring_view wide) {
   const int length = static_cast<int>(wide.size());
   std::string text(wide.size() * 4, '\0');  // No code page needs more bytes for a letter.

@@ -1,9 +1,15 @@
 #include "tests/simulation/sim_code_page.h"
 
+#include <iconv.h>
+
+#include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 namespace tarvo {
 namespace {
+
+constexpr std::string_view kNoCharacter = "\xEF\xBF\xBD";
 
 /// Capitals that follow each other, and how far behind each its small letter is.
 struct Capitals {
@@ -39,6 +45,26 @@ std::string SimCodePage::Lowered(std::string text) {
 
 std::string SimCodePage::Raised(std::string text) {
   return Changed(std::move(text), &SimCodePage::RaisedCharacter);
+}
+
+std::string SimCodePage::ToUtf8(std::string_view text) {
+  const iconv_t conversion = iconv_open("UTF-8", ("CP" + std::to_string(number_)).c_str());
+  if (conversion == reinterpret_cast<iconv_t>(-1)) throw std::logic_error("no such code page");
+  std::string from(text);
+  std::string to(text.size() * 3, '\0');
+  char* in = from.data();
+  char* out = to.data();
+  std::size_t left = from.size();
+  std::size_t room = to.size();
+  while (left > 0 && iconv(conversion, &in, &left, &out, &room) == static_cast<std::size_t>(-1)) {
+    out = std::copy_n(kNoCharacter.data(), kNoCharacter.size(), out);
+    room -= kNoCharacter.size();
+    ++in;
+    --left;
+  }
+  iconv_close(conversion);
+  to.resize(to.size() - room);
+  return to;
 }
 
 std::string SimCodePage::Changed(std::string text, Change change) {

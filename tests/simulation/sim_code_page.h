@@ -14,6 +14,8 @@ class SimCodePage final : public CodePage {
   bool IsLeadByte(unsigned char byte) override;
   std::string Lowered(std::string text) override;
   std::string Raised(std::string text) override;
+  /// As this machine's own conversions know the code page; U+FFFD for what is no character.
+  std::string ToUtf8(std::string_view text) override;
 
   void Use(int number) { number_ = number; }
 

@@ -275,6 +275,15 @@ TEST(WindowsCodePageTest, RaisesEveryLetterOfTheCodePage) {
   EXPECT_EQ(codePage.Raised("\xD7\xDF\xD1"), "\xD7\xDF\xD1");
 }
 
+TEST(WindowsCodePageTest, TellsItsLettersAsUtf8) {
+  WindowsCodePage codePage;
+  EXPECT_EQ(codePage.ToUtf8(""), "");
+  EXPECT_EQ(codePage.ToUtf8("C:\\srv"), "C:\\srv");
+  EXPECT_EQ(Utf8Of(L"\u00D1 \u20AC \U0001F600"), "\xC3\x91 \xE2\x82\xAC \xF0\x9F\x98\x80");
+  if (GetACP() != 1252) GTEST_SKIP() << "code page " << GetACP();
+  EXPECT_EQ(codePage.ToUtf8("\xD1 \x80"), "\xC3\x91 \xE2\x82\xAC");
+}
+
 TEST(WindowsCodePageTest, KnowsWhetherItsCharactersAreBytes) {
   bool anyLeadByte = false;
   for (int byte = 0; byte < 256; ++byte) {

@@ -33,6 +33,7 @@ class OneBytePage : public CodePage {
     }
     return text;
   }
+  std::string ToUtf8(std::string_view text) override { return std::string(text); }
 
  private:
   std::vector<std::pair<char, char>> pairs_;
@@ -55,6 +56,7 @@ class JapanesePage : public CodePage {
   }
   std::string Lowered(std::string text) override { return Cased(std::move(text), false); }
   std::string Raised(std::string text) override { return Cased(std::move(text), true); }
+  std::string ToUtf8(std::string_view text) override { return std::string(text); }
 
   int asked = 0;
 
