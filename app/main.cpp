@@ -1,15 +1,36 @@
-// The program entry: joins the real machine, the main window object and its native window.
+// The program entry: joins the real machine, the main window object and its native window; or
+// answers a command, without a window.
 
 #include "app/principal.h"
 #include "app/version.h"
 #include "form/windows/native_window.h"
+#include "outside/command_run.h"
+#include "platform/windows/clock_windows.h"
+#include "platform/windows/code_page_windows.h"
+#include "platform/windows/console_windows.h"
 #include "platform/windows/fault_guard.h"
+#include "platform/windows/launcher_call_windows.h"
 #include "platform/windows/system_libraries.h"
 #include "platform/windows/windows_machine.h"
 
-int main() {
+namespace {
+
+int AnswerCommand(const tarvo::CommandLine& line) {
+  tarvo::WindowsConsole console;
+  tarvo::WindowsLauncherCall launcher;
+  tarvo::WindowsTickClock clock;
+  tarvo::WindowsCodePage codePage;
+  const tarvo::ServerRoot root(tarvo::TextOf(tarvo::OwnExecutablePath()), codePage);
+  return tarvo::RunCommand(line, {console, launcher, clock, root.InstanceName(), tarvo::kVersion});
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
   tarvo::WatchForFaults(tarvo::kVersion);
   tarvo::LoadFromSystemFolderOnly();
+  const tarvo::CommandLine line = tarvo::ReadCommandLine({argv + 1, argv + argc});
+  if (tarvo::IsAnsweredHere(line)) return AnswerCommand(line);
   tarvo::WindowsMachine machine;
   tarvo::Principal principal(machine.Ports());
   tarvo::NativeWindow window(principal.TheForm(), principal.TheTimers(), principal.Dispatch());

@@ -9,6 +9,7 @@
 #include "supervision/probe_failure.h"
 #include "support/number_text.h"
 #include "toolkit/window_place.h"
+#include "upgrade/upgrade_boxes.h"
 
 namespace tarvo {
 namespace {
@@ -26,6 +27,7 @@ constexpr char kWithMoreRights[] =
 
 Principal::Principal(const Machine& machine)
     : machine_(machine),
+      boxes_(machine.messageBoxes),
       letters_(machine.codePage),
       perUserRegistry_(machine.registry),
       root_(machine.executablePath, machine.codePage),
@@ -39,8 +41,7 @@ Principal::Principal(const Machine& machine)
       settings_(BindSettings(form_), components_, store_),
       processes_(machine.processes, machine.foreignWindows, machine.tickClock, machine.codePage,
                  machine.workingFolder, form_.servers.Exes, root_.AppFolder()),
-      startStop_(BindStartStop(form_), components_, processes_, log_, events_,
-                 machine.messageBoxes),
+      startStop_(BindStartStop(form_), components_, processes_, log_, events_, boxes_),
       probe_(machine.sockets),
       freezeWatch_(BindFreezeWatch(form_), components_, probe_, processes_, log_, events_,
                    machine.localClock, machine.tickClock),
@@ -52,21 +53,24 @@ Principal::Principal(const Machine& machine)
       lastHour_(form_.frame.Strip, components_, machine.tickClock),
       statusIcons_(machine.icons),
       tray_(machine.notificationArea, machine.codePage, dispatch_),
-      trayMenu_(tray_, form_.frame.window, machine.messageBoxes),
-      upgradeSettings_(BindUpgradeSettings(form_), store_, root_, machine.fileDialog,
-                       machine.messageBoxes),
+      trayMenu_(tray_, form_.frame.window, boxes_),
+      upgradeSettings_(BindUpgradeSettings(form_), store_, root_, machine.fileDialog, boxes_),
       upgrade_({BindUpgrade(form_), components_, startStop_, log_, events_, upgradeSettings_,
                 machine.fileReader, PatientCopies(machine.fileCopies, machine.tickClock),
-                machine.localClock, machine.messageBoxes, root_.AppFolder()}),
+                machine.localClock, boxes_, root_.AppFolder()}),
       patientFiles_(machine.fileReplacer, machine.tickClock),
       randomizerSettings_(form_.randomizer.opt_Rnd, form_.randomizer.txtMxD, store_,
                           machine.localClock),
       randomizer_(BindRandomizer(form_.randomizer, form_.timers.tmr_Calendar), log_, events_, root_,
                   {machine.fileReader, patientFiles_, machine.eventLog, store_, machine.localClock,
-                   machine.random, machine.messageBoxes}),
+                   machine.random, boxes_}),
       eventSettings_(form_.servers.chkEvents, store_),
       eventScript_(BindEventScript(form_), machine.scripts, machine.fileReader, machine.localClock,
-                   machine.tickClock, root_.AppFolder()) {
+                   machine.tickClock, root_.AppFolder()),
+      states_({BindState(form_), components_, lights_, timers_, machine.localClock,
+               machine.processes, machine.memoryStatus, kVersion, root_.AppFolder()}),
+      commands_({BindCommands(form_), states_, boxes_, machine.answerLines, dispatch_, timers_,
+                 machine.codePage, UpgradeBoxFor(kUpgradeDone, form_.upgrade.nPath)->text}) {
   log_.listeners = {[this](const LogLine& line) { ShowLine(form_.status.RTLog, line); },
                     [this](const LogLine& line) { logFile_.Take(line); }};
   WireControls();
@@ -74,12 +78,17 @@ Principal::Principal(const Machine& machine)
   WireUpgrade();
   WireRandomizer();
   WireEvents();
+  WireCommands();
 }
 
 void Principal::WireControls() {
   dispatch_.onFault = [this](const RuntimeError& fault) { ShowFault(fault); };
   dispatch_.onOwnFault = [this](OwnFault fault) { machine_.selfRestart.Die(fault); };
-  dispatch_.onQuiet = [this] { OrderRestart(); };
+  dispatch_.onQuiet = [this] {
+    states_.Look();
+    commands_.EndEvent();
+    OrderRestart();
+  };
   form_.frame.window.onResize = [this] { Form_Resize(); };
   form_.frame.window.onClose = [this] {
     bool cancel = false;
@@ -163,6 +172,13 @@ void Principal::WireEvents() {
   form_.timers.tmrEvents.onTick = [this] { eventScript_.Tick(); };
 }
 
+void Principal::WireCommands() {
+  log_.listeners.emplace_back([this](const LogLine& line) { commands_.Hear(line); });
+  events_.listeners.emplace_back([this](const EventReport& report) { states_.Hear(report); });
+  lights_.sentenceOf = [this](ComponentKind kind) { return SentenceOf(states_.ReportOf(kind)); };
+  form_.frame.window.onMessage = [this](const std::string& message) { commands_.Receive(message); };
+}
+
 void Principal::Start(std::intptr_t nativeWindow) {
   dispatch_.Run([this, nativeWindow] {
     machine_.processes.TurnErrorDialogsOff();
@@ -242,7 +258,7 @@ bool Principal::LoadSettings() {
 
 void Principal::RefuseToStart(const std::string& reason) {
   dispatch_.Close();
-  machine_.messageBoxes.Ask({reason, BoxIcon::Critical});
+  boxes_.Ask({reason, BoxIcon::Critical});
   form_.frame.window.End(kExitRefused);
 }
 
@@ -294,7 +310,7 @@ void Principal::LoadRandomizer() {
 
 void Principal::OpenLogFile() {
   if (machine_.documents.Open(logFile_.FileOfToday())) return;
-  machine_.messageBoxes.Ask(
+  boxes_.Ask(
       {"There is no log file of today yet.\r\n"
        "Check \"Save status in log file?\" on the page Servers to have one.",
        BoxIcon::Information});
@@ -329,7 +345,7 @@ void Principal::Form_Unload(bool& cancel) {
 void Principal::RefuseToClose() {
   if (refusingToClose_) return;
   refusingToClose_ = true;
-  machine_.messageBoxes.Ask({"Please, stop servers before close this application"});
+  boxes_.Ask({"Please, stop servers before close this application"});
   refusingToClose_ = false;
 }
 
@@ -347,7 +363,7 @@ void Principal::Form_Resize() {
 }
 
 void Principal::Command1_Click() {
-  const Answer answer = machine_.messageBoxes.Ask(
+  const Answer answer = boxes_.Ask(
       {"This option will stop the launcher without kill the server, is usefull to update the "
        "launcher version.\r\n"
        "When you start the launcher again, press Start and the components will be under control "
@@ -369,7 +385,7 @@ void Principal::ShowFault(const RuntimeError& fault) {
   if (!fault.Source().empty()) text += "\r\n\r\n" + fault.Source();
   machine_.selfRestart.Keep({});
   eventScript_.StartLast();
-  machine_.messageBoxes.Ask({text, BoxIcon::Critical});
+  boxes_.Ask({text, BoxIcon::Critical});
   form_.frame.window.End(kExitFault);
 }
 

@@ -22,6 +22,9 @@
 #include "desktop/window_options.h"
 #include "events/event_script.h"
 #include "form/bindings.h"
+#include "outside/command_boxes.h"
+#include "outside/command_desk.h"
+#include "outside/state_watch.h"
 #include "platform/machine.h"
 #include "randomizer/randomizer.h"
 #include "supervision/crash_watch.h"
@@ -69,6 +72,7 @@ class Principal {
   void WireControls();
   void WireTimers();
   void WireUpgrade();
+  void WireCommands();
   void WireRandomizer();
   void WireEvents();
 
@@ -103,6 +107,7 @@ class Principal {
   void ShowFault(const RuntimeError& fault);
 
   Machine machine_;
+  CommandBoxes boxes_;  ///< Every box of the launcher goes through it.
   LettersInUse letters_;
   PerUserRegistry perUserRegistry_;
   ServerRoot root_;
@@ -135,6 +140,8 @@ class Principal {
   Randomizer randomizer_;
   EventSettings eventSettings_;
   EventScript eventScript_;
+  StateWatch states_;
+  CommandDesk commands_;
   bool componentsFoundInMemory_ = false;
   bool refusingToClose_ = false;
   std::optional<RestartState> takenOver_;  ///< From a launcher that died of a fault of its own.

@@ -52,6 +52,26 @@ FreezeWatchControls BindFreezeWatch(Form& form) {
           .lastFailure = form.frame.lblErr};
 }
 
+StateControls BindState(Form& form) {
+  return {.crashWatch = form.timers.CrashWatch,
+          .preparation = form.timers.Preparation,
+          .probe = form.timers.Probe,
+          .reprobe = form.timers.Reprobe,
+          .autokill = OfComponents(form.servers.chkAK),
+          .serverName = form.frame.SName,
+          .lastUpgrade = form.upgrade.oPath[kLastUpgrade],
+          .calendarEntries = form.randomizer.lstDTRands,
+          .calendarTimer = form.timers.tmr_Calendar};
+}
+
+CommandControls BindCommands(Form& form) {
+  return {.startButtons = form.status.bStart,
+          .randomize = form.randomizer.Command2,
+          .upgrade = form.upgrade.UpdateNow,
+          .unload = form.servers.Command1,
+          .window = form.frame.window};
+}
+
 CrashWatchControls BindCrashWatch(Form& form) {
   return {.executables = form.servers.Exes,
           .mapRestartsAll = form.servers.chkAK[kAutokillOfAll],
@@ -61,7 +81,7 @@ CrashWatchControls BindCrashWatch(Form& form) {
 UpgradeSettingsControls BindUpgradeSettings(Form& form) {
   return {.newFiles = form.upgrade.nPath,
           .targets = OfComponents(form.upgrade.oPath),
-          .lastUpgrade = form.upgrade.oPath[3],
+          .lastUpgrade = form.upgrade.oPath[kLastUpgrade],
           .trigger = form.upgrade.optMode,
           .executables = form.servers.Exes};
 }

@@ -4,6 +4,8 @@
 #include "core/start_stop.h"
 #include "events/event_script.h"
 #include "form/form.h"
+#include "outside/command_desk.h"
+#include "outside/state_watch.h"
 #include "randomizer/randomizer.h"
 #include "supervision/crash_watch.h"
 #include "supervision/freeze_watch.h"
@@ -20,6 +22,8 @@ CrashWatchControls BindCrashWatch(Form& form);
 UpgradeSettingsControls BindUpgradeSettings(Form& form);
 UpgradeControls BindUpgrade(Form& form);
 EventScriptControls BindEventScript(Form& form);
+StateControls BindState(Form& form);
+CommandControls BindCommands(Form& form);
 RandomizerControls BindRandomizer(RandomizerPage& page, Timer& calendarTimer);
 
 }  // namespace tarvo

@@ -84,13 +84,17 @@ struct RandomizerPage {
   ListBox lstDTRands;                        ///< The entries: "Mon 08:30 restart=Y".
 };
 
+/// The label after those of the components.
+inline constexpr std::size_t kLastUpgrade = kComponentCount;
+
 /// Fourth page: the newly built executables, the ones that they replace, and when it happens.
 struct UpgradePage {
   UpgradePage();
 
   PerComponent<PathBox> nPath;              ///< "FROM Components": the new executables.
   PerComponent<CommandButton> cmd_nBrowse;  ///< Picks one of them in a file dialog.
-  /// 0 to 2: "TO Components", the executables that will be replaced. 3: after "Last Upgrade:".
+  /// 0 to 2: "TO Components", the executables that will be replaced. `kLastUpgrade`: after "Last
+  /// Upgrade:".
   std::array<Label, 4> oPath;
   OptionGroup optMode;  ///< "Upgrade Trigger:" 0 "Manual", 1 "Map crash", 2 "Any crash".
   /// 0 "Make Backup", checked at the start. 1 "Only full upgrades". 2 "Set to "Manual" after

@@ -1,6 +1,7 @@
 #include "outside/command_line.h"
 
 #include <algorithm>
+#include <iterator>
 #include <span>
 
 #include "support/text.h"
@@ -45,6 +46,15 @@ bool Read(const std::string& text, const Word<Meaning> (&words)[kCount], Meaning
     return true;
   }
   return false;
+}
+
+/// The word of a meaning that is in the list.
+template <class Meaning, std::size_t kCount>
+const char* TextOf(const Word<Meaning> (&words)[kCount], const Meaning& meaning) {
+  const auto found =
+      std::find_if(std::begin(words), std::end(words),
+                   [&](const Word<Meaning>& word) { return word.meaning == meaning; });
+  return found == std::end(words) ? "" : found->text;
 }
 
 /// The object of a verb: the words that follow it. The complaint about them, "" for none.
@@ -111,6 +121,31 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
   std::string complaint = ReadObject(arguments[0], Words(arguments).subspan(1), command);
   if (!complaint.empty()) return {std::nullopt, std::move(complaint)};
   return {command, {}};
+}
+
+std::vector<std::string> ArgumentsOf(const Command& command) {
+  std::vector<std::string> arguments{TextOf(kVerbs, command.verb)};
+  switch (command.verb) {
+    case CommandVerb::State:
+      arguments.emplace_back(TextOf(kForms, command.form));
+      break;
+    case CommandVerb::Start:
+    case CommandVerb::Stop:
+    case CommandVerb::Restart:
+      arguments.emplace_back(TextOf(kComponentWords, command.component));
+      break;
+    case CommandVerb::Wait:
+      arguments.emplace_back(TextOf(kAwaited, command.awaited));
+      arguments.emplace_back(TextOf(kComponentWords, command.component));
+      arguments.push_back(std::to_string(command.seconds));
+      break;
+    case CommandVerb::Check:
+      if (command.json) arguments.emplace_back("--json");
+      break;
+    default:
+      break;
+  }
+  return arguments;
 }
 
 std::string WordOf(ComponentKind kind) { return LowerCase(NameOf(kind)); }

@@ -12,6 +12,7 @@
 #include "platform/foreign_windows.h"
 #include "platform/icons.h"
 #include "platform/instance_lock.h"
+#include "platform/launcher_call.h"
 #include "platform/memory_status.h"
 #include "platform/message_boxes.h"
 #include "platform/notification_area.h"
@@ -52,6 +53,7 @@ struct Machine {
   FileDiagnosis& fileDiagnosis;
   SelfRestart& selfRestart;
   Scripts& scripts;
+  AnswerLines& answerLines;
   std::string executablePath;  ///< Full path of the launcher's own executable.
   /// False when the path has letters that the system's code page does not have: `executablePath`,
   /// which has others in their place, names nothing then, or something else.

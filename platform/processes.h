@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,9 @@ class Processes {
   virtual void End(ProcessId id) = 0;
   /// Sets a Windows priority class; fails silently.
   virtual void ChangePriority(ProcessId id, std::uint32_t priorityClass) = 0;
+  /// The bytes of physical memory that the process has in use; nothing when it is gone or may not
+  /// be asked.
+  virtual std::optional<std::int64_t> MemoryOf(ProcessId id) = 0;
   /// From now on neither this program nor any that it starts is held open by one of the system's
   /// error dialogs when it crashes, or when its libraries cannot be loaded: it just ends.
   virtual void TurnErrorDialogsOff() = 0;

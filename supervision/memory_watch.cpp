@@ -31,6 +31,16 @@ std::string MemoryText(const MemoryFigures& figures) {
          " MB)";
 }
 
+std::int64_t FreeMemory(MemoryStatus& memory) {
+  return static_cast<std::int64_t>(ByteCount(memory.AvailablePhysical()) +
+                                   ByteCount(memory.AvailablePagingFile()));
+}
+
+std::int64_t TotalMemory(MemoryStatus& memory) {
+  return static_cast<std::int64_t>(ByteCount(memory.TotalPhysical()) +
+                                   ByteCount(memory.TotalPagingFile()));
+}
+
 void ShowFreeMemory(MemoryStatus& memory, Label& label) {
   MemoryFigures figures;
   figures.availablePhysical = memory.AvailablePhysical();

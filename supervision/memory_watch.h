@@ -20,6 +20,10 @@ struct MemoryFigures {
 /// digits, and the free amount in megabytes. A negative figure is a 32-bit count that has wrapped.
 std::string MemoryText(const MemoryFigures& figures);
 
+/// Bytes of physical memory and paging file together.
+std::int64_t FreeMemory(MemoryStatus& memory);
+std::int64_t TotalMemory(MemoryStatus& memory);
+
 /// The tick of `Mem`, every 5 seconds.
 void ShowFreeMemory(MemoryStatus& memory, Label& label);
 

@@ -50,7 +50,9 @@ void StatusLights::Combine() {
 void StatusLights::Show() {
   for (ComponentKind kind : kComponents) {
     Sem_[kind].SetState(LightStateOf(components_[kind].AlarmState));
-    Sem_[kind].SetToolTip(components_[kind].probeFailure);
+    const std::string sentence = sentenceOf ? sentenceOf(kind) : std::string();
+    const std::string& why = components_[kind].probeFailure;
+    Sem_[kind].SetToolTip(sentence + (sentence.empty() || why.empty() ? "" : "\r\n") + why);
   }
 }
 

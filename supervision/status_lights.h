@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <optional>
+#include <string>
 
 #include "core/component.h"
 #include "platform/clock.h"
@@ -23,8 +25,12 @@ class StatusLights {
 
   /// Takes over the code of the present states; keeps the last one when they have none.
   void Combine();
-  /// Sets the lights; the tool tip of each says why its component's last probe failed.
+  /// Sets the lights; the tool tip of each says how its component is, and on a line of its own why
+  /// the last probe failed.
   void Show();
+
+  /// How a component is, in one sentence; without this hook the tool tips say nothing of it.
+  std::function<std::string(ComponentKind)> sentenceOf;
 
   /// The code that was taken over last; 8, nothing watched, before the first.
   int StatusCode() const { return statusCode_; }

@@ -28,6 +28,8 @@ class EventDispatch {
   /// Lets no further event through; for a program that is ending. Events that are running go on.
   void Close() { closed_ = true; }
   bool Closed() const { return closed_; }
+  /// Whether the event that runs has come while another one runs: under a dialog of that one.
+  bool Nested() const { return depth_ > 1; }
 
   std::function<void(const RuntimeError&)> onFault;  ///< The dispatch is already closed.
   std::function<void(OwnFault)> onOwnFault;

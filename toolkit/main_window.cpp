@@ -42,6 +42,10 @@ void MainWindow::CallOffEndOfSession() { Raise(onSessionGoesOn); }
 
 void MainWindow::EndSession() { Raise(onEndSession); }
 
+void MainWindow::Receive(const std::string& message) {
+  if (onMessage) onMessage(message);
+}
+
 void MainWindow::End(int exitCode) {
   if (ended_) return;
   ended_ = true;

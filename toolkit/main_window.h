@@ -50,6 +50,10 @@ class MainWindow : public Control {
   /// neither ask the operator nor prevent it.
   void EndSession();
 
+  /// Another program has sent the window a message, of any content: raises `onMessage`, which makes
+  /// an event of it, or not.
+  void Receive(const std::string& message);
+
   /// Ends the program with this exit code: no further event is handled. Only the first call counts.
   void End(int exitCode);
   bool Ended() const { return ended_; }
@@ -60,6 +64,7 @@ class MainWindow : public Control {
   std::function<void()> onSessionMayEnd;
   std::function<void()> onSessionGoesOn;
   std::function<void()> onEndSession;
+  std::function<void(const std::string&)> onMessage;
 
  private:
   std::string title_;

@@ -28,11 +28,11 @@ void Timer::SetInterval(std::uint32_t milliseconds) {
 }
 
 void Timer::Arm() {
-  due_ = queue_.Now() + interval_;
+  due_ = queue_.Milliseconds() + interval_;
   sequence_ = ++queue_.sequence_;
 }
 
-std::uint64_t TimerQueue::Now() {
+std::uint64_t TimerQueue::Milliseconds() {
   now_ += clock_.Milliseconds() - static_cast<std::uint32_t>(now_);
   return now_;
 }
@@ -59,13 +59,13 @@ Timer* TimerQueue::Earliest() const {
 std::optional<std::uint32_t> TimerQueue::UntilNext() {
   const Timer* next = Earliest();
   if (!next) return std::nullopt;
-  const std::uint64_t now = Now();
+  const std::uint64_t now = Milliseconds();
   return next->due_ <= now ? 0 : static_cast<std::uint32_t>(next->due_ - now);
 }
 
 bool TimerQueue::RunNext(const std::function<void(const std::function<void()>&)>& dispatch) {
   Timer* timer = Earliest();
-  if (!timer || timer->due_ > Now()) return false;
+  if (!timer || timer->due_ > Milliseconds()) return false;
   timer->Arm();
   ++ticking_;
   if (timer->onTick) dispatch(timer->onTick);

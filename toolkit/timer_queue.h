@@ -72,13 +72,15 @@ class TimerQueue {
   /// Whether a tick is running, which includes the time of a message box that it has opened.
   bool Ticking() const { return ticking_ > 0; }
 
+  /// The tick count, continued past its wraps, which are 49 days apart.
+  std::uint64_t Milliseconds();
+
   /// Called whenever the next due time may have changed.
   std::function<void()> onChange;
 
  private:
   friend class Timer;
   Timer* Earliest() const;
-  std::uint64_t Now();
 
   TickClock& clock_;
   std::vector<Timer*> timers_;

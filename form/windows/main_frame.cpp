@@ -5,6 +5,8 @@
 #include "form/control_ids.h"
 #include "form/windows/pages.h"
 #include "form/windows/resource_ids.h"
+#include "platform/windows/launcher_call_windows.h"
+#include "platform/windows/process_rights.h"
 #include "platform/windows/window_class.h"
 #include "toolkit/windows/common_controls.h"
 
@@ -62,6 +64,10 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
   place_.TakeFirst();
   form.frame.window.SetMirror(this);
   ShowAsWanted();
+  // Who has less rights may ask how things are.
+  if (HasMoreRightsThanUsual()) {
+    ChangeWindowMessageFilterEx(window_, WM_COPYDATA, MSGFLT_ALLOW, nullptr);
+  }
   PostMessageA(window_, kCompletePagesMessage, 0, 0);
 }
 
@@ -203,6 +209,24 @@ void MainFrame::GiveFocus() {
   SetFocus(usable ? lastFocus_ : GetNextDlgTabItem(window_, nullptr, FALSE));
 }
 
+/// The sender is kept waiting for no longer than it takes to copy the message. It may have come in
+/// the midst of an event.
+bool MainFrame::TakeReceived(const COPYDATASTRUCT& data) {
+  if (data.dwData != kCallMark || data.cbData > kLongestMessage || data.lpData == nullptr ||
+      received_.size() >= kMostReceived) {
+    return false;
+  }
+  received_.emplace_back(static_cast<const char*>(data.lpData), data.cbData);
+  return PostMessageA(window_, kReceivedMessage, 0, 0) != FALSE;
+}
+
+void MainFrame::HandOnReceived() {
+  if (received_.empty() || stage_.window.Ended()) return;
+  const std::string message = std::move(received_.front());
+  received_.pop_front();
+  stage_.window.Receive(message);
+}
+
 void MainFrame::EndOfSession(bool ends) {
   stage_.Happens([this, ends] {
     MainWindow& window = stage_.window;
@@ -221,6 +245,11 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       return 0;
     case kCompletePagesMessage:
       CompletePages();
+      return 0;
+    case WM_COPYDATA:
+      return TakeReceived(*reinterpret_cast<const COPYDATASTRUCT*>(l)) ? TRUE : FALSE;
+    case kReceivedMessage:
+      HandOnReceived();
       return 0;
     case WM_CLOSE:
       stage_.Happens([this] { stage_.window.Close(); });

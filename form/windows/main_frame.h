@@ -3,8 +3,10 @@
 #include <windows.h>
 
 #include <array>
+#include <deque>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "form/form.h"
 #include "form/windows/frame_keys.h"
@@ -35,6 +37,10 @@ class MainFrame : private ControlMirror {
  private:
   /// Posted to the window once, at its start: the pages that are still missing are made then.
   static constexpr UINT kCompletePagesMessage = WM_APP;
+  /// Posted for each message of another program: it becomes an event when the loop comes to it.
+  static constexpr UINT kReceivedMessage = WM_APP + 1;
+  /// Messages that wait at most; more are not taken.
+  static constexpr std::size_t kMostReceived = 16;
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
   static HWND CreateMainWindow(HINSTANCE instance);
@@ -46,6 +52,8 @@ class MainFrame : private ControlMirror {
   void CompletePages();
   void ShownFromOutside();
 
+  bool TakeReceived(const COPYDATASTRUCT& data);
+  void HandOnReceived();
   void EndOfSession(bool ends);
   void Sized(WPARAM kind);
   void TakeLook();
@@ -71,6 +79,7 @@ class MainFrame : private ControlMirror {
   TimerPump timers_;
   HWND lastFocus_ = nullptr;
   int frontRequests_ = 0;
+  std::deque<std::string> received_;
   bool iconic_ = false;
 };
 

@@ -25,18 +25,23 @@ BOOL CALLBACK StopAtPublished(HWND window, LPARAM argument) {
   return FALSE;
 }
 
-HWND PublishedWindow(const std::string& name) {
-  Search search{PropertyName(name), nullptr};
-  EnumWindows(&StopAtPublished, reinterpret_cast<LPARAM>(&search));
-  return search.found;
-}
-
 bool Take(const KernelHandle& mutex) {
   const DWORD result = WaitForSingleObject(mutex.Get(), 0);
   return result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
 }
 
 }  // namespace
+
+HWND PublishedWindow(const std::string& name) {
+  Search search{PropertyName(name), nullptr};
+  EnumWindows(&StopAtPublished, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+bool IsLockHeld(const std::string& name) {
+  const KernelHandle mutex(OpenMutexA(SYNCHRONIZE, FALSE, MutexName(name).c_str()));
+  return mutex.Valid() || GetLastError() == ERROR_ACCESS_DENIED;
+}
 
 HolderShown HolderBehind(DWORD error) {
   switch (error) {

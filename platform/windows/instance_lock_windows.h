@@ -28,6 +28,13 @@ class WindowsInstanceLock : public InstanceLock {
   bool refused_ = false;  ///< The mutex that `Acquire` asked for last could not be opened.
 };
 
+/// The window that a lock's holder has published, wherever this program can see it; nullptr for
+/// none.
+HWND PublishedWindow(const std::string& name);
+
+/// Whether any program has the lock, or is about to.
+bool IsLockHeld(const std::string& name);
+
 /// What the system's error for a message to the holder's window says of it; ERROR_SUCCESS for a
 /// message that went there.
 HolderShown HolderBehind(DWORD error);

@@ -3,6 +3,7 @@
 #include "platform/windows/handle_windows.h"
 #include "platform/windows/system_message_windows.h"
 // After windows.h, which it needs.
+#include <psapi.h>
 #include <tlhelp32.h>
 
 namespace tarvo {
@@ -51,6 +52,16 @@ void WindowsProcesses::End(ProcessId id) {
   // server.
   const KernelHandle ending(OpenProcess(SYNCHRONIZE, FALSE, id));
   if (ending.Valid()) WaitForSingleObject(ending.Get(), kLongestEnding);
+}
+
+std::optional<std::int64_t> WindowsProcesses::MemoryOf(ProcessId id) {
+  const KernelHandle process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, id));
+  PROCESS_MEMORY_COUNTERS counters{};
+  // The name under which kernel32 has it, so that no further library is loaded.
+  if (!process.Valid() || !K32GetProcessMemoryInfo(process.Get(), &counters, sizeof counters)) {
+    return std::nullopt;
+  }
+  return static_cast<std::int64_t>(counters.WorkingSetSize);
 }
 
 void WindowsProcesses::ChangePriority(ProcessId id, std::uint32_t priorityClass) {

@@ -11,6 +11,7 @@ class WindowsProcesses : public Processes {
   std::vector<ProcessEntry> Snapshot() override;
   void End(ProcessId id) override;
   void ChangePriority(ProcessId id, std::uint32_t priorityClass) override;
+  std::optional<std::int64_t> MemoryOf(ProcessId id) override;
   void TurnErrorDialogsOff() override;
   /// A console program gets a console of its own, whose window is hidden: it neither writes into
   /// the launcher's console nor ends with it, and owns a window as every other server does.

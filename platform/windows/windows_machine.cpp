@@ -12,6 +12,7 @@
 #include "platform/windows/foreign_windows_windows.h"
 #include "platform/windows/icons_windows.h"
 #include "platform/windows/instance_lock_windows.h"
+#include "platform/windows/launcher_call_windows.h"
 #include "platform/windows/memory_status_windows.h"
 #include "platform/windows/message_boxes_windows.h"
 #include "platform/windows/notification_area_windows.h"
@@ -21,8 +22,6 @@
 #include "platform/windows/sockets_windows.h"
 
 namespace tarvo {
-namespace {
-
 std::wstring OwnExecutablePath() {
   std::wstring path(MAX_PATH, L'\0');
   DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
@@ -33,8 +32,6 @@ std::wstring OwnExecutablePath() {
   path.resize(length);
   return path;
 }
-
-}  // namespace
 
 struct WindowsMachine::Adapters {
   WindowsRegistry registry;
@@ -61,6 +58,7 @@ struct WindowsMachine::Adapters {
   WindowsEventLog eventLog;
   WindowsSelfRestart selfRestart;
   WindowsScripts scripts;
+  WindowsAnswerLines answerLines;
   MersenneRandom random;
 };
 
@@ -96,6 +94,7 @@ Machine WindowsMachine::Ports() {
           all.fileDiagnosis,
           all.selfRestart,
           all.scripts,
+          all.answerLines,
           text,
           WideTextOf(text) == path};
 }

@@ -2,10 +2,14 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 #include "platform/machine.h"
 
 namespace tarvo {
+
+/// Full path of this program's executable.
+std::wstring OwnExecutablePath();
 
 /// The real machine: owns the one adapter of each port. Its references live as long as it does.
 class WindowsMachine {

@@ -4,6 +4,7 @@
 
 #include "platform/machine.h"
 #include "tests/simulation/call_recorder.h"
+#include "tests/simulation/sim_answer_lines.h"
 #include "tests/simulation/sim_clock.h"
 #include "tests/simulation/sim_code_page.h"
 #include "tests/simulation/sim_desktop.h"
@@ -53,6 +54,7 @@ class SimMachine {
   SimDocuments documents{files};
   SimSelfRestart selfRestart{recorder, clock};
   SimScripts scripts{recorder, clock};
+  SimAnswerLines answerLines{recorder};
   std::string launcherPath = "C:\\srv\\tarvo-launcher.exe";
   bool launcherPathInCodePage = true;
 

@@ -59,6 +59,13 @@ void SimProcesses::ChangePriority(ProcessId id, std::uint32_t priorityClass) {
   if (process && priorityClass != 0) process->priorityClass = priorityClass;
 }
 
+std::optional<std::int64_t> SimProcesses::MemoryOf(ProcessId id) {
+  recorder_.Note("processes.memory(" + std::to_string(id) + ")");
+  Settle();
+  const SimProcess* process = Find(id);
+  return process ? std::optional(process->memory) : std::nullopt;
+}
+
 void SimProcesses::TurnErrorDialogsOff() {
   recorder_.Note("processes.turnErrorDialogsOff()");
   errorDialogs_ = false;

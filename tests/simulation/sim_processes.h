@@ -52,6 +52,7 @@ struct SimProcess {
   std::uint32_t queueRoom = 0;  ///< Callers that are still let in when nobody accepts.
   bool hangs = false;           ///< Its windows take no message; what they are asked for waits.
   std::uint32_t priorityClass = 0x20;
+  std::int64_t memory = 50 * 1024 * 1024;
   std::uint64_t startedAt = 0;  ///< On `SimClock::Age`.
   bool openedWindow = false;
   bool errorDialogs = true;             ///< A fault of its own opens the system's dialog.
@@ -75,6 +76,7 @@ class SimProcesses final : public Processes, public ForeignWindows {
   std::vector<ProcessEntry> Snapshot() override;
   void End(ProcessId id) override;
   void ChangePriority(ProcessId id, std::uint32_t priorityClass) override;
+  std::optional<std::int64_t> MemoryOf(ProcessId id) override;
   void TurnErrorDialogsOff() override;
   LaunchResult LaunchHidden(const std::string& executablePath) override;
 

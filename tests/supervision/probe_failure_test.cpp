@@ -41,8 +41,11 @@ class TroubleTold : public LauncherStory {
     launcher->Click("bStart", 0);
     launcher->Pass(5s);
   }
+  /// The tool tip without its first line, which tells how the component is.
   std::string Tip(ComponentKind kind = ComponentKind::Login) {
-    return launcher->TheForm().frame.Sem[kind].ToolTip();
+    const std::string tip = launcher->TheForm().frame.Sem[kind].ToolTip();
+    const std::size_t end = tip.find("\r\n");
+    return end == tip.npos ? std::string() : tip.substr(end + 2);
   }
   /// A silent server's tool tip is up.
   void BeSilent() {

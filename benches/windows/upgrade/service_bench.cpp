@@ -40,6 +40,7 @@ class TimedProcesses final : public Processes {
   void ChangePriority(ProcessId id, std::uint32_t priorityClass) override {
     real_.ChangePriority(id, priorityClass);
   }
+  std::optional<std::int64_t> MemoryOf(ProcessId id) override { return real_.MemoryOf(id); }
   void TurnErrorDialogsOff() override { real_.TurnErrorDialogsOff(); }
   LaunchResult LaunchHidden(const std::string& executablePath) override {
     const auto launched = real_.LaunchHidden(executablePath);
