@@ -44,15 +44,13 @@ NodeKey::NodeKey(std::string_view key) {
   const auto equals = condition.find('=');
   attribute_ = WithoutOuterBlanks(condition.substr(0, equals));
   if (equals == std::string_view::npos) return;
-  hasValue_ = true;
   value_ = WithoutQuotes(WithoutOuterBlanks(condition.substr(equals + 1)));
 }
 
 bool NodeKey::Matches(std::string_view name, const Parameters& parameters) const {
   const bool anyName = hasCondition_ && name_.empty();
   if (!anyName && !EqualIgnoringCase(name, name_)) return false;
-  if (!hasCondition_) return true;
-  return hasValue_ ? parameters.Holds(attribute_, value_) : parameters.Holds(attribute_);
+  return !hasCondition_ || parameters.Holds(attribute_, value_);
 }
 
 std::string TakePathStep(std::string_view& path, bool& more) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,9 +27,8 @@ class NodeKey {
  private:
   std::string_view name_;
   bool hasCondition_ = false;
-  bool hasValue_ = false;
   std::string_view attribute_;
-  std::string_view value_;
+  std::optional<std::string_view> value_;
 };
 
 /// Takes the first step off a path of keys separated by ".", written `name`, `name@attribute=value`

@@ -48,18 +48,10 @@ Ref<Parameter> Parameters::RemoveParameter(std::string_view name) {
   return RemoveParameter(IndexOf(name));
 }
 
-bool Parameters::Holds(std::string_view name, std::string_view value) const {
+bool Parameters::Holds(std::string_view name, std::optional<std::string_view> value) const {
   bool found = false;
   ForEach([&](std::string_view itsName, std::string_view itsValue) {
-    found = found || (itsValue == value && EqualIgnoringCase(itsName, name));
-  });
-  return found;
-}
-
-bool Parameters::Holds(std::string_view name) const {
-  bool found = false;
-  ForEach([&](std::string_view itsName, std::string_view) {
-    found = found || EqualIgnoringCase(itsName, name);
+    found = found || ((!value || itsValue == *value) && EqualIgnoringCase(itsName, name));
   });
   return found;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "xmldoc/nodes/node_list.h"
@@ -28,10 +29,9 @@ class Parameters {
   Ref<tarvo::Parameter> RemoveParameter(int index);
   Ref<tarvo::Parameter> RemoveParameter(std::string_view name);
 
-  /// Whether an attribute of that name (in any letter case) has exactly that value.
-  bool Holds(std::string_view name, std::string_view value) const;
-  /// Whether there is an attribute of that name, in any letter case.
-  bool Holds(std::string_view name) const;
+  /// Whether there is an attribute of that name (in any letter case), with exactly that value when
+  /// one is given.
+  bool Holds(std::string_view name, std::optional<std::string_view> value = std::nullopt) const;
 
   /// Calls visit(nameView, valueView) for each attribute, in order. `visit` must not change the
   /// list.

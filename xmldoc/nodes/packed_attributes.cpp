@@ -33,8 +33,7 @@ std::uint32_t Length(const char* begin, const char* end) {
 
 }  // namespace
 
-const char* AttributePacker::TakeWritten(const char* from, const char* end) {
-  Clear();
+const char* AttributePacker::TakeFirstWritten(const char* from, const char* end) {
   const char* at = from;
   while (at != end && *at == ' ') {
     const char* name = at + 1;

@@ -68,7 +68,10 @@ class AttributePacker {
   /// Takes attributes as the writer writes them, ` name="value"` with nothing else in between, from
   /// `from` on, as long as there are any and they hold no sign that ends a tag or breaks its line.
   /// Returns where they end. The text has to stay until CopyTo.
-  const char* TakeWritten(const char* from, const char* end);
+  const char* TakeWritten(const char* from, const char* end) {
+    Clear();
+    return from != end && *from == ' ' ? TakeFirstWritten(from, end) : from;
+  }
   /// Makes room for the attributes that so many bytes of tag text can hold.
   void Reserve(std::size_t tagBytes);
   /// The name is trimmed already. No more may be added than Reserve has made room for.
@@ -83,6 +86,8 @@ class AttributePacker {
   void CopyTo(char* bytes) const;
 
  private:
+  const char* TakeFirstWritten(const char* from, const char* end);
+
   std::vector<PackedAttributes::Lengths> lengths_;
   std::vector<char> text_;
   std::string_view written_;  // in text_, or where TakeWritten found it

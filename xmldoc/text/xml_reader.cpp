@@ -15,7 +15,11 @@ constexpr std::size_t kNodeBytesForTextByte = 0;
 constexpr std::size_t kNodeBytesForTextByte = 3;
 #endif
 
+/// Most signs are near: only beyond the first few bytes does a search in blocks pay.
 const char* Find(const char* from, const char* end, char wanted) {
+  for (int near = 16; near > 0 && from != end; --near, ++from) {
+    if (*from == wanted) return from;
+  }
   if (from == end) return nullptr;
   return static_cast<const char*>(std::memchr(from, wanted, static_cast<std::size_t>(end - from)));
 }
@@ -86,12 +90,10 @@ const char* XmlReader::FindOpen(const char* from) const { return Find(from, end_
 XmlReader::Step XmlReader::ReadTag() {
   const char* open = FindOpen(at_);
   if (open == nullptr) return OnlyLineEndsLeft() ? Step::EndOfText : EndAtWords(at_);
+  if (Between(open + 1, end_).starts_with('/')) return CloseNode(open);
   Tag tag;
   if (!ScanPlainTag(open, tag) && !ScanTag(open, tag, repairedTag_)) return EndAtElement();
-  if (IsClosing(tag.name)) {
-    CloseNode(tag);
-    return Step::Next;
-  }
+  if (IsClosing(tag.name)) return CloseNode(open);
   const char* next = FindOpen(tag.end);
   if (next == nullptr) return EndAtLastTag(tag);
   if (IsDeclarationOrComment(tag.name)) return ReadDeclaration(tag, next);
@@ -195,12 +197,16 @@ const char* XmlReader::EndOfClosing(std::string_view name, const char* next) {
   return closing.name.substr(1) == name ? closing.end : nullptr;
 }
 
-void XmlReader::CloseNode(const Tag& tag) {
-  at_ = tag.end;
+XmlReader::Step XmlReader::CloseNode(const char* open) {
+  const char* end = Find(open, end_, '>');
+  if (end == nullptr) return EndAtElement();
+  at_ = end + 1;
   if (openElements_ > 0 && --openElements_ == 0) rootClosed_ = true;
-  if (open_.empty()) return;
-  node_ = open_.back();
-  open_.pop_back();
+  if (!open_.empty()) {
+    node_ = open_.back();
+    open_.pop_back();
+  }
+  return Step::Next;
 }
 
 XmlReader::Step XmlReader::ReadDeclaration(const Tag& tag, const char* next) {
@@ -271,7 +277,7 @@ XmlReader::Step XmlReader::ReadElement(const Tag& tag, const char* next) {
     child->SetEncodePassword(encodePassword_);
     child->SetCryptType(cryptType_);
   }
-  child->SetStopOnLoadError(!tolerant_);
+  if (!tolerant_) child->SetStopOnLoadError(true);
   open_.push_back(node_);
   Document* filled = child.get();
   node_->Childs().Append(std::move(child));

@@ -56,7 +56,8 @@ class XmlReader {
   /// It ends with a tag that no other follows.
   Step EndAtLastTag(const Tag& tag);
 
-  void CloseNode(const Tag& tag);
+  /// Whatever the name of the closing tag at `open`.
+  Step CloseNode(const char* open);
   Step ReadDeclaration(const Tag& tag, const char* next);
   Step ReadLeaf(const Tag& tag, const char* next, const char* closingEnd);
   Step ReadElement(const Tag& tag, const char* next);
