@@ -112,6 +112,20 @@ TEST(Letters, AreThoseOfTheCodePageThatCameLast) {
 
 // The wide a (82 81) is the small letter of the wide A (82 60); the second bytes of other pairs are
 // ASCII letters that have no case.
+TEST(Letters, StayThoseOfTheCodePageThatCameLastWhenTheFirstIsGone) {
+  OneBytePage western = WesternPage();
+  OneBytePage greek = GreekPage();
+  auto first = std::make_unique<LettersInUse>(western);
+  auto second = std::make_unique<LettersInUse>(greek);
+  auto third = std::make_unique<LettersInUse>(western);
+  first.reset();
+  EXPECT_TRUE(EqualIgnoringCase("\xF1", "\xD1"));
+  third.reset();
+  EXPECT_TRUE(EqualIgnoringCase("\xF2", "\xF3"));
+  second.reset();
+  EXPECT_FALSE(EqualIgnoringCase("\xF2", "\xF3"));
+}
+
 TEST(Letters, MayHaveTwoBytes) {
   JapanesePage page;
   const LettersInUse inUse(page);

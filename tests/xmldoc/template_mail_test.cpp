@@ -55,6 +55,14 @@ TEST(TemplateMail, HasDefaultsForWhatItDoesNotSay) {
   EXPECT_EQ(fakes.mailer.mails[0].to, "");
 }
 
+TEST(TemplateMail, TakesNothingOfItsBodyForItsOwnWords) {
+  FakePorts fakes;
+  FilledBy(fakes, "some text before it <sendmail server=\"m\">a cc=\"x\" html=\"1\"</sendmail>");
+  ASSERT_EQ(fakes.mailer.mails.size(), 1U);
+  EXPECT_EQ(fakes.mailer.mails[0].cc, "");
+  EXPECT_FALSE(fakes.mailer.mails[0].html);
+}
+
 TEST(TemplateMail, IsHtmlForOneAlone) {
   for (const char* html : {"0", "true", "", "11", "yes"}) {
     FakePorts fakes;

@@ -38,6 +38,8 @@ TEST(MailAddresses, AreReadFromLists) {
       {"Bob <\"a,<b>\"@x>;c@d", "Bob|\"a,<b>\"@x |c@d "},
       {"\"a\\\",b\"@x,c@d", "|\"a\\\",b\"@x |c@d "},
       {"x@[10.0.0.1]; Bob <x@[IPv6:::1]>", "|x@[10.0.0.1] Bob|x@[IPv6:::1] "},
+      {"x@[IPv6:A::a], x@[IPv6:::1:2:3:4:5:6:7]", "|x@[IPv6:A::a] |x@[IPv6:::1:2:3:4:5:6:7] "},
+      {"x@[IPv6:::1:2:3:4:5:6:7:8]", "refused: x@[IPv6:::1:2:3:4:5:6:7:8]"},
       {"nobody", "refused: nobody"},
       {"a@b, nobody", "refused: nobody"},
       {"a b@c", "refused: a b@c"},

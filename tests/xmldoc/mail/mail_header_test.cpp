@@ -55,6 +55,14 @@ std::vector<std::string> WordsOf(const std::string& header, std::size_t& longest
   return words;
 }
 
+// 76 columns are the most: "Subject: " and 67, then the blank and 75.
+TEST(MailHeader, FoldsTextsIntoLinesThatAreJustFull) {
+  const std::string first = std::string(33, 'a') + " " + std::string(33, 'b');
+  const std::string second = " " + std::string(37, 'c') + " " + std::string(37, 'd');
+  EXPECT_EQ(TextHeader("Subject", first + second, kLatin),
+            "Subject: " + first + "\r\n" + second + "\r\n");
+}
+
 TEST(MailHeader, WritesTextsAsTheyAreOrAsEncodedWords) {
   const std::pair<std::string, std::string> cases[] = {
       {"", ""},

@@ -48,6 +48,7 @@ TEST(MailText, IsHeadersAnEmptyLineAndTheBody) {
   const std::string text = MailText(Content());
   const auto id = Header(text, "Message-ID");
   EXPECT_TRUE(id.starts_with("<") && id.ends_with("@example.com>")) << id;
+  EXPECT_EQ(id.find('.'), id.size() - std::string("@example.com>").size() - 17) << id;
   std::string rest = text;
   rest.erase(rest.find("Message-ID"), id.size() + 14);
   EXPECT_EQ(rest,

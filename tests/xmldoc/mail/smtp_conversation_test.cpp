@@ -90,6 +90,7 @@ TEST(SmtpMailer, ReadsAnswersInPieces) {
 TEST(SmtpMailer, GivesUpOnBadAnswers) {
   const std::pair<std::string, std::string> cases[] = {
       {"hello\r\n", "greeting: not understood: hello"},
+      {std::string(61, 'h') + "\r\n", "greeting: not understood: " + std::string(60, 'h')},
       {"22\r\n", "greeting: not understood: 22"},
       {"\r\n", "greeting: not understood: "},
       {"020 x\r\n", "greeting: not understood: 020 x"},
@@ -130,6 +131,13 @@ TEST(SmtpMailer, GivesEachStepItsTimeHoweverSlowlyBytesDripIn) {
     EXPECT_EQ(server.waits[static_cast<std::size_t>(one.step)], one.seconds * 1000);
     EXPECT_EQ(server.waits.back(), 1000U) << one.reason;
   }
+}
+
+TEST(SmtpMailer, GivesUpWhenAByteComesAfterTheTime) {
+  ScriptedMailServer server(Answers(1000, "2"));
+  server.perAnswer = 700;
+  EXPECT_EQ(SendBy(server), "greeting: no answer in time");
+  EXPECT_EQ(server.waits.size(), 429U);
 }
 
 TEST(SmtpMailer, GivesEachBlockOfTheMailItsTime) {
