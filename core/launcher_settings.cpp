@@ -18,14 +18,24 @@ std::string ValueName(ComponentKind kind, const char* what) {
   return std::string(NameOf(kind)) + what;
 }
 
-int FirstContaining(const std::vector<std::string>& names, const std::string& part) {
+}  // namespace
+
+int ExecutableOf(const std::vector<std::string>& names, const std::string& stored) {
   const auto found = std::find_if(names.begin(), names.end(), [&](const std::string& name) {
-    return name.find(part) != std::string::npos;
+    return name.find(stored) != std::string::npos;
   });
   return found == names.end() ? -1 : static_cast<int>(found - names.begin());
 }
 
-}  // namespace
+const char* UsualExecutable(ComponentKind kind) {
+  const char* const names[] = {"login-server", "char-server", "map-server"};
+  return names[IndexOf(kind)];
+}
+
+const char* UsualAutokillTime(ComponentKind kind) {
+  const char* const texts[] = {"20", "300", "60"};
+  return texts[IndexOf(kind)];
+}
 
 void LauncherSettings::LoadServers() {
   LoadExecutables();
@@ -43,12 +53,11 @@ void LauncherSettings::LoadServers() {
 }
 
 void LauncherSettings::LoadExecutables() {
-  const char* const defaults[] = {"login-server", "char-server", "map-server"};
   for (ComponentKind kind : kComponents) {
     Component& component = components_[kind];
-    component.storedExecutable = store_.Text(ValueName(kind, "Exe"), defaults[IndexOf(kind)]);
+    component.storedExecutable = store_.Text(ValueName(kind, "Exe"), UsualExecutable(kind));
     DropDownList& chooser = controls_.executables[kind];
-    chooser.SetListIndex(FirstContaining(chooser.Items(), component.storedExecutable));
+    chooser.SetListIndex(ExecutableOf(chooser.Items(), component.storedExecutable));
   }
 }
 
@@ -61,10 +70,9 @@ void LauncherSettings::LoadCheckIntervals() {
 }
 
 void LauncherSettings::LoadTimeouts() {
-  const char* const defaults[] = {"20", "300", "60"};
   for (ComponentKind kind : kComponents) {
     controls_.autokillTimes[kind].SetText(
-        store_.Text(ValueName(kind, "Timeout"), defaults[IndexOf(kind)]));
+        store_.Text(ValueName(kind, "Timeout"), UsualAutokillTime(kind)));
   }
 }
 

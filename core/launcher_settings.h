@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
+#include <vector>
 
 #include "core/component.h"
 #include "core/settings_store.h"
@@ -26,6 +28,14 @@ struct SettingsControls {
   TabView& pages;
   MainWindow& window;
 };
+
+/// Index of the first of these file names, in their order, that contains the stored text, letter
+/// case included; -1 when none does.
+int ExecutableOf(const std::vector<std::string>& names, const std::string& stored);
+
+/// What stands for a component's executable, and for its autokill time, when nothing is stored.
+const char* UsualExecutable(ComponentKind kind);
+const char* UsualAutokillTime(ComponentKind kind);
 
 /// The settings of the servers and of the launcher itself. They are read and saved in parts, since
 /// other rooms' settings come between them.

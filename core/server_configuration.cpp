@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "core/configuration_keys.h"
 #include "core/whole_file.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
@@ -10,37 +11,34 @@
 namespace tarvo {
 namespace {
 
-/// What follows the key at the very start of the line; nothing when the line begins otherwise.
-std::optional<std::string_view> RestAfter(std::string_view line, std::string_view key) {
-  if (!line.starts_with(key)) return std::nullopt;
-  return line.substr(key.size());
+std::int32_t PortOnLine(std::string_view line, std::string_view rest) {
+  return NamingSource(std::string(line.substr(0, 200)), [&rest] { return ToInteger(rest); });
 }
 
-void TakePort(std::string_view line, std::string_view key, ComponentEndpoint& endpoint) {
-  const auto rest = RestAfter(line, key);
+void TakeLine(std::string_view line, const ConfigurationKey& key,
+              ServerConfiguration& configuration) {
+  const auto rest = RestAfterKey(line, key.key);
   if (!rest) return;
-  endpoint.port =
-      NamingSource(std::string(line.substr(0, 200)), [&rest] { return ToInteger(*rest); });
+  ComponentEndpoint& endpoint = configuration.endpoints[key.component];
+  switch (key.says) {
+    case ConfigurationKey::Says::Port:
+      endpoint.port = PortOnLine(line, *rest);
+      break;
+    case ConfigurationKey::Says::Host:
+      endpoint.host = *rest;
+      break;
+    case ConfigurationKey::Says::ServerName:
+      configuration.serverName = Trimmed(*rest);
+      break;
+  }
 }
 
-void TakeHost(std::string_view line, std::string_view key, ComponentEndpoint& endpoint) {
-  if (const auto rest = RestAfter(line, key)) endpoint.host = *rest;
-}
-
-void ReadCharLine(std::string_view line, ServerConfiguration& configuration) {
-  ComponentEndpoint& login = configuration.endpoints[ComponentKind::Login];
-  ComponentEndpoint& charServer = configuration.endpoints[ComponentKind::Char];
-  TakePort(line, "login_port:", login);
-  TakePort(line, "char_port:", charServer);
-  TakeHost(line, "login_ip:", login);
-  TakeHost(line, "char_ip:", charServer);
-  if (const auto rest = RestAfter(line, "server_name:")) configuration.serverName = Trimmed(*rest);
-}
-
-void ReadMapLine(std::string_view line, ServerConfiguration& configuration) {
-  ComponentEndpoint& map = configuration.endpoints[ComponentKind::Map];
-  TakePort(line, "map_port:", map);
-  TakeHost(line, "map_ip:", map);
+void ReadLines(std::string_view text, std::string_view file, ServerConfiguration& configuration) {
+  ForEachLine(text, [&](std::string_view line) {
+    for (const ConfigurationKey& key : kConfigurationKeys) {
+      if (key.file == file) TakeLine(line, key, configuration);
+    }
+  });
 }
 
 constexpr char kNoServerRoot[] =
@@ -78,17 +76,13 @@ ConfigurationResult ReadServerConfiguration(FileReader& files, FileDiagnosis& di
     result.refusal = kNoServerRoot + CauseLine(diagnosis, conf + "login_athena.conf");
     return result;
   }
-  using LineReader = void (*)(std::string_view, ServerConfiguration&);
-  const std::pair<const char*, LineReader> sources[] = {{"char_athena.conf", ReadCharLine},
-                                                        {"map_athena.conf", ReadMapLine}};
-  for (const auto& [name, readLine] : sources) {
+  for (const char* name : kConfigurationFiles) {
     std::string text;
     if (!ReadWholeFile(files, conf + name, text)) {
       result.refusal = folder + name + " file can't be loaded" + CauseLine(diagnosis, conf + name);
       return result;
     }
-    ForEachLine(text,
-                [&, read = readLine](std::string_view line) { read(line, result.configuration); });
+    ReadLines(text, name, result.configuration);
   }
   return result;
 }

@@ -8,6 +8,7 @@
 #include "platform/event_log.h"
 #include "platform/file_copies.h"
 #include "platform/file_dialog.h"
+#include "platform/file_inspection.h"
 #include "platform/files.h"
 #include "platform/foreign_windows.h"
 #include "platform/icons.h"
@@ -15,7 +16,9 @@
 #include "platform/launcher_call.h"
 #include "platform/memory_status.h"
 #include "platform/message_boxes.h"
+#include "platform/network_inspection.h"
 #include "platform/notification_area.h"
+#include "platform/process_inspection.h"
 #include "platform/processes.h"
 #include "platform/random_source.h"
 #include "platform/registry.h"
@@ -54,6 +57,9 @@ struct Machine {
   SelfRestart& selfRestart;
   Scripts& scripts;
   AnswerLines& answerLines;
+  FileInspection& fileInspection;
+  ProcessInspection& processInspection;
+  NetworkInspection& networkInspection;
   std::string executablePath;  ///< Full path of the launcher's own executable.
   /// False when the path has letters that the system's code page does not have: `executablePath`,
   /// which has others in their place, names nothing then, or something else.

@@ -27,6 +27,9 @@ class StoredSet {
   /// missing or cannot be read, which the event log records.
   void Load();
 
+  /// Whether the file was good when it was last read.
+  bool Whole() const { return ready_; }
+
   /// To be called before each change: whether the set may be changed and saved. Without a good file
   /// so far, it is read once more: a good one replaces the child, and `show` is called. A file that
   /// is gone by now leaves nothing to lose, so the child is kept as it is shown. Any other one is

@@ -8,6 +8,7 @@
 #include "platform/windows/fault_guard.h"
 #include "platform/windows/file_copies_windows.h"
 #include "platform/windows/file_dialog_windows.h"
+#include "platform/windows/file_inspection_windows.h"
 #include "platform/windows/files_windows.h"
 #include "platform/windows/foreign_windows_windows.h"
 #include "platform/windows/icons_windows.h"
@@ -15,7 +16,9 @@
 #include "platform/windows/launcher_call_windows.h"
 #include "platform/windows/memory_status_windows.h"
 #include "platform/windows/message_boxes_windows.h"
+#include "platform/windows/network_inspection_windows.h"
 #include "platform/windows/notification_area_windows.h"
+#include "platform/windows/process_inspection_windows.h"
 #include "platform/windows/processes_windows.h"
 #include "platform/windows/registry_windows.h"
 #include "platform/windows/scripts_windows.h"
@@ -59,6 +62,9 @@ struct WindowsMachine::Adapters {
   WindowsSelfRestart selfRestart;
   WindowsScripts scripts;
   WindowsAnswerLines answerLines;
+  WindowsFileInspection fileInspection;
+  WindowsProcessInspection processInspection;
+  WindowsNetworkInspection networkInspection;
   MersenneRandom random;
 };
 
@@ -95,6 +101,9 @@ Machine WindowsMachine::Ports() {
           all.selfRestart,
           all.scripts,
           all.answerLines,
+          all.fileInspection,
+          all.processInspection,
+          all.networkInspection,
           text,
           WideTextOf(text) == path};
 }

@@ -44,13 +44,13 @@ class SimFileCopies final : public FileCopies {
   void FailCopy(int n, FileTrouble trouble, int number, const std::string& words);
   /// Nobody may write into this folder, or below it.
   void DenyWriting(const std::string& folder);
+  bool Denied(const std::string& path) const;
 
  private:
   static FileFault Fault(FileTrouble trouble, int number, const std::string& words) {
     return {number, words, trouble};
   }
   bool Held(const std::string& path);
-  bool Denied(const std::string& path) const;
   bool IsFolder(const std::string& path) const;
   std::optional<FileFault> Obstacle(const std::string& source, const std::string& target);
 

@@ -88,6 +88,13 @@ bool SimFiles::Has(const std::string& path) const {
   return const_cast<SimFiles*>(this)->Find(path) != nullptr;
 }
 
+bool SimFiles::HasFolder(const std::string& path) const {
+  std::string beginning = Lowered(path);
+  if (!beginning.ends_with('\\')) beginning += '\\';
+  return std::any_of(files_.begin(), files_.end(),
+                     [&](const File& file) { return file.lowered.starts_with(beginning); });
+}
+
 std::string SimFiles::TextOf(const std::string& path) const {
   const File* file = const_cast<SimFiles*>(this)->Find(path);
   return file ? file->text : std::string();

@@ -68,6 +68,10 @@ class SimFiles final : public FileReader,
   void HideLocked() { hideLocked_ = true; }
   /// The file can be read and cannot be replaced: access is denied.
   void ProtectFromWriting(const std::string& path, bool protect = true);
+  bool Protected(const std::string& path) const { return protected_.contains(Lowered(path)); }
+  bool Unreadable(const std::string& path) const { return locked_.contains(Lowered(path)); }
+  /// Whether there is such a folder: one with a file in it, or below it.
+  bool HasFolder(const std::string& path) const;
   /// Every append fails, as in a folder without the right to write or on a full disk.
   void RefuseAppends(bool refuse) { refuseAppends_ = refuse; }
   /// Appends succeed and leave nothing behind, for runs of months.

@@ -34,7 +34,7 @@ SimMachine::SimMachine() {
   PutConf("C:\\srv", UsualCharConf(), UsualMapConf());
   files.Put(launcherPath, "MZ");
   for (const char* name : {kLogin, kChar, kMap}) {
-    files.Put(std::string("C:\\srv\\") + name, "MZ");
+    files.Put(std::string("C:\\srv\\") + name, ProgramBytes());
   }
   processes.Program(kLogin).conf = "conf\\login_athena.conf";
   processes.Program(kChar).conf = "conf\\char_athena.conf";
@@ -45,13 +45,37 @@ SimMachine::SimMachine() {
 }
 
 Machine SimMachine::PortsFor(InstanceLock& lock) {
-  return {registry,   files,         files,        files,
-          processes,  processes,     network,      clock,
-          clock,      memory,        boxes,        lock,
-          tray,       icons,         codePage,     copies,
-          fileDialog, files,         eventLog,     random,
-          documents,  workingFolder, files,        selfRestart,
-          scripts,    answerLines,   launcherPath, launcherPathInCodePage};
+  return {registry,
+          files,
+          files,
+          files,
+          processes,
+          processes,
+          network,
+          clock,
+          clock,
+          memory,
+          boxes,
+          lock,
+          tray,
+          icons,
+          codePage,
+          copies,
+          fileDialog,
+          files,
+          eventLog,
+          random,
+          documents,
+          workingFolder,
+          files,
+          selfRestart,
+          scripts,
+          answerLines,
+          inspection,
+          inspection,
+          inspection,
+          launcherPath,
+          launcherPathInCodePage};
 }
 
 std::string SimMachine::SettingsKey() const {

@@ -12,6 +12,7 @@
 #include "tests/simulation/sim_event_log.h"
 #include "tests/simulation/sim_file_copies.h"
 #include "tests/simulation/sim_files.h"
+#include "tests/simulation/sim_inspection.h"
 #include "tests/simulation/sim_network.h"
 #include "tests/simulation/sim_notification_area.h"
 #include "tests/simulation/sim_processes.h"
@@ -44,6 +45,7 @@ class SimMachine {
   SimFileCopies copies{recorder, files, processes};
   SimFileDialog fileDialog{recorder, workingFolder};
   SimNetwork network{recorder, clock, processes};
+  SimInspection inspection{recorder, clock, files, copies, processes};
   SimMemory memory{recorder};
   SimMessageBoxes boxes{recorder};
   SimEventLog eventLog{recorder};

@@ -77,11 +77,11 @@ LaunchResult SimProcesses::LaunchHidden(const std::string& executablePath) {
   if (executablesLost_ || !files_.Has(executablePath)) {
     return {0, true, {2, "The system cannot find the file specified"}};
   }
-  const std::string executable =
-      executablePath.substr(SeparatorsIn(executablePath, codePage_).back() + 1);
+  const std::size_t folderSize = SeparatorsIn(executablePath, codePage_).back() + 1;
+  const std::string executable = executablePath.substr(folderSize);
   if (const auto& fault = Program(executable).launchFault) return {0, false, *fault};
   ++launches_;
-  SimProcess& process = Add(executable);
+  SimProcess& process = Add(executable, executablePath.substr(0, folderSize));
   process.errorDialogs = errorDialogs_;
   const ProcessId id = process.id;
   const std::string& conf = process.program.conf;
@@ -154,7 +154,10 @@ SimProgram& SimProcesses::Program(const std::string& executable) {
   return programs_[codePage_.Lowered(executable)];
 }
 
-ProcessId SimProcesses::StartForeign(const std::string& executable) { return Add(executable).id; }
+ProcessId SimProcesses::StartForeign(const std::string& executable) {
+  const bool ofRoot = files_.Has("C:\\srv\\" + executable);
+  return Add(executable, ofRoot ? "C:\\srv\\" : "C:\\Windows\\").id;
+}
 
 void SimProcesses::Crash(ProcessId id) { Bury(id); }
 
@@ -222,11 +225,12 @@ SimProcess* SimProcesses::Find(ProcessId id) {
   return nullptr;
 }
 
-SimProcess& SimProcesses::Add(const std::string& executable) {
+SimProcess& SimProcesses::Add(const std::string& executable, const std::string& folder) {
   lastId_ += 4;
   SimProcess process;
   process.id = lastId_;
   process.executable = executable;
+  process.path = folder + executable;
   process.program = Program(executable);
   process.startedAt = clock_.Age();
   processes_.push_back(process);

@@ -47,6 +47,8 @@ FileFault NoMemory();
 struct SimProcess {
   ProcessId id = 0;
   std::string executable;
+  std::string path;           ///< Of its file; "" when the system does not tell.
+  std::uint32_t session = 1;  ///< The operator's; 0 is that of the services.
   SimProgram program;
   PortAnswer answer = PortAnswer::Listens;
   std::uint32_t queueRoom = 0;  ///< Callers that are still let in when nobody accepts.
@@ -113,6 +115,10 @@ class SimProcesses final : public Processes, public ForeignWindows {
   /// Behind the last window lies the first one again.
   void TurnInACircle(bool turns = true) { circle_ = turns; }
 
+  const std::vector<SimProcess>& Running() {
+    Settle();
+    return processes_;
+  }
   const std::vector<SimWindow>& Windows() const { return windows_; }
   SimWindow* WindowOf(ProcessId id);
   std::size_t Launches() const { return launches_; }
@@ -123,7 +129,7 @@ class SimProcesses final : public Processes, public ForeignWindows {
 
  private:
   SimProcess* Find(ProcessId id);
-  SimProcess& Add(const std::string& executable);
+  SimProcess& Add(const std::string& executable, const std::string& folder);
   void Settle();
   void Obey(SimWindow& window);
   void Bury(ProcessId id);

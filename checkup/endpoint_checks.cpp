@@ -1,0 +1,162 @@
+#include "checkup/endpoint_checks.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+#include <limits>
+
+#include "support/number_text.h"
+#include "support/text.h"
+
+namespace tarvo {
+namespace {
+
+using Says = ConfigurationKey::Says;
+
+constexpr std::size_t kLongestShown = 40;
+
+/// A value as it can be shown on one line.
+std::string Shown(std::string_view text) {
+  std::string shown(Trimmed(text.substr(0, text.find_first_of("\r\n"))));
+  if (shown.size() > kLongestShown) shown = shown.substr(0, kLongestShown) + "...";
+  return shown;
+}
+
+std::string PortAdvice(ComponentKind kind) {
+  const ConfigurationKey& key = KeyOf(kind, Says::Port);
+  return std::string("Set \"") + key.key + "\" in conf\\" + key.file +
+         " to a number from 1 to 65535, and start the launcher again.";
+}
+
+Finding PortFinding(ComponentKind kind, const std::string& wrong) {
+  return {"port", Severity::Error, NameOf(kind), wrong, PortAdvice(kind)};
+}
+
+std::optional<Finding> FindingOfPort(ComponentKind kind, const EndpointFacts& endpoint) {
+  if (!endpoint.port) {
+    return PortFinding(kind, "The port \"" + Shown(endpoint.portText) +
+                                 "\" is no number, and ends the launcher's next start.");
+  }
+  const std::int32_t port = *endpoint.port;
+  if (port == 0 && !endpoint.known) return std::nullopt;
+  if (port == 0) return PortFinding(kind, "The port is 0, so nothing can be probed.");
+  if (port < 0 || port > std::numeric_limits<std::uint16_t>::max()) {
+    return PortFinding(kind, "The port " + std::to_string(port) + " is out of range.");
+  }
+  return std::nullopt;
+}
+
+bool SameEndpoint(const EndpointFacts& one, const EndpointFacts& other) {
+  return one.port && one.port == other.port && *one.port > 0 &&
+         LowerCase(one.host) == LowerCase(other.host);
+}
+
+Finding HostFinding(ComponentKind kind, Severity severity, const std::string& wrong,
+                    const std::string& advice) {
+  return {"host", severity, NameOf(kind), wrong, advice};
+}
+
+}  // namespace
+
+const ConfigurationKey& KeyOf(ComponentKind kind, Says says) {
+  return *std::find_if(
+      std::begin(kConfigurationKeys), std::end(kConfigurationKeys),
+      [&](const ConfigurationKey& key) { return key.component == kind && key.says == says; });
+}
+
+void TakeEndpoints(const std::vector<KeyValues>& values, bool whole,
+                   PerComponent<EndpointFacts>& endpoints) {
+  for (const KeyValues& value : values) {
+    if (value.key->says == Says::ServerName) continue;
+    EndpointFacts& endpoint = endpoints[value.key->component];
+    if (value.key->says == Says::Host) {
+      if (value.lines > 0) endpoint.host = Trimmed(value.last);
+      continue;
+    }
+    endpoint.known = whole;
+    endpoint.portText = value.noNumber.value_or(value.last);
+    endpoint.port = 0;
+    if (value.noNumber) {
+      endpoint.port.reset();
+    } else if (value.lines > 0) {
+      endpoint.port = ToInteger(value.last);
+    }
+  }
+}
+
+Findings CheckPorts(const PerComponent<EndpointFacts>& endpoints) {
+  Findings findings;
+  for (ComponentKind kind : kComponents) {
+    if (const auto found = FindingOfPort(kind, endpoints[kind])) findings.push_back(*found);
+  }
+  for (ComponentKind one : kComponents) {
+    for (ComponentKind other : kComponents) {
+      if (one >= other || !SameEndpoint(endpoints[one], endpoints[other])) continue;
+      findings.push_back({"port", Severity::Error,
+                          std::string(NameOf(one)) + " and " + NameOf(other),
+                          "Both have the port " + std::to_string(*endpoints[one].port) +
+                              ", which only one of them can listen at.",
+                          "Give each component a port of its own in the conf files."});
+    }
+  }
+  return findings;
+}
+
+Findings CheckHost(ComponentKind kind, const std::string& host, const HostFacts& facts) {
+  const ConfigurationKey& key = KeyOf(kind, Says::Host);
+  const std::string advice =
+      std::string("Correct \"") + key.key + "\" in conf\\" + key.file + ", or the name server.";
+  switch (facts.outcome) {
+    case HostFacts::Outcome::NotAsked:
+      return {};
+    case HostFacts::Outcome::Unknown:
+      return {HostFinding(kind, Severity::Error,
+                          "The host \"" + Shown(host) +
+                              "\" does not resolve, so each probe fails as if the server were "
+                              "frozen.",
+                          advice)};
+    case HostFacts::Outcome::NotAnswered:
+      return {HostFinding(kind, Severity::Warning,
+                          "The host \"" + Shown(host) +
+                              "\" was not resolved within a second, which is as long as a probe "
+                              "waits for it.",
+                          advice)};
+    case HostFacts::Outcome::Address:
+      break;
+  }
+  if (facts.own) return {};
+  return {HostFinding(kind, Severity::Note,
+                      "The host \"" + Shown(host) +
+                          "\" is an address of another machine, where this launcher starts and "
+                          "ends nothing.",
+                      "Leave it so if the probe is to go through that address.")};
+}
+
+Findings CheckPortHeld(ComponentKind kind, std::int32_t port,
+                       const std::optional<HolderFacts>& holder) {
+  if (!holder) return {};
+  const std::string who = holder->executable.empty() ? "A program that the system does not name"
+                                                     : "\"" + holder->executable + "\"";
+  return {{"port-held", Severity::Error, NameOf(kind),
+           who + " (process " + std::to_string(holder->process) + ") holds the port " +
+               std::to_string(port) + ".",
+           "End that program, or give the component another port."}};
+}
+
+std::optional<Listener> ListenerAt(const std::vector<Listener>& listeners, std::uint32_t address,
+                                   std::int32_t port) {
+  const auto found =
+      std::find_if(listeners.begin(), listeners.end(), [&](const Listener& listener) {
+        return listener.port == port && (listener.address == 0 || listener.address == address);
+      });
+  if (found == listeners.end()) return std::nullopt;
+  return *found;
+}
+
+bool IsOwnAddress(std::uint32_t address, const std::vector<std::uint32_t>& own) {
+  std::uint8_t first = 0;
+  std::memcpy(&first, &address, sizeof first);
+  return first == 127 || std::find(own.begin(), own.end(), address) != own.end();
+}
+
+}  // namespace tarvo

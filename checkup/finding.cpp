@@ -1,0 +1,73 @@
+#include "checkup/finding.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace tarvo {
+namespace {
+
+std::ptrdiff_t PlaceOf(const Finding& finding) {
+  return std::find(std::begin(kCheckNames), std::end(kCheckNames), finding.name) -
+         std::begin(kCheckNames);
+}
+
+std::size_t CountOf(const Findings& findings, Severity severity) {
+  return static_cast<std::size_t>(
+      std::count_if(findings.begin(), findings.end(),
+                    [severity](const Finding& finding) { return finding.severity == severity; }));
+}
+
+}  // namespace
+
+const char* NameOf(Severity severity) {
+  switch (severity) {
+    case Severity::Error:
+      return "error";
+    case Severity::Warning:
+      return "warning";
+    case Severity::Note:
+      break;
+  }
+  return "note";
+}
+
+void PutInOrder(Findings& findings) {
+  std::stable_sort(findings.begin(), findings.end(), [](const Finding& one, const Finding& other) {
+    return PlaceOf(one) < PlaceOf(other);
+  });
+}
+
+std::size_t CountForAttention(const Findings& findings) {
+  return findings.size() - CountOf(findings, Severity::Note);
+}
+
+int ExitCodeOf(const Findings& findings) {
+  if (CountOf(findings, Severity::Error) > 0) return 2;
+  return CountOf(findings, Severity::Warning) > 0 ? 1 : 0;
+}
+
+std::vector<std::string> LinesOf(const Finding& finding) {
+  return {std::string(NameOf(finding.severity)) + ": " + finding.name + ": " + finding.about,
+          "    " + finding.wrong, "    " + finding.advice};
+}
+
+std::string SummaryOf(const Findings& findings) {
+  std::string text;
+  for (Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
+    const std::size_t count = CountOf(findings, severity);
+    if (count == 0) continue;
+    text += (text.empty() ? "" : ", ") + std::to_string(count) + " " + NameOf(severity) +
+            (count > 1 ? "s" : "");
+  }
+  return text.empty() ? "Nothing to complain about." : text + ".";
+}
+
+std::string TextOf(const Findings& findings) {
+  std::string text;
+  for (const Finding& finding : findings) {
+    for (const std::string& line : LinesOf(finding)) text += line + "\r\n";
+  }
+  return text + SummaryOf(findings) + "\r\n";
+}
+
+}  // namespace tarvo

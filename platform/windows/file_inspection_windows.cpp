@@ -1,0 +1,135 @@
+#include "platform/windows/file_inspection_windows.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/windows/code_page_windows.h"
+#include "platform/windows/file_swap_windows.h"
+#include "platform/windows/handle_windows.h"
+
+namespace tarvo {
+namespace {
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::int64_t kTicksInSecond = 10000000;  // Of 100 ns.
+constexpr std::int64_t kSecondsFrom1601To1970 = 11644473600;
+constexpr std::size_t kLongestRead = 16 * 1024 * 1024;
+
+KernelHandle Open(const std::wstring& path, DWORD access) {
+  return KernelHandle(CreateFileW(path.c_str(), access, kShareAll, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
+std::uint64_t Joined(DWORD high, DWORD low) {
+  return (static_cast<std::uint64_t>(high) << 32) | low;
+}
+
+std::chrono::sys_seconds SecondsOf(const FILETIME& time) {
+  const auto ticks = static_cast<std::int64_t>(Joined(time.dwHighDateTime, time.dwLowDateTime));
+  return std::chrono::sys_seconds(
+      std::chrono::seconds(ticks / kTicksInSecond - kSecondsFrom1601To1970));
+}
+
+/// Of the errors of a path that cannot be opened: those by which its drive or share is not there.
+bool MeansNoAnswer(DWORD error) {
+  return error == ERROR_NOT_READY || error == ERROR_BAD_NETPATH || error == ERROR_NETNAME_DELETED ||
+         error == ERROR_BAD_NET_NAME || error == ERROR_NETWORK_UNREACHABLE ||
+         error == ERROR_SEM_TIMEOUT || error == ERROR_UNEXP_NET_ERR;
+}
+
+FileLook LookByName(const std::wstring& path) {
+  FileLook look;
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) == 0) {
+    const bool silent = MeansNoAnswer(GetLastError());
+    look.outcome = silent ? FileLook::Outcome::NotAnswered : FileLook::Outcome::Missing;
+    return look;
+  }
+  look.outcome = FileLook::Outcome::There;
+  look.isFolder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  look.size = Joined(data.nFileSizeHigh, data.nFileSizeLow);
+  look.modified = SecondsOf(data.ftLastWriteTime);
+  return look;
+}
+
+FileLook Look(const std::wstring& path) {
+  FileLook look = LookByName(path);
+  if (look.outcome != FileLook::Outcome::There) return look;
+  const KernelHandle file = Open(path, FILE_READ_ATTRIBUTES);
+  BY_HANDLE_FILE_INFORMATION found{};
+  if (!file.Valid() || GetFileInformationByHandle(file.Get(), &found) == 0) return look;
+  look.size = Joined(found.nFileSizeHigh, found.nFileSizeLow);
+  look.modified = SecondsOf(found.ftLastWriteTime);
+  look.identity = std::to_string(found.dwVolumeSerialNumber) + ":" +
+                  std::to_string(Joined(found.nFileIndexHigh, found.nFileIndexLow));
+  return look;
+}
+
+}  // namespace
+
+FileLook WindowsFileInspection::LookAt(const std::string& path, std::uint32_t milliseconds) {
+  auto open = open_.find(path);
+  if (open == open_.end()) {
+    const std::wstring wide = WideTextOf(path);
+    open = open_.emplace(path, LateAnswer<FileLook>([wide] { return Look(wide); })).first;
+  }
+  FileLook look;
+  const bool asked = open->second.Asked();
+  if (asked && !open->second.CameWithin(milliseconds)) return look;
+  if (asked) look = open->second.Value();
+  open_.erase(open);
+  return look;
+}
+
+ReadResult WindowsFileInspection::ReadBeginning(const std::string& path, std::size_t most,
+                                                std::string& text) {
+  const KernelHandle file(CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  if (!file.Valid()) {
+    const DWORD error = GetLastError();
+    const bool missing = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+    return missing ? ReadResult::Missing : ReadResult::Failed;
+  }
+  LARGE_INTEGER size{};
+  if (GetFileSizeEx(file.Get(), &size) == 0) return ReadResult::Failed;
+  const auto wanted = static_cast<std::size_t>(
+      std::min(static_cast<std::uint64_t>(size.QuadPart), static_cast<std::uint64_t>(most)));
+  std::string content(wanted, '\0');
+  std::size_t done = 0;
+  while (done < wanted) {
+    const auto part = static_cast<DWORD>(std::min(wanted - done, kLongestRead));
+    DWORD count = 0;
+    if (ReadFile(file.Get(), content.data() + done, part, &count, nullptr) == 0) {
+      return ReadResult::Failed;
+    }
+    if (count == 0) break;  // The file became shorter meanwhile.
+    done += count;
+  }
+  content.resize(done);
+  text = std::move(content);
+  return ReadResult::Ok;
+}
+
+std::optional<FileFault> WindowsFileInspection::WhyUnwritable(const std::string& path) {
+  const std::wstring wide = WideTextOf(path);
+  const DWORD attributes = GetFileAttributesW(wide.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return std::nullopt;
+  const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  // A folder's attribute of that name does not protect what is in it.
+  if (!isFolder && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    return FileFaultOf(ERROR_ACCESS_DENIED);
+  }
+  const DWORD access = isFolder ? FILE_ADD_FILE : GENERIC_WRITE | DELETE;
+  if (Open(wide, access).Valid()) return std::nullopt;
+  return FileFaultOf(GetLastError());
+}
+
+std::optional<std::uint64_t> WindowsFileInspection::FreeSpace(const std::string& folder) {
+  ULARGE_INTEGER free{};
+  if (GetDiskFreeSpaceExA((folder + "\\").c_str(), &free, nullptr, nullptr) == 0) {
+    return std::nullopt;
+  }
+  return free.QuadPart;
+}
+
+}  // namespace tarvo

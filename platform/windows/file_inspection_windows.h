@@ -1,0 +1,25 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "platform/file_inspection.h"
+#include "platform/windows/late_answer.h"
+
+namespace tarvo {
+
+/// Looks by handles that ask for attributes alone, each on a thread of its own; a look without an
+/// answer stays open, and the next one at the same path waits for that answer.
+class WindowsFileInspection : public FileInspection {
+ public:
+  FileLook LookAt(const std::string& path, std::uint32_t milliseconds) override;
+  ReadResult ReadBeginning(const std::string& path, std::size_t most, std::string& text) override;
+  /// Opens file or folder with the right that is asked for, which changes nothing.
+  std::optional<FileFault> WhyUnwritable(const std::string& path) override;
+  std::optional<std::uint64_t> FreeSpace(const std::string& folder) override;
+
+ private:
+  std::map<std::string, LateAnswer<FileLook>> open_;
+};
+
+}  // namespace tarvo

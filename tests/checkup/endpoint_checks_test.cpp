@@ -1,0 +1,130 @@
+#include "checkup/endpoint_checks.h"
+
+#include "tests/checkup/check_up_desk.h"
+
+namespace tarvo {
+namespace {
+
+class EndpointChecks : public CheckUpDesk {
+ protected:
+  void PutMapPort(const std::string& port) {
+    PutMapConf("map_ip:127.0.0.1\r\nmap_port:" + port + "\r\n");
+  }
+  void PutMapHost(const std::string& host) {
+    PutMapConf("map_ip:" + host + "\r\nmap_port:5121\r\n");
+  }
+};
+
+TEST_F(EndpointChecks, APortThatIsMissingOrZero) {
+  PutMapConf("map_ip:127.0.0.1\r\n");
+  EXPECT_EQ(Told(), "error port [Map] The port is 0, so nothing can be probed.\n");
+  PutMapPort(" 0");
+  EXPECT_EQ(Told(), "error port [Map] The port is 0, so nothing can be probed.\n");
+}
+
+TEST_F(EndpointChecks, APortOutOfRange) {
+  PutMapPort(" 65536");
+  EXPECT_EQ(Told(), "error port [Map] The port 65536 is out of range.\n");
+  PutMapPort("-1");
+  EXPECT_EQ(Told(), "error port [Map] The port -1 is out of range.\n");
+  PutMapPort("65535");
+  EXPECT_EQ(Told(), "");
+  PutMapPort("1");
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(EndpointChecks, APortThatIsNoNumberEvenOnALineThatALaterOneOverrules) {
+  PutMapConf("map_port: 5121 // main\r\nmap_port: 5121\r\n");
+  EXPECT_EQ(Told(),
+            "error port [Map] The port \"5121 // main\" is no number, and ends the launcher's next "
+            "start.\n");
+  PutMapPort("99999999999");
+  EXPECT_EQ(Told(),
+            "error port [Map] The port \"99999999999\" is no number, and ends the launcher's next "
+            "start.\n");
+}
+
+TEST_F(EndpointChecks, OnePortForTwoComponentsOfOneHost) {
+  PutMapPort("6121");
+  EXPECT_EQ(Told(),
+            "error port [Char and Map] Both have the port 6121, which only one of them can listen "
+            "at.\n");
+  PutMapConf("map_ip:10.0.0.1\r\nmap_port:6121\r\n");
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(EndpointChecks, AHostThatDoesNotResolve) {
+  PutMapHost(" nowhere.example ");
+  EXPECT_EQ(
+      Told(),
+      "error host [Map] The host \"nowhere.example\" does not resolve, so each probe fails as "
+      "if the server were frozen.\n");
+  PutMapHost("");
+  EXPECT_EQ(Told(),
+            "error host [Map] The host \"\" does not resolve, so each probe fails as if the server "
+            "were frozen.\n");
+}
+
+TEST_F(EndpointChecks, ANameServerThatIsSilentIsWaitedForASecondInSmallPieces) {
+  PutMapHost("slow.example");
+  machine.network.SetNameServerDelay(SimNetwork::kDeadNameServer);
+  EXPECT_EQ(Told(),
+            "warning host [Map] The host \"slow.example\" was not resolved within a second, which "
+            "is as long as a probe waits for it.\n");
+  EXPECT_EQ(machine.network.Waited(), 1000u);
+}
+
+TEST_F(EndpointChecks, AnAnswerThatComesWithinTheSecondCounts) {
+  PutMapHost("slow.example");
+  machine.network.AddServedName("slow.example", {127, 0, 0, 1});
+  machine.network.SetNameServerDelay(700);
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(EndpointChecks, AnAddressOfAnotherMachineIsANote) {
+  PutMapHost("10.0.0.2");
+  EXPECT_EQ(Told(),
+            "note host [Map] The host \"10.0.0.2\" is an address of another machine, where this "
+            "launcher starts and ends nothing.\n");
+  PutMapHost("10.0.0.1");
+  EXPECT_EQ(Told(), "");
+  PutMapHost("127.9.9.9");
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(EndpointChecks, APortThatAForeignProgramHolds) {
+  machine.processes.Program("other.exe").port = 5121;
+  const ProcessId other = machine.processes.StartForeign("other.exe");
+  EXPECT_EQ(Told(), "error port-held [Map] \"other.exe\" (process " + std::to_string(other) +
+                        ") holds the port 5121.\n");
+}
+
+TEST_F(EndpointChecks, AHolderWithoutAName) {
+  machine.inspection.HoldPort(5121, 4711);
+  EXPECT_EQ(
+      Told(),
+      "error port-held [Map] A program that the system does not name (process 4711) holds the "
+      "port 5121.\n");
+}
+
+TEST_F(EndpointChecks, TheComponentItselfHoldsItsPortInAnyLetterCase) {
+  machine.processes.Program("MAP-SERVER.EXE").port = 5121;
+  machine.processes.StartForeign("MAP-SERVER.EXE");
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(EndpointChecks, APortOfAnotherMachineIsNotLookedFor) {
+  PutMapHost("10.0.0.2");
+  machine.inspection.HoldPort(5121, 4711);
+  EXPECT_EQ(Told().find("port-held"), std::string::npos);
+}
+
+TEST(ListenerAt, IsAtEveryAddressOrAtThisOne) {
+  EXPECT_TRUE(ListenerAt({{0, 5121, 1}}, 7, 5121));
+  EXPECT_TRUE(ListenerAt({{7, 5121, 1}}, 7, 5121));
+  EXPECT_FALSE(ListenerAt({{8, 5121, 1}}, 7, 5121));
+  EXPECT_FALSE(ListenerAt({{7, 5122, 1}}, 7, 5121));
+}
+
+}  // namespace
+}  // namespace tarvo
