@@ -30,13 +30,14 @@ CheckUpPorts CheckUpPortsOf(const Machine& machine) {
           machine.sockets,           machine.codePage,       machine.localClock};
 }
 
-CheckUpAnswer CheckFromOutside(const Machine& machine) {
+CheckUpAnswer CheckFromOutside(const Machine& machine, bool json) {
   const ServerRoot root(machine.executablePath, machine.codePage);
   machine.workingFolder.MoveInto(root.WithSeparator());
   const SocketsInUse sockets(machine.sockets);
   CheckUp checkUp(CheckUpPortsOf(machine), root, machine.executablePath, machine.pathInCodePage);
   checkUp.RunWhole();
-  return {TextOf(checkUp.Found()), ExitCodeOf(checkUp.Found())};
+  const Findings& found = checkUp.Found();
+  return {json ? JsonOf(found, machine.codePage) + "\n" : TextOf(found), ExitCodeOf(found)};
 }
 
 }  // namespace tarvo

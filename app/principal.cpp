@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/check_up_command.h"
 #include "app/version.h"
 #include "core/server_configuration.h"
 #include "form/log_screen.h"
@@ -70,7 +71,12 @@ Principal::Principal(const Machine& machine)
       states_({BindState(form_), components_, lights_, timers_, machine.localClock,
                machine.processes, machine.memoryStatus, kVersion, root_.AppFolder()}),
       commands_({BindCommands(form_), states_, boxes_, machine.answerLines, dispatch_, timers_,
-                 machine.codePage, UpgradeBoxFor(kUpgradeDone, form_.upgrade.nPath)->text}) {
+                 machine.codePage, UpgradeBoxFor(kUpgradeDone, form_.upgrade.nPath)->text}),
+      checkUp_(CheckUpPortsOf(machine), root_, machine.executablePath, machine.pathInCodePage),
+      checkUpWindow_(BindCheckUp(form_), checkUp_,
+                     LineEndRepair(machine.fileReader, machine.fileReplacer, machine.fileCopies,
+                                   machine.localClock, machine.tickClock),
+                     boxes_, machine.clipboard, root_) {
   log_.listeners = {[this](const LogLine& line) { ShowLine(form_.status.RTLog, line); },
                     [this](const LogLine& line) { logFile_.Take(line); }};
   WireControls();
@@ -79,6 +85,7 @@ Principal::Principal(const Machine& machine)
   WireRandomizer();
   WireEvents();
   WireCommands();
+  WireCheckUp();
 }
 
 void Principal::WireControls() {
@@ -116,6 +123,11 @@ void Principal::WireControls() {
   startStop_.cameUnderControl = [this](ComponentKind kind) { NoteUnderControl(kind); };
   startStop_.prepareFreezeWatch = [this](ComponentKind kind) { freezeWatch_.Prepare(kind); };
   startStop_.endFreezeWatch = [this](ComponentKind kind) { freezeWatch_.End(kind); };
+}
+
+void Principal::WireCheckUp() {
+  checkUpWindow_.WireControls();
+  form_.frame.onComplete = [this] { checkUpWindow_.BeginByItself(); };
 }
 
 void Principal::WireTimers() {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/all_settings.h"
+#include "checkup/check_up_window.h"
 #include "core/component.h"
 #include "core/handed_settings.h"
 #include "core/launcher_events.h"
@@ -75,6 +76,7 @@ class Principal {
   void WireCommands();
   void WireRandomizer();
   void WireEvents();
+  void WireCheckUp();
 
   void Form_Load();
   void Form_Unload(bool& cancel);
@@ -142,6 +144,8 @@ class Principal {
   EventScript eventScript_;
   StateWatch states_;
   CommandDesk commands_;
+  CheckUp checkUp_;
+  CheckUpWindow checkUpWindow_;
   bool componentsFoundInMemory_ = false;
   bool refusingToClose_ = false;
   std::optional<RestartState> takenOver_;  ///< From a launcher that died of a fault of its own.

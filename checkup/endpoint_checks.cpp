@@ -15,11 +15,11 @@ using Says = ConfigurationKey::Says;
 
 constexpr std::size_t kLongestShown = 40;
 
-/// A value as it can be shown on one line.
+/// A value as it can be shown on one line; one that bare line feeds make longer is cut.
 std::string Shown(std::string_view text) {
-  std::string shown(Trimmed(text.substr(0, text.find_first_of("\r\n"))));
-  if (shown.size() > kLongestShown) shown = shown.substr(0, kLongestShown) + "...";
-  return shown;
+  const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
+  const bool cut = line.size() < text.size() || line.size() > kLongestShown;
+  return std::string(Trimmed(line.substr(0, kLongestShown))) + (cut ? "..." : "");
 }
 
 std::string PortAdvice(ComponentKind kind) {

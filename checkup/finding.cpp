@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "support/json_writer.h"
+
 namespace tarvo {
 namespace {
 
@@ -68,6 +70,26 @@ std::string TextOf(const Findings& findings) {
     for (const std::string& line : LinesOf(finding)) text += line + "\r\n";
   }
   return text + SummaryOf(findings) + "\r\n";
+}
+
+std::string JsonOf(const Findings& findings, CodePage& codePage) {
+  JsonWriter json;
+  json.BeginObject().Name("findings").BeginArray();
+  for (const Finding& finding : findings) {
+    json.BeginObject();
+    json.Name("name").String(finding.name);
+    json.Name("severity").String(NameOf(finding.severity));
+    json.Name("about").String(codePage.ToUtf8(finding.about));
+    json.Name("wrong").String(codePage.ToUtf8(finding.wrong));
+    json.Name("advice").String(codePage.ToUtf8(finding.advice));
+    json.EndObject();
+  }
+  json.EndArray();
+  for (Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
+    json.Name(std::string(NameOf(severity)) + "s");
+    json.Number(static_cast<std::int64_t>(CountOf(findings, severity)));
+  }
+  return json.EndObject().Text();
 }
 
 }  // namespace tarvo

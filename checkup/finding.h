@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/code_page.h"
+
 namespace tarvo {
 
 /// How much a finding matters: an error keeps something from working, a warning may, a note is
@@ -49,5 +51,9 @@ std::string SummaryOf(const Findings& findings);
 
 /// All of them as text: their lines and the summary, each line ended by CR LF.
 std::string TextOf(const Findings& findings);
+
+/// All of them as JSON in UTF-8: an object of "findings", each with "name", "severity", "about",
+/// "wrong" and "advice", and of the counts "errors", "warnings" and "notes".
+std::string JsonOf(const Findings& findings, CodePage& codePage);
 
 }  // namespace tarvo

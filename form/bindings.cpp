@@ -101,6 +101,22 @@ EventScriptControls BindEventScript(Form& form) {
           .timer = form.timers.tmrEvents};
 }
 
+CheckUpControls BindCheckUp(Form& form) {
+  return {.button = form.servers.cmdCheckUp,
+          .window = form.checkUp.window,
+          .summary = form.checkUp.lblCheck,
+          .findings = form.checkUp.lstCheck,
+          .repair = form.checkUp.cmdRepair,
+          .again = form.checkUp.cmdAgain,
+          .timer = form.timers.tmrCheckUp,
+          .preparation = form.timers.Preparation,
+          .executables = form.servers.Exes,
+          .autokill = OfComponents(form.servers.chkAK),
+          .autokillTimes = form.servers.TTO,
+          .newFiles = form.upgrade.nPath,
+          .writesLogFile = form.servers.WLog};
+}
+
 RandomizerControls BindRandomizer(RandomizerPage& page, Timer& calendarTimer) {
   return {.parameters = {.settings = page.cmdParam,
                          .least = page.rIni,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "checkup/check_up_window.h"
 #include "core/launcher_settings.h"
 #include "core/start_stop.h"
 #include "events/event_script.h"
@@ -24,6 +25,7 @@ UpgradeControls BindUpgrade(Form& form);
 EventScriptControls BindEventScript(Form& form);
 StateControls BindState(Form& form);
 CommandControls BindCommands(Form& form);
+CheckUpControls BindCheckUp(Form& form);
 RandomizerControls BindRandomizer(RandomizerPage& page, Timer& calendarTimer);
 
 }  // namespace tarvo

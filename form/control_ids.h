@@ -31,6 +31,9 @@ struct ControlId {
 /// The window class of the launcher's main window.
 inline constexpr char kMainWindowClass[] = "TarvoLauncherMain";
 
+/// The window class of the check-up's window, which the main one owns.
+inline constexpr char kCheckUpWindowClass[] = "TarvoLauncherCheckUp";
+
 /// The window property of a light that holds its colour (0x00BBGGRR) plus 1, for other programs.
 inline constexpr char kLightColourProperty[] = "TarvoLightColour";
 
@@ -57,6 +60,7 @@ inline constexpr std::array kControlIds = {
     ControlId{"SMinimized", ControlType::CheckBox, 1, 1263},
     ControlId{"Command1", ControlType::Button, 1, 1264},
     ControlId{"chkEvents", ControlType::CheckBox, 1, 1265},
+    ControlId{"cmdCheckUp", ControlType::Button, 1, 1280},
     ControlId{"cmdParam", ControlType::List, 1, 1300},
     ControlId{"rIni", ControlType::TextBox, 1, 1301},
     ControlId{"rEnd", ControlType::TextBox, 1, 1302},
@@ -76,6 +80,11 @@ inline constexpr std::array kControlIds = {
     ControlId{"cmd_nBrowse", ControlType::Button, 3, 1420},
     ControlId{"optMode", ControlType::Option, 3, 1430},
     ControlId{"chk_Opts", ControlType::CheckBox, 3, 1440},
+    ControlId{"lblCheck", ControlType::Label, 1, 1500},
+    ControlId{"lstCheck", ControlType::ListBox, 1, 1501},
+    ControlId{"cmdRepair", ControlType::Button, 1, 1502},
+    ControlId{"cmdCopy", ControlType::Button, 1, 1503},
+    ControlId{"cmdAgain", ControlType::Button, 1, 1504},
     ControlId{"UpdateNow", ControlType::Button, 1, 1450},
 };
 

@@ -36,6 +36,8 @@ ServersPage::ServersPage() {
   LogH.SetToolTip("What status messages will be saved in the log file?");
   WLog.SetToolTip("Save status in log file?");
   SMinimized.SetToolTip("Hide the main window at start?");
+  cmdCheckUp.SetCaption("Check-up...");
+  cmdCheckUp.SetToolTip("What keeps this server root from working?");
   Command1.SetCaption("Unload launcher only...");
   chkEvents.SetToolTip(
       "Start on-event.cmd of the server folder, with this launcher's rights, when a server starts, "
@@ -111,6 +113,16 @@ UpgradePage::UpgradePage() {
   UpdateNow.SetToolTip("Replace the three executables now; servers that run are restarted");
 }
 
+CheckUpView::CheckUpView() {
+  cmdRepair.SetCaption("Repair...");
+  cmdRepair.SetToolTip("Give conf files line ends of Windows; the old files are kept");
+  cmdRepair.SetEnabled(false);
+  cmdCopy.SetCaption("Copy");
+  cmdCopy.SetToolTip("Copy all findings to the clipboard (Ctrl+C)");
+  cmdAgain.SetCaption("Check again");
+  cmdCopy.onClick = [this] { window.Copy(); };
+}
+
 Timers::Timers(TimerQueue& queue)
     : CrashWatch{{{{queue, "LCtrl", 5000}, {queue, "CCtrl", 5000}, {queue, "MCtrl", 5000}}}},
       Preparation{{{{queue, "PrepL", 3000}, {queue, "PrepC", 5000}, {queue, "PrepM", 10000}}}},
@@ -119,6 +131,7 @@ Timers::Timers(TimerQueue& queue)
       Mem(queue, "Mem", 5000, true),
       tmrAlarma(queue, "tmrAlarma", 2000, true),
       tmr_Calendar(queue, "tmr_Calendar", 15000),
-      tmrEvents(queue, "tmrEvents", 500) {}
+      tmrEvents(queue, "tmrEvents", 500),
+      tmrCheckUp(queue, "tmrCheckUp", 1000) {}
 
 }  // namespace tarvo

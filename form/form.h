@@ -1,12 +1,14 @@
 #pragma once
 
 #include <array>
+#include <functional>
 
 #include "core/start_stop.h"
 #include "support/component_kind.h"
 #include "toolkit/controls.h"
 #include "toolkit/main_window.h"
 #include "toolkit/rich_text_view.h"
+#include "toolkit/side_window.h"
 #include "toolkit/strip.h"
 #include "toolkit/timer_queue.h"
 
@@ -23,6 +25,9 @@ struct Frame {
   Label lblMemory;          ///< After "Free Memory:".
   PerComponent<Light> Sem;  ///< Status lights.
   PerComponent<StatusStrip> Strip;  ///< Beside each light: its component's last hour.
+
+  /// The native window is complete and, unless it began hidden, painted. Raised once.
+  std::function<void()> onComplete;
 };
 
 /// First page: what the servers do, and the buttons that start and stop them.
@@ -52,6 +57,7 @@ struct ServersPage {
   DropDownList LogH;
   CheckBox Check2;  ///< Start with Windows.
   CheckBox SMinimized;
+  CommandButton cmdCheckUp;
   CommandButton Command1;  ///< Unload the launcher only.
   CheckBox chkEvents;      ///< Run on-event.cmd at events.
 };
@@ -103,6 +109,18 @@ struct UpgradePage {
   CommandButton UpdateNow;  ///< "Upgrade Now!"
 };
 
+/// The window of the check-up, beside the main one.
+struct CheckUpView {
+  CheckUpView();
+
+  SideWindow window{"Check-up"};
+  ListBox lstCheck;  ///< Three lines for each finding.
+  Label lblCheck;    ///< How many there are.
+  CommandButton cmdRepair;
+  CommandButton cmdCopy;
+  CommandButton cmdAgain;
+};
+
 /// The interval timers that carry all supervision. They are named as in the operator's documents.
 struct Timers {
   explicit Timers(TimerQueue& queue);
@@ -115,6 +133,7 @@ struct Timers {
   Timer tmrAlarma;                  ///< Status lights, 2000 ms, always on.
   Timer tmr_Calendar;               ///< Randomize calendar, 15000 ms.
   Timer tmrEvents;                  ///< Starts and ends of on-event.cmd, 500 ms.
+  Timer tmrCheckUp;                 ///< Check-up, while one goes on.
 };
 
 /// The whole form: one struct per page, its members named as the operator's controls are.
@@ -126,6 +145,7 @@ struct Form {
   ServersPage servers;
   RandomizerPage randomizer;
   UpgradePage upgrade;
+  CheckUpView checkUp;
   Timers timers;
 };
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/code_page.h"
 #include "platform/document_opener.h"
@@ -60,6 +61,7 @@ struct Machine {
   FileInspection& fileInspection;
   ProcessInspection& processInspection;
   NetworkInspection& networkInspection;
+  Clipboard& clipboard;
   std::string executablePath;  ///< Full path of the launcher's own executable.
   /// False when the path has letters that the system's code page does not have: `executablePath`,
   /// which has others in their place, names nothing then, or something else.

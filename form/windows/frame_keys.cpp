@@ -12,16 +12,15 @@ bool IsPushButton(HWND window) {
   return (code & (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
 }
 
-/// Enter presses the focused button; in a field it does nothing, there being nothing to confirm.
-bool EnterKey(const MSG& message) {
+}  // namespace
+
+bool TakeEnterKey(const MSG& message) {
   if (message.message != WM_KEYDOWN || message.wParam != VK_RETURN) return false;
   const bool dropped = SendMessageA(message.hwnd, CB_GETDROPPEDSTATE, 0, 0) != 0;
   if (dropped) return false;
   if (IsPushButton(message.hwnd)) PostMessageA(message.hwnd, BM_CLICK, 0, 0);
   return true;
 }
-
-}  // namespace
 
 /// Ctrl+Tab and Ctrl+Page Down go to the next page, with Shift or Page Up to the one before.
 bool FrameKeys::PageKey(const MSG& message) {
@@ -65,7 +64,7 @@ bool FrameKeys::AccessKey(const MSG& message) {
 }
 
 bool FrameKeys::Take(MSG& message) {
-  return SearchKey(message) || PageKey(message) || AccessKey(message) || EnterKey(message) ||
+  return SearchKey(message) || PageKey(message) || AccessKey(message) || TakeEnterKey(message) ||
          IsDialogMessageA(window_, &message);
 }
 

@@ -10,6 +10,10 @@
 
 namespace tarvo {
 
+/// Enter presses the focused button; in a field it does nothing, there being nothing to confirm.
+/// True when the message was such a key.
+bool TakeEnterKey(const MSG& message);
+
 /// The keys that mean the same wherever the focus is: those of the pages, of the log's search, and
 /// the access keys.
 class FrameKeys {

@@ -57,6 +57,7 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
       keys_(
           window_, tabs_, [this]() -> Panel& { return ShownPage(); },
           [this] { return GetDlgItem(Page(kLogPage).Window(), NumberOf("RTLog")); }),
+      checkUp_(stage_, window_, form.checkUp),
       timers_(stage_, timers, window_) {
   SetOwner(window_, this);
   FillHeader(header_, form.frame);
@@ -73,6 +74,7 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
 
 MainFrame::~MainFrame() {
   stage_.window.SetMirror(nullptr);
+  checkUp_.Detach();
   header_.Detach();
   tabs_.Detach();
   for (const auto& page : pages_) {
@@ -151,6 +153,7 @@ void MainFrame::TakeLook() {
   for (const auto& page : pages_) {
     if (page) page->TakeLook();
   }
+  checkUp_.TakeLook();
   Arrange();
   InvalidateRect(window_, nullptr, TRUE);
 }
@@ -192,6 +195,7 @@ void MainFrame::FollowMouse(const MSG& message) {
 
 bool MainFrame::Take(MSG& message) {
   FollowMouse(message);
+  if (checkUp_.Owns(message.hwnd)) return checkUp_.Take(message);
   if (message.hwnd != window_ && !IsChild(window_, message.hwnd))
     return keys_.TakeOfDialog(message);
   const bool taken = keys_.Take(message);

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "form/form.h"
+#include "form/windows/check_up_frame.h"
 #include "form/windows/frame_keys.h"
 #include "toolkit/windows/frame_place.h"
 #include "toolkit/windows/panel.h"
@@ -73,6 +74,7 @@ class MainFrame : private ControlMirror {
   FramePlace place_;
   FrameScroll scroll_;
   FrameKeys keys_;
+  CheckUpFrame checkUp_;
   RECT arranged_{};
   RECT pageRoom_{};
   std::array<std::unique_ptr<Panel>, 4> pages_;  ///< In the order of their tabs.

@@ -64,9 +64,13 @@ void MainFrame::CompletePages() {
   for (std::size_t i = 0; i < pages_.size(); ++i) Page(static_cast<int>(i)).OfferTips();
   KeepPopupsOpen();
   const Extent needed = SmallestClient();
-  if (arranged_.right >= needed.width && arranged_.bottom >= needed.height) return;
-  place_.Enlarge();
-  Arrange();
+  if (arranged_.right < needed.width || arranged_.bottom < needed.height) {
+    place_.Enlarge();
+    Arrange();
+  }
+  stage_.Happens([this] {
+    if (form_.frame.onComplete) form_.frame.onComplete();
+  });
 }
 
 }  // namespace tarvo

@@ -88,6 +88,10 @@ void AddLauncher(Panel& panel, ServersPage& page) {
       .SetAccessKey('s');
   panel.Add<HiddenNameWidget>({}, "Status messages saved in the log file");
   panel.Add<ListWidget>(Slot{kLogFile, kPriority, 3, false}, NumberOf("LogH"), page.LogH, 120, 240);
+  panel
+      .Add<ButtonWidget>(Slot{kLogFile, kSeconds, kColumns - kSeconds}, NumberOf("cmdCheckUp"),
+                         page.cmdCheckUp)
+      .SetAccessKey('k');
   panel.Add<CaptionWidget>(Slot{kLauncher, kName}, "Launcher");
   panel
       .Add<CheckWidget>(Slot{kLauncher, kExecutable, 1, false}, NumberOf("Check2"), page.Check2,

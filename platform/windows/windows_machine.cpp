@@ -1,6 +1,7 @@
 #include "platform/windows/windows_machine.h"
 
 #include "platform/mersenne_random.h"
+#include "platform/windows/clipboard_windows.h"
 #include "platform/windows/clock_windows.h"
 #include "platform/windows/code_page_windows.h"
 #include "platform/windows/document_opener_windows.h"
@@ -65,6 +66,7 @@ struct WindowsMachine::Adapters {
   WindowsFileInspection fileInspection;
   WindowsProcessInspection processInspection;
   WindowsNetworkInspection networkInspection;
+  WindowsClipboard clipboard;
   MersenneRandom random;
 };
 
@@ -104,6 +106,7 @@ Machine WindowsMachine::Ports() {
           all.fileInspection,
           all.processInspection,
           all.networkInspection,
+          all.clipboard,
           text,
           WideTextOf(text) == path};
 }

@@ -44,6 +44,11 @@ TEST_F(EndpointChecks, APortThatIsNoNumberEvenOnALineThatALaterOneOverrules) {
             "start.\n");
 }
 
+TEST_F(EndpointChecks, AValueThatBareLineFeedsMakeLongerIsShownCut) {
+  PutMapConf("map_ip:127.0.0.1\nmap_port: 5121\r\nmap_port: 5121\r\n");
+  EXPECT_NE(Told().find("The host \"127.0.0.1...\" does not resolve"), std::string::npos) << Told();
+}
+
 TEST_F(EndpointChecks, OnePortForTwoComponentsOfOneHost) {
   PutMapPort("6121");
   EXPECT_EQ(Told(),

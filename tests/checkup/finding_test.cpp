@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/simulation/sim_code_page.h"
+
 namespace tarvo {
 namespace {
 
@@ -40,6 +42,15 @@ TEST(Findings, AsTextAreThreeLinesEachAndASummary) {
             "2 errors.\r\n");
   EXPECT_EQ(SummaryOf({Of("port", Severity::Note), Of("port", Severity::Warning)}),
             "1 warning, 1 note.");
+}
+
+TEST(Findings, AsJsonHaveTheirFieldsAndCounts) {
+  SimCodePage codePage;
+  EXPECT_EQ(JsonOf({}, codePage), "{\"findings\":[],\"errors\":0,\"warnings\":0,\"notes\":0}");
+  EXPECT_EQ(JsonOf({{"port", Severity::Error, "C:\\srv", "Wr\xF6ng.", "D\xFF."}}, codePage),
+            "{\"findings\":[{\"name\":\"port\",\"severity\":\"error\",\"about\":\"C:\\\\srv\","
+            "\"wrong\":\"Wr\xC3\xB6ng.\",\"advice\":\"D\xC3\xBF.\"}],"
+            "\"errors\":1,\"warnings\":0,\"notes\":0}");
 }
 
 }  // namespace

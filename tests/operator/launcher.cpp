@@ -50,6 +50,15 @@ int CheckedIndex(const ControlId& entry, int index) {
   throw OperatorError(name + " has no index " + std::to_string(index) + ": " + Range(entry));
 }
 
+/// The check-up's window, which is made when it is opened first.
+HWND CheckUpWindowOf(HWND launcher) {
+  HWND window = nullptr;
+  while ((window = FindWindowExA(nullptr, window, kCheckUpWindowClass, nullptr)) != nullptr) {
+    if (GetWindow(window, GW_OWNER) == launcher) return window;
+  }
+  return nullptr;
+}
+
 bool HasAllControls(HWND launcher) {
   return FindControl(launcher, kControlIds.back(), kControlIds.back().count - 1).has_value();
 }
@@ -102,6 +111,8 @@ DWORD ProcessOf(HWND window) {
 std::optional<FoundControl> FindControl(HWND launcher, const ControlId& entry, int index) {
   Search search{entry.firstId + index, nullptr};
   EnumChildWindows(launcher, TakeIfIt, reinterpret_cast<LPARAM>(&search));
+  const HWND beside = search.found ? nullptr : CheckUpWindowOf(launcher);
+  if (beside) EnumChildWindows(beside, TakeIfIt, reinterpret_cast<LPARAM>(&search));
   if (!search.found) return std::nullopt;
   return FoundControl{&entry, index, search.found};
 }

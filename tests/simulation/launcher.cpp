@@ -25,6 +25,10 @@ CheckBox* FindCheckBox(ServersPage& page, const std::string& name, std::size_t i
 CommandButton* FindButton(Form& form, const std::string& name, std::size_t index) {
   if (name == "bStart") return &form.status.bStart.at(index);
   if (name == "Command1") return &form.servers.Command1;
+  if (name == "cmdCheckUp") return &form.servers.cmdCheckUp;
+  if (name == "cmdRepair") return &form.checkUp.cmdRepair;
+  if (name == "cmdCopy") return &form.checkUp.cmdCopy;
+  if (name == "cmdAgain") return &form.checkUp.cmdAgain;
   if (name == "Command2") return &form.randomizer.Command2;
   if (name == "rAdd") return &form.randomizer.rAdd.at(index);
   if (name == "cmdCalendar") return &form.randomizer.cmdCalendar.at(index);
@@ -79,6 +83,10 @@ void Launcher::Note(const EventReport& report) {
 }
 
 void Launcher::Start(std::intptr_t nativeWindow) { principal_.Start(nativeWindow); }
+
+void Launcher::CompleteWindow() {
+  Event([this] { TheForm().frame.onComplete(); });
+}
 
 void Launcher::Event(const std::function<void()>& event) {
   if (!Ended()) principal_.Dispatch().Run(event);

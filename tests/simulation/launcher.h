@@ -26,6 +26,10 @@ class Launcher final {
 
   void Start(std::intptr_t nativeWindow = 77);
 
+  /// The native window is complete and painted. No other story says so: there nothing happens by
+  /// itself then.
+  void CompleteWindow();
+
   void Click(const std::string& name, std::size_t index = 0);
   void Type(const std::string& name, std::size_t index, const std::string& text);
   void Choose(const std::string& name, std::size_t index, const std::string& item);

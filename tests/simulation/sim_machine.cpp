@@ -45,37 +45,14 @@ SimMachine::SimMachine() {
 }
 
 Machine SimMachine::PortsFor(InstanceLock& lock) {
-  return {registry,
-          files,
-          files,
-          files,
-          processes,
-          processes,
-          network,
-          clock,
-          clock,
-          memory,
-          boxes,
-          lock,
-          tray,
-          icons,
-          codePage,
-          copies,
-          fileDialog,
-          files,
-          eventLog,
-          random,
-          documents,
-          workingFolder,
-          files,
-          selfRestart,
-          scripts,
-          answerLines,
-          inspection,
-          inspection,
-          inspection,
-          launcherPath,
-          launcherPathInCodePage};
+  return {registry,   files,         files,        files,
+          processes,  processes,     network,      clock,
+          clock,      memory,        boxes,        lock,
+          tray,       icons,         codePage,     copies,
+          fileDialog, files,         eventLog,     random,
+          documents,  workingFolder, files,        selfRestart,
+          scripts,    answerLines,   inspection,   inspection,
+          inspection, clipboard,     launcherPath, launcherPathInCodePage};
 }
 
 std::string SimMachine::SettingsKey() const {

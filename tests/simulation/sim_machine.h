@@ -5,6 +5,7 @@
 #include "platform/machine.h"
 #include "tests/simulation/call_recorder.h"
 #include "tests/simulation/sim_answer_lines.h"
+#include "tests/simulation/sim_clipboard.h"
 #include "tests/simulation/sim_clock.h"
 #include "tests/simulation/sim_code_page.h"
 #include "tests/simulation/sim_desktop.h"
@@ -46,6 +47,7 @@ class SimMachine {
   SimFileDialog fileDialog{recorder, workingFolder};
   SimNetwork network{recorder, clock, processes};
   SimInspection inspection{recorder, clock, files, copies, processes};
+  SimClipboard clipboard;
   SimMemory memory{recorder};
   SimMessageBoxes boxes{recorder};
   SimEventLog eventLog{recorder};

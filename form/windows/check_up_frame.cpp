@@ -1,0 +1,159 @@
+#include "form/windows/check_up_frame.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "form/control_ids.h"
+#include "form/windows/frame_keys.h"
+#include "platform/windows/window_class.h"
+#include "toolkit/windows/screens.h"
+
+namespace tarvo {
+namespace {
+
+bool Down(int key) { return (GetKeyState(key) & 0x8000) != 0; }
+
+}  // namespace
+
+CheckUpFrame::CheckUpFrame(Stage& stage, HWND owner, CheckUpView& view)
+    : stage_(stage), owner_(owner), view_(view) {
+  view.window.SetMirror(this);
+}
+
+CheckUpFrame::~CheckUpFrame() { Detach(); }
+
+void CheckUpFrame::Detach() {
+  view_.window.SetMirror(nullptr);
+  if (!window_) return;
+  panel_->Detach();
+  SetOwner<CheckUpFrame>(window_, nullptr);
+  DestroyWindow(window_);
+  window_ = nullptr;
+}
+
+void CheckUpFrame::Create() {
+  RegisterOnce([this] {
+    WNDCLASSEXA record = WindowClass(stage_.instance, kCheckUpWindowClass, Procedure);
+    record.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
+    return record;
+  }());
+  window_ = CreateWindowExA(WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME, kCheckUpWindowClass,
+                            view_.window.Title().c_str(),
+                            WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN, 0,
+                            0, 0, 0, owner_, nullptr, stage_.instance, nullptr);
+  panel_ = std::make_unique<CheckUpPanel>(stage_, window_, view_);
+  panel_->OfferTips();
+  SetOwner(window_, this);
+  const SIZE size = LeastSize();
+  RECT above{};
+  GetWindowRect(owner_, &above);
+  RECT place{above.left + stage_.look.Px(24), above.top + stage_.look.Px(48), 0, 0};
+  RECT desk{};
+  SystemParametersInfoA(SPI_GETWORKAREA, 0, &desk, 0);
+  place.left = std::max(desk.left, std::min(place.left, desk.right - size.cx));
+  place.top = std::max(desk.top, std::min(place.top, desk.bottom - size.cy));
+  SetWindowPos(window_, nullptr, place.left, place.top, size.cx, size.cy,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// As large as all of it needs, and no larger than the desktop.
+SIZE CheckUpFrame::LeastSize() const {
+  const Extent needed = panel_->Smallest();
+  RECT whole{0, 0, needed.width, needed.height};
+  GrowToWindow(whole, window_, stage_.look.Dpi());
+  RECT desk{};
+  SystemParametersInfoA(SPI_GETWORKAREA, 0, &desk, 0);
+  return {std::min(whole.right - whole.left, desk.right - desk.left),
+          std::min(whole.bottom - whole.top, desk.bottom - desk.top)};
+}
+
+void CheckUpFrame::Arrange() {
+  RECT client{};
+  GetClientRect(window_, &client);
+  panel_->Occupy(client);
+}
+
+void CheckUpFrame::TakeLook() {
+  if (!window_) return;
+  panel_->TakeLook();
+  Arrange();
+  InvalidateRect(window_, nullptr, TRUE);
+}
+
+void CheckUpFrame::Refresh(const Control& /*control*/) {
+  const SideWindow& wanted = view_.window;
+  if (!wanted.IsOpen()) {
+    if (!window_) return;
+    ShowWindow(window_, SW_HIDE);
+    SetActiveWindow(owner_);
+    return;
+  }
+  if (!window_) Create();
+  if (frontRequests_ == wanted.FrontRequests()) return;
+  frontRequests_ = wanted.FrontRequests();
+  ShowWindow(window_, SW_SHOW);
+  SetActiveWindow(window_);
+}
+
+bool CheckUpFrame::Owns(HWND window) const {
+  return window_ && (window == window_ || IsChild(window_, window));
+}
+
+bool CheckUpFrame::TakeKey(const MSG& message) {
+  if (message.message == WM_SYSCHAR) {
+    const auto key = static_cast<unsigned char>(message.wParam);
+    return key > ' ' && panel_->Access(static_cast<char>(std::tolower(key)));
+  }
+  const bool copies =
+      message.message == WM_KEYDOWN && message.wParam == 'C' && Down(VK_CONTROL) && !Down(VK_MENU);
+  if (copies) stage_.Happens([this] { view_.window.Copy(); });
+  return copies;
+}
+
+bool CheckUpFrame::Take(MSG& message) {
+  if (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST) panel_->Follow(message);
+  return TakeKey(message) || TakeEnterKey(message) || IsDialogMessageA(window_, &message);
+}
+
+void CheckUpFrame::Close() {
+  stage_.Happens([this] { view_.window.Close(); });
+}
+
+std::optional<LRESULT> CheckUpFrame::Handle(UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_CLOSE:
+      Close();
+      return 0;
+    case WM_COMMAND:
+      // The dialog manager's way to say that Esc was pressed.
+      if (LOWORD(w) == IDCANCEL) Close();
+      return 0;
+    case WM_SIZE:
+      Arrange();
+      return 0;
+    case WM_GETMINMAXINFO: {
+      const SIZE least = LeastSize();
+      reinterpret_cast<MINMAXINFO*>(l)->ptMinTrackSize = {least.cx, least.cy};
+      return 0;
+    }
+    case WM_ACTIVATE:
+      if (LOWORD(w) == WA_INACTIVE && IsChild(window_, GetFocus())) lastFocus_ = GetFocus();
+      break;
+    case WM_SETFOCUS: {
+      const bool usable = lastFocus_ && IsWindowEnabled(lastFocus_);
+      SetFocus(usable ? lastFocus_ : GetNextDlgTabItem(window_, nullptr, FALSE));
+      return 0;
+    }
+    default:
+      break;
+  }
+  return std::nullopt;
+}
+
+LRESULT CALLBACK CheckUpFrame::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+  auto* frame = OwnerOf<CheckUpFrame>(window);
+  const std::optional<LRESULT> answer = frame ? frame->Handle(message, w, l) : std::nullopt;
+  return answer ? *answer : DefWindowProcA(window, message, w, l);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,36 @@
+#include "form/windows/check_up_panel.h"
+
+#include "form/control_ids.h"
+#include "toolkit/windows/button_widgets.h"
+#include "toolkit/windows/label_widgets.h"
+#include "toolkit/windows/list_widgets.h"
+
+namespace tarvo {
+namespace {
+
+enum Column { kSummary, kRepair, kCopy, kAgain, kColumns };
+enum Row { kList, kButtons };
+
+constexpr int kLines = 18;
+constexpr char kUsualLine[] =
+    "    Press \"Repair\" in the check-up, or save the file with line ends of Windows (CR LF).";
+constexpr char kUsualSummary[] = "Looking the server root over...";
+
+}  // namespace
+
+CheckUpPanel::CheckUpPanel(Stage& stage, HWND parent, CheckUpView& view)
+    : Panel(stage, parent, Ground::Window) {
+  SetColumns({{12, true}, {12}, {8}, {8}});
+  SetRows({{12, true}, {8}});
+  SetMargin({12, 12});
+  Add<HiddenNameWidget>({}, "Findings");
+  Add<ListBoxWidget>(Slot{kList, kSummary, kColumns}, NumberOf("lstCheck"), view.lstCheck, kLines,
+                     kUsualLine);
+  Add<LabelWidget>(Slot{kButtons, kSummary}, NumberOf("lblCheck"), view.lblCheck, kUsualSummary);
+  Add<ButtonWidget>(Slot{kButtons, kRepair}, NumberOf("cmdRepair"), view.cmdRepair)
+      .SetAccessKey('r');
+  Add<ButtonWidget>(Slot{kButtons, kCopy}, NumberOf("cmdCopy"), view.cmdCopy).SetAccessKey('c');
+  Add<ButtonWidget>(Slot{kButtons, kAgain}, NumberOf("cmdAgain"), view.cmdAgain).SetAccessKey('a');
+}
+
+}  // namespace tarvo
