@@ -1,17 +1,13 @@
 #include "checkup/finding.h"
 
 #include <algorithm>
-#include <iterator>
+#include <string_view>
+#include <utility>
 
 #include "support/json_writer.h"
 
 namespace tarvo {
 namespace {
-
-std::ptrdiff_t PlaceOf(const Finding& finding) {
-  return std::find(std::begin(kCheckNames), std::end(kCheckNames), finding.name) -
-         std::begin(kCheckNames);
-}
 
 std::size_t CountOf(const Findings& findings, Severity severity) {
   return static_cast<std::size_t>(
@@ -34,9 +30,14 @@ const char* NameOf(Severity severity) {
 }
 
 void PutInOrder(Findings& findings) {
-  std::stable_sort(findings.begin(), findings.end(), [](const Finding& one, const Finding& other) {
-    return PlaceOf(one) < PlaceOf(other);
-  });
+  Findings ordered;
+  ordered.reserve(findings.size());
+  for (const std::string_view name : kCheckNames) {
+    for (Finding& finding : findings) {
+      if (finding.name == name) ordered.push_back(std::move(finding));
+    }
+  }
+  findings = std::move(ordered);
 }
 
 std::size_t CountForAttention(const Findings& findings) {
