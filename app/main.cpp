@@ -1,6 +1,7 @@
 // The program entry: joins the real machine, the main window object and its native window; or
 // answers a command, without a window.
 
+#include "app/check_up_command.h"
 #include "app/principal.h"
 #include "app/version.h"
 #include "form/windows/native_window.h"
@@ -24,6 +25,17 @@ int AnswerCommand(const tarvo::CommandLine& line) {
   return tarvo::RunCommand(line, {console, launcher, clock, root.InstanceName(), tarvo::kVersion});
 }
 
+int CheckRoot(const tarvo::Machine& machine, bool json) {
+  const tarvo::CheckUpAnswer answer = tarvo::CheckFromOutside(machine, json);
+  tarvo::WindowsConsole console;
+  if (json) {
+    console.PrintUtf8(tarvo::OutputStream::Output, answer.text);
+  } else {
+    console.PrintText(tarvo::OutputStream::Output, answer.text);
+  }
+  return answer.exitCode;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -32,6 +44,7 @@ int main(int argc, char** argv) {
   const tarvo::CommandLine line = tarvo::ReadCommandLine({argv + 1, argv + argc});
   if (tarvo::IsAnsweredHere(line)) return AnswerCommand(line);
   tarvo::WindowsMachine machine;
+  if (line.command) return CheckRoot(machine.Ports(), line.command->json);
   tarvo::Principal principal(machine.Ports());
   tarvo::NativeWindow window(principal.TheForm(), principal.TheTimers(), principal.Dispatch());
   machine.SetOwner(window.Handle());

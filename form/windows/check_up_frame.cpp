@@ -5,6 +5,7 @@
 
 #include "form/control_ids.h"
 #include "form/windows/frame_keys.h"
+#include "form/windows/pages.h"
 #include "platform/windows/window_class.h"
 #include "toolkit/windows/screens.h"
 
@@ -41,7 +42,8 @@ void CheckUpFrame::Create() {
                             view_.window.Title().c_str(),
                             WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN, 0,
                             0, 0, 0, owner_, nullptr, stage_.instance, nullptr);
-  panel_ = std::make_unique<CheckUpPanel>(stage_, window_, view_);
+  panel_ = std::make_unique<Panel>(stage_, window_, Panel::Ground::Window);
+  FillCheckUp(*panel_, view_);
   panel_->OfferTips();
   SetOwner(window_, this);
   const SIZE size = LeastSize();

@@ -5,7 +5,8 @@
 #include <memory>
 #include <optional>
 
-#include "form/windows/check_up_panel.h"
+#include "form/form.h"
+#include "toolkit/windows/panel.h"
 #include "toolkit/windows/stage.h"
 
 namespace tarvo {
@@ -42,7 +43,7 @@ class CheckUpFrame : private ControlMirror {
   CheckUpView& view_;
   HWND window_ = nullptr;
   HWND lastFocus_ = nullptr;
-  std::unique_ptr<CheckUpPanel> panel_;
+  std::unique_ptr<Panel> panel_;
   int frontRequests_ = 0;
 };
 

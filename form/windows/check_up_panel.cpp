@@ -1,4 +1,4 @@
-#include "form/windows/check_up_panel.h"
+#include "form/windows/pages.h"
 
 #include "form/control_ids.h"
 #include "toolkit/windows/button_widgets.h"
@@ -18,19 +18,21 @@ constexpr char kUsualSummary[] = "Looking the server root over...";
 
 }  // namespace
 
-CheckUpPanel::CheckUpPanel(Stage& stage, HWND parent, CheckUpView& view)
-    : Panel(stage, parent, Ground::Window) {
-  SetColumns({{12, true}, {12}, {8}, {8}});
-  SetRows({{12, true}, {8}});
-  SetMargin({12, 12});
-  Add<HiddenNameWidget>({}, "Findings");
-  Add<ListBoxWidget>(Slot{kList, kSummary, kColumns}, NumberOf("lstCheck"), view.lstCheck, kLines,
-                     kUsualLine);
-  Add<LabelWidget>(Slot{kButtons, kSummary}, NumberOf("lblCheck"), view.lblCheck, kUsualSummary);
-  Add<ButtonWidget>(Slot{kButtons, kRepair}, NumberOf("cmdRepair"), view.cmdRepair)
+void FillCheckUp(Panel& panel, CheckUpView& view) {
+  panel.SetColumns({{12, true}, {12}, {8}, {8}});
+  panel.SetRows({{12, true}, {8}});
+  panel.SetMargin({12, 12});
+  panel.Add<HiddenNameWidget>({}, "Findings");
+  panel.Add<ListBoxWidget>(Slot{kList, kSummary, kColumns}, NumberOf("lstCheck"), view.lstCheck,
+                           kLines, kUsualLine);
+  panel.Add<LabelWidget>(Slot{kButtons, kSummary}, NumberOf("lblCheck"), view.lblCheck,
+                         kUsualSummary);
+  panel.Add<ButtonWidget>(Slot{kButtons, kRepair}, NumberOf("cmdRepair"), view.cmdRepair)
       .SetAccessKey('r');
-  Add<ButtonWidget>(Slot{kButtons, kCopy}, NumberOf("cmdCopy"), view.cmdCopy).SetAccessKey('c');
-  Add<ButtonWidget>(Slot{kButtons, kAgain}, NumberOf("cmdAgain"), view.cmdAgain).SetAccessKey('a');
+  panel.Add<ButtonWidget>(Slot{kButtons, kCopy}, NumberOf("cmdCopy"), view.cmdCopy)
+      .SetAccessKey('c');
+  panel.Add<ButtonWidget>(Slot{kButtons, kAgain}, NumberOf("cmdAgain"), view.cmdAgain)
+      .SetAccessKey('a');
 }
 
 }  // namespace tarvo

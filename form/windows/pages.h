@@ -7,6 +7,8 @@ namespace tarvo {
 
 /// What is above the pages: the server's name, the free memory, the lights, the last failure.
 void FillHeader(Panel& panel, Frame& frame);
+/// The check-up's window: the findings, how many they are, and what to do with them.
+void FillCheckUp(Panel& panel, CheckUpView& view);
 
 // The pages. Each puts its widgets on an empty panel; the page must outlive the panel.
 
