@@ -21,9 +21,9 @@ constexpr DWORD kFatalAppExit = 0x40000015;  // STATUS_FATAL_APP_EXIT
 constexpr DWORD kCxxException = 0x20474343;  // As the compiler's own throw raises it.
 constexpr std::size_t kLongestPath = 32768;
 
-/// Everything that a fault needs, in the program's own image.
+/// Everything that a fault needs, in the program's own image. It begins as zeros.
 struct Guard {
-  const char* version = "";
+  const char* version = nullptr;  ///< Set before anything watches for faults.
   DWORD started = 0;
   char program[kLongestPath] = {};
   char commandLine[kLongestPath] = {};
