@@ -48,10 +48,8 @@ void EventScript::Note(const EventReport& report) {
 
 void EventScript::Tick() {
   EndOverdue();
-  const std::uint32_t now = tickClock_.Milliseconds();
-  std::erase_if(lately_, [now](const Started& start) { return now - start.at >= kOneStartPer; });
   StartDue();
-  if (waiting_.empty() && running_.empty() && lately_.empty()) controls_.timer.SetEnabled(false);
+  if (waiting_.empty() && running_.empty()) controls_.timer.SetEnabled(false);
 }
 
 void EventScript::EndOverdue() {
@@ -64,6 +62,8 @@ void EventScript::EndOverdue() {
 
 void EventScript::StartDue() {
   if (!controls_.runs.Checked()) waiting_.clear();
+  const std::uint32_t now = tickClock_.Milliseconds();
+  std::erase_if(lately_, [now](const Started& start) { return now - start.at >= kOneStartPer; });
   for (auto next = waiting_.begin(); next != waiting_.end() && running_.size() < kMostAtOnce;) {
     if (StartedLately(next->last)) {
       ++next;

@@ -19,7 +19,7 @@ namespace tarvo {
 struct EventScriptControls {
   const CheckBox& runs;     ///< Unchecked: nothing is started, and what waits is dropped.
   const Label& serverName;  ///< For `TARVO_SERVER`.
-  Timer& timer;             ///< Enabled while something waits, runs, or ran a moment ago.
+  Timer& timer;             ///< Enabled while something waits or runs.
 };
 
 /// Runs the operator's script `on-event.cmd` of the server root at events, beside the launcher: a
@@ -86,7 +86,7 @@ class EventScript {
   TickClock& tickClock_;
   const std::string path_;
   std::vector<Waiting> waiting_;  ///< The longest waiting first.
-  std::vector<Started> lately_;   ///< Within the last minute.
+  std::vector<Started> lately_;   ///< Within `kOneStartPer` of the last look at it.
   std::vector<Running> running_;
 };
 

@@ -73,9 +73,9 @@ TEST_F(EventScripts, AreStartedByATickOfTheirOwnAfterTheRestart) {
 TEST_F(EventScripts, NeverRunUnlessSwitchedOn) {
   launcher->Check("chkEvents", 0, false);
   Toggle();
+  EXPECT_FALSE(TimerRuns());
   launcher->Pass(1min);
   EXPECT_EQ(Attempts(), 0u);
-  EXPECT_FALSE(TimerRuns());
   EXPECT_EQ(machine.recorder.CountOf("files.exists(C:\\srv\\on-event.cmd"), 0u);
 }
 
@@ -111,6 +111,14 @@ TEST_F(EventScripts, ThatTheSystemRefusesAreGivenUpWithoutAWord) {
   EXPECT_EQ(launcher->Log(), "10:00:10 0 Listening Map Server\n");
   EXPECT_FALSE(launcher->Ended());
   EXPECT_TRUE(machine.boxes.Shown().empty());
+}
+
+TEST_F(EventScripts, ThatAreRefusedTakeNoPlaceOfThoseThatRun) {
+  machine.scripts.refuses = true;
+  StartAndStopAll();
+  launcher->Pass(500ms);
+  EXPECT_EQ(Attempts(), 6u);
+  EXPECT_FALSE(TimerRuns());
 }
 
 TEST_F(EventScripts, RunOnceAMinuteForAComponentsEventAndTellHowManyThereWere) {
@@ -228,6 +236,29 @@ TEST_F(EventScripts, AreStartedAtOnceWhenTheLauncherIsClosedAndLeftAlone) {
   EXPECT_EQ(NewStarts(), "stopped|map|Map Server Stopped!|2026-11-21 10:00:01|1|Northwind|\n");
   EXPECT_EQ(machine.scripts.Running(), 2u);
   EXPECT_EQ(machine.recorder.CountOf("scripts.end"), 0u);
+}
+
+TEST_F(EventScripts, OfLongAgoHoldNoneBackWhenTheLauncherIsClosed) {
+  Toggle();
+  Toggle();
+  launcher->Pass(1h);
+  Toggle();
+  launcher->Pass(1s);
+  NewStarts();
+  Toggle();
+  launcher->Close();
+  EXPECT_EQ(NewStarts(), "stopped|map|Map Server Stopped!|2026-11-21 11:00:01|1|Northwind|\n");
+}
+
+TEST_F(EventScripts, OfTheSameMinuteAreLostWhenTheLauncherIsClosed) {
+  Toggle();
+  Toggle();
+  launcher->Pass(1s);
+  Toggle();
+  Toggle();
+  NewStarts();
+  launcher->Close();
+  EXPECT_EQ(NewStarts(), "");
 }
 
 TEST_F(EventScripts, AreStartedAtOnceWhenTheLauncherIsUnloaded) {

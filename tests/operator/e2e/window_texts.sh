@@ -76,6 +76,8 @@ expect_tip "Stop all servers" bStart 4
 expect_tip "What status messages will be saved in the log file?" LogH
 expect_tip "Save status in log file?" WLog
 expect_tip "Hide the main window at start?" SMinimized
+expect_tip "Start on-event.cmd of the server folder, with this launcher's rights, when a server starts, crashes, freezes or stops?" \
+  chkEvents
 names=(login char map)
 for i in 0 1 2; do
   tip="When freeze detected, how many time will wait before kill and restart ${names[$i]} server"
