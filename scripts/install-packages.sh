@@ -11,8 +11,8 @@ declare -A groups=(
   [windows]="cmake ninja-build g++-mingw-w64-x86-64-win32 binutils-mingw-w64-x86-64 googletest"
   [windows-32]="g++-mingw-w64-i686-win32 binutils-mingw-w64-i686"
   [wine]="python3 python3-pefile wine64 wine xvfb xauth openbox iproute2 procps util-linux fonts-liberation fonts-wine libgl1
-    libgnutls30 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1"
-  [native]="cmake ninja-build g++ libgtest-dev googletest python3-aiosmtpd python3-markdown"
+    libgnutls30 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 python3-prometheus-client"
+  [native]="cmake ninja-build g++ libgtest-dev googletest python3-aiosmtpd python3-markdown python3-prometheus-client"
   [lint]="clang-format clang-tidy python3"
   [bench]="cmake ninja-build g++ libpugixml-dev libtinyxml2-dev libctemplate-dev"
   [pictures]="imagemagick xdotool"
