@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "outside/state_report.h"
 
 namespace tarvo {
@@ -121,6 +123,19 @@ TEST(StateWritersTest, JsonOfAMachineWhereMuchHappens) {
         R"("last_upgrade":"2026-11-20 09:00:00","message_box":"Please,\u000d\u000astop"})"}) {
     EXPECT_NE(busy.find(part), std::string::npos) << part << "\n" << busy;
   }
+}
+
+TEST(StateWritersTest, JsonIsReadBackByAKnownParser) {
+  StateReport report = BusyReport();
+  report.serverName = "\"\\\n\x01\xFF";
+  const auto read = nlohmann::json::parse(StateAsJson(report, Converted));
+  EXPECT_EQ(read["server_name"], "\"\\\n\x01\xEF\xBF\xBD");
+  EXPECT_EQ(read["root"], "C:\\srv \xC3\x91");
+  EXPECT_EQ(read["components"]["map"]["restarts"]["crash"], 2);
+  EXPECT_EQ(read["components"]["map"]["last_failure"]["at_seconds"], 30);
+  EXPECT_EQ(read["components"]["login"]["memory_bytes"], 58825114);
+  EXPECT_TRUE(read["components"]["char"]["listening_since"].is_null());
+  EXPECT_EQ(read["components"].size(), kComponentCount);
 }
 
 TEST(StateWritersTest, PrometheusSamplesWithTheirHelpAndType) {
