@@ -1,5 +1,6 @@
 // Any bytes that come to the window as a command, or to its sender as an answer: what is taken for
-// one means one thing, and is written again as it came. corpus: command
+// one means one thing, and is written again as it came.
+// corpus: command
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

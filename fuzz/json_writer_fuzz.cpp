@@ -1,5 +1,6 @@
-// Any texts written as JSON, inside each other as the first bytes say: a known parser reads them
-// back, each the same but for the bytes that are no UTF-8. corpus: json
+// Any texts written as JSON, cut apart as their first bytes say: a known parser reads them back the
+// same but for the bytes that are no UTF-8.
+// corpus: json
 #include <nlohmann/json.hpp>
 
 #include <cstddef>

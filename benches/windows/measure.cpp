@@ -4,6 +4,9 @@
 //                                  starts EXE in the current folder; prints the milliseconds until
 //                                  a visible window of that class answers, and before them those
 //                                  until FILE ends with TEXT; closes it again
+//   measure run EXE ARGUMENT...    runs EXE in the current folder to its end, its output into a
+//                                  pipe; prints the milliseconds, and fails when its exit code is
+//                                  not 0, or nothing came out
 //   measure handles NAME           prints how many system handles the process of that file name has
 //   measure objects NAME           prints how many GDI objects and how many windows it has
 //   measure successor NAME         ends the process of that file name and prints the milliseconds
@@ -100,6 +103,33 @@ int MeasureStart(const char* executable, const char* className, const char* file
   return 1;
 }
 
+int MeasureRun(int count, char** words) {
+  std::string commandLine;
+  for (int i = 0; i < count; ++i) commandLine += std::string(i == 0 ? "" : " ") + words[i];
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  HANDLE reader = nullptr;
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  PROCESS_INFORMATION process{};
+  if (CreatePipe(&reader, &startup.hStdOutput, &inherited, 1 << 16) == 0) return 1;
+  SetHandleInformation(reader, HANDLE_FLAG_INHERIT, 0);
+  const double start = Now();
+  if (CreateProcessA(words[0], commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                     &startup, &process) == 0) {
+    std::fprintf(stderr, "cannot start %s\n", words[0]);
+    return 1;
+  }
+  WaitForSingleObject(process.hProcess, 30000);
+  const double took = Now() - start;
+  DWORD exitCode = 1;
+  DWORD printed = 0;
+  GetExitCodeProcess(process.hProcess, &exitCode);
+  PeekNamedPipe(reader, nullptr, 0, nullptr, &printed, nullptr);
+  std::printf("%.1f\n", took);
+  return exitCode == 0 && printed > 0 ? 0 : 1;
+}
+
 // The system's handle list, class 16 of NtQuerySystemInformation.
 struct SystemHandle {
   ULONG owner;
@@ -154,6 +184,7 @@ int main(int argc, char** argv) {
   if (command == "start" && argc == 6) {
     return MeasureStart(argv[2], argv[3], argv[4], (std::string(argv[5]) + "\r\n").c_str());
   }
+  if (command == "run") return MeasureRun(argc - 2, argv + 2);
   if (command == "successor") return MeasureSuccessor(argv[2]);
   const DWORD process = argc > 2 ? FindProcess(argv[2]) : 0;
   if (process == 0) {

@@ -6,13 +6,26 @@ source "$(dirname "$0")/command.bash"
 story_begin "$0" "$@"
 count=${TARVO_STORM:-10000}
 storm() { wine_run "$WINDOWS_BUILD/command-storm.exe" "$(wine_path "$ROOT/tarvo-launcher.exe")" "$@" | tr -d '\r'; }
+measure() { wine_run "$WINDOWS_BUILD/benches/measure.exe" "$@" | tr -d '\r'; }
 start_launcher
 operate click bStart 0
 expect_log 15 "Listening Login Server"
-read -r _ handles _ objects _ kib _ slowest < <(storm asks "$count")
+burden() {
+  measure handles tarvo-launcher.exe
+  measure objects tarvo-launcher.exe
+  awk '/^Private/ { sum += $2 } END { print sum }' "/proc/$LAUNCHER_PROCESS/smaps_rollup"
+}
+storm asks "$((count / 10))" >/dev/null || fail "a question was not answered"
+read -r handles gdi windows memory < <(burden | xargs)
+((handles > 10 && memory > 1000)) || fail "no figures: $handles handles, $memory KiB"
+read -r _ slowest < <(storm asks "$count")
 [[ -n ${slowest:-} ]] || fail "a question was not answered"
-((handles <= 2 && objects <= 2)) || fail "$handles handles and $objects objects more after $count questions"
-((kib <= 256)) || fail "$kib KiB more after $count questions"
+read -r handles_after gdi_after windows_after memory_after < <(burden | xargs)
+echo "$count questions: handles $handles to $handles_after, GDI objects $gdi to $gdi_after," \
+  "windows $windows to $windows_after, KiB $memory to $memory_after, slowest $slowest ms"
+((handles_after <= handles + 2)) || fail "handles"
+((gdi_after <= gdi && windows_after <= windows)) || fail "objects"
+((memory_after <= memory + 256)) || fail "memory"
 ((slowest <= 2000)) || fail "an answer took $slowest ms"
 storm garbage "$count" || fail "no answer after messages of others"
 expect_count login 1

@@ -1,29 +1,23 @@
-// Many commands and many foreign messages to one launcher, and what they leave behind in it.
+// Many commands and many foreign messages to one launcher.
 //
-//   command-storm LAUNCHER.EXE asks COUNT      asks for its state COUNT times, after a tenth of
-//   that to get warm;
-//                                              prints "handles N objects N kib N slowest N": how
-//                                              many more of each the launcher has then, and the
-//                                              longest answer in milliseconds
+//   command-storm LAUNCHER.EXE asks COUNT      asks for its state COUNT times; prints "slowest N",
+//   the longest
+//                                              answer in milliseconds
 //   command-storm LAUNCHER.EXE garbage COUNT   sends messages that look like commands and are none;
 //   prints how
 //                                              many were answered, which is none, and asks for the
 //                                              state once
 #include <windows.h>
-// After windows.h, which it needs.
-#include <psapi.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <random>
 #include <string>
-#include <vector>
 
 #include "core/server_root.h"
 #include "outside/command_record.h"
 #include "platform/windows/code_page_windows.h"
-#include "platform/windows/handle_windows.h"
 #include "platform/windows/instance_lock_windows.h"
 #include "platform/windows/launcher_call_windows.h"
 
@@ -31,26 +25,6 @@ namespace tarvo {
 namespace {
 
 constexpr DWORD kPatience = 30000;
-
-struct Burden {
-  long long handles = 0;
-  long long objects = 0;
-  long long kib = 0;
-};
-
-Burden BurdenOf(HWND window) {
-  DWORD id = 0;
-  GetWindowThreadProcessId(window, &id);
-  const KernelHandle process(OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id));
-  DWORD handles = 0;
-  GetProcessHandleCount(process.Get(), &handles);
-  PROCESS_MEMORY_COUNTERS memory{};
-  K32GetProcessMemoryInfo(process.Get(), &memory, sizeof memory);
-  return {handles,
-          GetGuiResources(process.Get(), GR_GDIOBJECTS) +
-              static_cast<long long>(GetGuiResources(process.Get(), GR_USEROBJECTS)),
-          static_cast<long long>(memory.PagefileUsage / 1024)};
-}
 
 bool AsksOnce(const std::string& name) {
   Command command;
@@ -62,20 +36,13 @@ bool AsksOnce(const std::string& name) {
 }
 
 int Ask(const std::string& name, int count) {
-  const HWND window = PublishedWindow(name);
-  for (int i = 0; i < count / 10; ++i) {
-    if (!AsksOnce(name)) return 1;
-  }
-  const Burden before = BurdenOf(window);
   DWORD slowest = 0;
   for (int i = 0; i < count; ++i) {
     const DWORD begun = GetTickCount();
     if (!AsksOnce(name)) return 1;
     slowest = std::max(slowest, GetTickCount() - begun);
   }
-  const Burden after = BurdenOf(window);
-  std::printf("handles %lld objects %lld kib %lld slowest %lu\n", after.handles - before.handles,
-              after.objects - before.objects, after.kib - before.kib, slowest);
+  std::printf("slowest %lu\n", slowest);
   return 0;
 }
 

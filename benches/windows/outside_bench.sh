@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# The figures of the command line, one line each: name, value, unit, limit, held or short. The rival is the least
+# console program, a whole process each, run by turns.
+#
+#   benches/windows/outside_bench.sh [RUNS]     30 unless given
+set -euo pipefail
+source "$(dirname "$0")/../../tests/operator/e2e/story.sh"
+source "$(dirname "$0")/figures.bash"
+runs=${1:-30}
+BENCH=$WINDOWS_BUILD/benches
+story_begin "$0" "$@"
+
+measure() { wine_run "$BENCH/measure.exe" "$@" | tr -d '\r'; }
+
+cp "$BENCH/bare-console.exe" "$ROOT/"
+start_launcher
+cd "$ROOT"
+measure run bare-console.exe >/dev/null
+measure run tarvo-launcher.exe --state json >/dev/null
+for _ in $(seq "$runs"); do
+  measure run bare-console.exe >>"$WINE_DIR/bare"
+  measure run tarvo-launcher.exe --state json >>"$WINE_DIR/state"
+done
+bare=$(median <"$WINE_DIR/bare")
+state=$(median <"$WINE_DIR/state")
+figure "--state json ($state ms) to a bare console program ($bare ms)" "$(ratio "$state" "$bare")" ratio 2
+close_launcher
