@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Takes the pictures of the four pages for docs/, from the sample servers in C:\servers\aurora. Wants the
+# Takes the pictures of the four pages and of the check-up for docs/, from the sample servers in C:\servers\aurora. Wants the
 # preset windows-64 built.
 #
 #   scripts/make-pictures.sh
@@ -39,6 +39,15 @@ op page 1
 picture status
 op page 2
 picture servers
+sed -i 's/^map_ip:/Map_IP:/; s/\r$//' "$ROOT/conf/map_athena.conf"
+op drop nPath 2 'C:\servers\build\new\map-server.exe'
+op click cmdCheckUp
+op wait-text lblCheck "error" 20
+sleep 2
+xdotool mousemove 1200 900
+import -window "$(xdotool search --onlyvisible --name '^Check-up$' | head -1)" +repage +dither -colors 255 "PNG8:$DOCS/check-up.png"
+xdotool key Escape
+op drop nPath 2 'C:\servers\build\map-server.exe'
 op page 3
 op select cmdParam base_exp_rate
 op set rIni 100

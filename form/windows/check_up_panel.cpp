@@ -13,7 +13,8 @@ enum Row { kList, kButtons };
 
 constexpr int kLines = 18;
 constexpr char kUsualLine[] =
-    "    Press \"Repair\" in the check-up, or save the file with line ends of Windows (CR LF).";
+    "    Set \"map_port:\" in conf\\map_athena.conf to a number from 1 to 65535, and start the "
+    "launcher again.  ";
 constexpr char kUsualSummary[] = "Looking the server root over...";
 
 }  // namespace
