@@ -40,9 +40,10 @@ int CheckRoot(const tarvo::Machine& machine, bool json) {
 
 int main(int argc, char** argv) {
   tarvo::WatchForFaults(tarvo::kVersion);
-  tarvo::LoadFromSystemFolderOnly();
   const tarvo::CommandLine line = tarvo::ReadCommandLine({argv + 1, argv + argc});
-  if (tarvo::IsAnsweredHere(line)) return AnswerCommand(line);
+  const bool answers = tarvo::IsAnsweredHere(line);
+  tarvo::LoadFromSystemFolderOnly(!answers);
+  if (answers) return AnswerCommand(line);
   tarvo::WindowsMachine machine;
   if (line.command) return CheckRoot(machine.Ports(), line.command->json);
   tarvo::Principal principal(machine.Ports());

@@ -21,8 +21,9 @@ void ShutOutOtherFolders() {
 
 }  // namespace
 
-void LoadFromSystemFolderOnly() {
+void LoadFromSystemFolderOnly(bool opensWindows) {
   ShutOutOtherFolders();
+  if (!opensWindows) return;
   for (const char* name : kLoadedBeforehand) LoadSystemLibrary(name);
 }
 

@@ -12,7 +12,9 @@ namespace tarvo {
 ///
 /// Windows 7 without its update KB2533623 does not know this: there only the current folder is shut
 /// out, and `LoadSystemLibrary` names the whole path.
-void LoadFromSystemFolderOnly();
+///
+/// What the system's windows load by bare name is loaded here, unless the program opens none.
+void LoadFromSystemFolderOnly(bool opensWindows = true);
 
 /// Loads a system library (bare file name) from the system folder, whether or not another one is
 /// nearer; it stays loaded. nullptr when this system has none of that name.

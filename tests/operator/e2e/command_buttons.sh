@@ -30,5 +30,13 @@ ask --state prometheus
 grep -q $'\r' "$WINE_DIR/said" && fail "the exposition has CR"
 /usr/bin/python3 "$E2E_REPOSITORY/scripts/check-exposition.py" "$WINE_DIR/said" || fail "$SAID"
 grep -qx 'tarvo_component_restarts_total{component="map",cause="other"} 1' "$WINE_DIR/said" || fail "$SAID"
+
+# Into a pipe the same bytes.
+launcher=$(wine_path "$ROOT/tarvo-launcher.exe")
+piped=$(wine_run "$launcher" --state prometheus | grep -c '^# TYPE ') || fail "nothing came through a pipe"
+expect_equal "$piped" "$(grep -c '^# TYPE ' "$WINE_DIR/said")" "metrics through a pipe"
+# A reader that goes away before it has read is no fault.
+wine_run "$launcher" --state json | true || fail "a pipe that nobody reads"
+
 expect_answer 0 "" "" --stop all
 close_launcher
