@@ -32,13 +32,13 @@ def with_pictures_inside(html, folder):
 
 
 def with_links_inside(html, pages):
-    """Links between the pages lead to their places in the file; those to other files of docs/ become plain text."""
+    """Links between the pages lead to their places in the file; those to other files of the sources become plain text."""
     def inside(match):
         page, anchor, text = match.groups()
         if page in pages:
             return f'<a href="#{anchor or page}">{text}</a>'
         return text
-    return re.sub(r'<a href="([\w./-]+\.md)(?:#([\w-]+))?">(.*?)</a>', inside, html)
+    return re.sub(r'<a href="([\w./-]+\.\w+)(?:#([\w-]+))?">(.*?)</a>', inside, html)
 
 
 def guide_page(folder, version):
