@@ -181,6 +181,10 @@ bool CheckUp::Resolve(ComponentKind kind) {
   return true;
 }
 
+bool CheckUp::SameName(const std::string& one, const std::string& other) {
+  return with_.codePage.Lowered(one) == with_.codePage.Lowered(other);
+}
+
 /// The session of the launcher that runs in this root; when none but this one does, of this one.
 std::optional<std::uint32_t> CheckUp::SessionOfLauncher() {
   const std::string name = with_.codePage.Lowered(root_.ExecutableName() + ".exe");
@@ -256,10 +260,13 @@ bool CheckUp::LookAtListeners(ComponentKind /*once*/) {
     const auto listener = ListenerAt(listeners, host.address, port);
     if (!listener) continue;
     HolderFacts holder{listener->process, {}};
+    bool runs = false;
     for (const ProcessEntry& entry : snapshot_) {
       if (entry.id == holder.process) holder.executable = entry.executable;
+      runs = runs || SameName(entry.executable, executable);
     }
-    if (with_.codePage.Lowered(holder.executable) == with_.codePage.Lowered(executable)) continue;
+    // A holder that nobody names is taken for the component, if that one runs.
+    if (SameName(holder.executable, executable) || (holder.process == 0 && runs)) continue;
     Tell(CheckPortHeld(kind, port, holder));
   }
   return true;

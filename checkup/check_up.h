@@ -103,6 +103,7 @@ class CheckUp {
   NamesakeFacts FactsOf(ProcessId id, ComponentKind kind);
   std::optional<std::uint32_t> SessionOfLauncher();
   bool OwnsWindow(ProcessId id);
+  bool SameName(const std::string& one, const std::string& other);
   void NoteUnwritable(const std::string& path);
   std::optional<std::string> StoredText(Hive hive, const std::string& key, const std::string& name);
 

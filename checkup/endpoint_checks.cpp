@@ -135,11 +135,11 @@ Findings CheckHost(ComponentKind kind, const std::string& host, const HostFacts&
 Findings CheckPortHeld(ComponentKind kind, std::int32_t port,
                        const std::optional<HolderFacts>& holder) {
   if (!holder) return {};
-  const std::string who = holder->executable.empty() ? "A program that the system does not name"
-                                                     : "\"" + holder->executable + "\"";
+  std::string who = holder->executable.empty() ? "A program that the system does not name"
+                                               : "\"" + holder->executable + "\"";
+  if (holder->process != 0) who += " (process " + std::to_string(holder->process) + ")";
   return {{"port-held", Severity::Error, NameOf(kind),
-           who + " (process " + std::to_string(holder->process) + ") holds the port " +
-               std::to_string(port) + ".",
+           who + " holds the port " + std::to_string(port) + ".",
            "End that program, or give the component another port."}};
 }
 

@@ -41,7 +41,7 @@ Findings CheckHost(ComponentKind kind, const std::string& host, const HostFacts&
 
 /// Who takes connections at a component's port, if it is not the component.
 struct HolderFacts {
-  ProcessId process = 0;
+  ProcessId process = 0;   ///< 0 when the system does not tell.
   std::string executable;  ///< Bare file name; "" when the system does not tell.
 };
 

@@ -11,7 +11,7 @@ namespace tarvo {
 struct Listener {
   std::uint32_t address = 0;  ///< In network order; 0 means every address of the machine.
   std::uint16_t port = 0;
-  ProcessId process = 0;
+  ProcessId process = 0;  ///< 0 where the system does not tell.
 };
 
 /// The machine's own side of its network. Nothing is sent.

@@ -112,6 +112,15 @@ TEST_F(EndpointChecks, AHolderWithoutAName) {
       "port 5121.\n");
 }
 
+TEST_F(EndpointChecks, AHolderThatTheSystemDoesNotTellIsTheComponentIfThatRuns) {
+  machine.inspection.HoldPort(5121, 0);
+  EXPECT_EQ(Told(),
+            "error port-held [Map] A program that the system does not name holds the port 5121.\n");
+  machine.processes.Program(kMap).port = 0;
+  machine.processes.StartForeign(kMap);
+  EXPECT_EQ(Told(), "");
+}
+
 TEST_F(EndpointChecks, TheComponentItselfHoldsItsPortInAnyLetterCase) {
   machine.processes.Program("MAP-SERVER.EXE").port = 5121;
   machine.processes.StartForeign("MAP-SERVER.EXE");
