@@ -173,6 +173,12 @@ TEST_F(RootChecks, ANewFileThatIsOlderThanItsTarget) {
       "would replace.\n");
 }
 
+TEST_F(RootChecks, ANewFileOfTheSameAgeIsWhatAnUpgradeLeaves) {
+  PutNewFiles();
+  machine.copies.SetDate("C:\\srv\\map-server.exe", 100);
+  EXPECT_EQ(Told(), "");
+}
+
 TEST_F(RootChecks, ANewFileThatIsTheTargetItself) {
   PutNewFiles();
   machine.SetSetting("MapFrom", "c:\\SRV\\map-server.exe");
