@@ -36,8 +36,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto read = nlohmann::json::parse(json.Text());
   if (read.size() != texts.size()) std::abort();
   for (std::size_t i = 0; i < texts.size(); ++i) {
-    const auto& [name, value] = *read[i].items().begin();
-    if (name != value.get<std::string>()) std::abort();
+    const std::string name = read[i].begin().key();
+    if (name != read[i].begin().value().get<std::string>()) std::abort();
     // How many signs stand for a run of broken bytes is a matter of taste; without any it is the
     // very text.
     if (name.find("\xEF\xBF\xBD") == name.npos && name != Repaired(texts[i])) std::abort();
