@@ -69,6 +69,11 @@ look_blots() {
   look_blot $(look_place "$state" lblMemory)
   look_blot $(look_place "$state" lblErr)
   for i in 0 1 2; do look_blot $(look_place "$state" Strip $i); done
+  if grep -q '^cmdCheckUp .*visible=1' <<<"$state"; then
+    # How many findings there are by now; its frame is looked at.
+    read -r left top width height < <(look_place "$state" cmdCheckUp)
+    look_blot $((left + 4)) $((top + 4)) $((width - 8)) $((height - 8))
+  fi
   grep -q '^RTLog .*visible=1' <<<"$state" || return 0
   read -r left top width height < <(look_place "$state" RTLog)
   look_blot "$left" "$top" $((118 * LOOK_SCALE / 100)) "$height"
