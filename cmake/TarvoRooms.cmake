@@ -32,12 +32,11 @@ if(WIN32)
   set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
   # One file, nothing to install beside it: the run time is linked in, unused code is left out.
   target_compile_definitions(tarvo_build INTERFACE _WIN32_WINNT=0x0601 WIN32_LEAN_AND_MEAN NOMINMAX)
-  target_compile_options(tarvo_build INTERFACE -ffunction-sections -fdata-sections
-    $<$<CONFIG:Release>:-fstack-protector-strong> -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
+  target_compile_options(tarvo_build INTERFACE -ffunction-sections -fdata-sections -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
   # No time in the file, so that the same sources give the same bytes; Windows 7 is the oldest that loads it.
   target_link_options(tarvo_build INTERFACE -static -Wl,--gc-sections,--no-insert-timestamp
     -Wl,--major-os-version=6,--minor-os-version=1,--major-subsystem-version=6,--minor-subsystem-version=1
-    $<$<CONFIG:Release>:-s> $<$<CONFIG:Release>:-fstack-protector-strong>)
+    $<$<CONFIG:Release>:-s>)
 endif()
 
 set(TARVO_COMMON_HEADERS <algorithm> <array> <chrono> <cstdint> <functional> <map> <memory> <optional> <string>
