@@ -94,5 +94,5 @@ function(tarvo_room_tests room)
   target_link_libraries(${room}_tests PRIVATE tarvo_build ${TESTS_USES} GTest::gtest_main)
   tarvo_precompile(${room}_tests tarvo_test_headers ${TARVO_COMMON_HEADERS} <gtest/gtest.h>)
   gtest_discover_tests(${room}_tests
-    TEST_PREFIX "${room}." PROPERTIES LABELS ${room} TIMEOUT 120 DISCOVERY_TIMEOUT 60)
+    TEST_PREFIX "${room}." PROPERTIES LABELS ${room} TIMEOUT 300 DISCOVERY_TIMEOUT 60)
 endfunction()
