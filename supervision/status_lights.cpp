@@ -40,6 +40,13 @@ PerComponent<AlarmState> StatesOfCode(int code) {
   return {kStates[known ? code : kNothingWatched]};
 }
 
+StatusLights::StatusLights(PerComponent<Light>& Sem, const ComponentTable& components)
+    : Sem_(Sem), components_(components) {
+  for (ComponentKind kind : kComponents) {
+    Sem_[kind].makeToolTip = [this, kind] { return ToolTipOf(kind); };
+  }
+}
+
 void StatusLights::Combine() {
   const auto code = StatusCodeFor(components_[ComponentKind::Login].AlarmState,
                                   components_[ComponentKind::Char].AlarmState,
@@ -50,10 +57,13 @@ void StatusLights::Combine() {
 void StatusLights::Show() {
   for (ComponentKind kind : kComponents) {
     Sem_[kind].SetState(LightStateOf(components_[kind].AlarmState));
-    const std::string sentence = sentenceOf ? sentenceOf(kind) : std::string();
-    const std::string& why = components_[kind].probeFailure;
-    Sem_[kind].SetToolTip(sentence + (sentence.empty() || why.empty() ? "" : "\r\n") + why);
   }
+}
+
+std::string StatusLights::ToolTipOf(ComponentKind kind) const {
+  const std::string sentence = sentenceOf ? sentenceOf(kind) : std::string();
+  const std::string& why = components_[kind].probeFailure;
+  return sentence + (sentence.empty() || why.empty() ? "" : "\r\n") + why;
 }
 
 void ShowLastFailure(Label& lblErr, ComponentKind kind, LocalTime time) {

@@ -20,13 +20,13 @@ PerComponent<AlarmState> StatesOfCode(int code);
 /// Shows the components' alarm states as lights, and keeps their combined code.
 class StatusLights {
  public:
-  StatusLights(PerComponent<Light>& Sem, const ComponentTable& components)
-      : Sem_(Sem), components_(components) {}
+  /// The tool tip of each light says how its component is at the moment, and on a line of its own
+  /// why the last probe failed.
+  StatusLights(PerComponent<Light>& Sem, const ComponentTable& components);
 
   /// Takes over the code of the present states; keeps the last one when they have none.
   void Combine();
-  /// Sets the lights; the tool tip of each says how its component is, and on a line of its own why
-  /// the last probe failed.
+  /// Sets the lights.
   void Show();
 
   /// How a component is, in one sentence; without this hook the tool tips say nothing of it.
@@ -36,6 +36,8 @@ class StatusLights {
   int StatusCode() const { return statusCode_; }
 
  private:
+  std::string ToolTipOf(ComponentKind kind) const;
+
   PerComponent<Light>& Sem_;
   const ComponentTable& components_;
   int statusCode_ = 8;

@@ -36,8 +36,11 @@ class Control {
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled);
 
-  const std::string& ToolTip() const { return toolTip_; }
+  std::string ToolTip() const { return makeToolTip ? makeToolTip() : toolTip_; }
   void SetToolTip(std::string text);
+  /// Makes the text at the moment at which it is asked for, when it changes by itself; in place of
+  /// the one that was set.
+  std::function<std::string()> makeToolTip;
 
   /// The one mirror; not owned. It must outlive the control or be removed with nullptr first.
   void SetMirror(ControlMirror* mirror) { mirror_ = mirror; }
