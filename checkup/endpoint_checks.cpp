@@ -13,13 +13,13 @@ namespace {
 
 using Says = ConfigurationKey::Says;
 
-constexpr std::size_t kLongestShown = 40;
+constexpr std::size_t kLongestQuoted = 40;
 
 /// A value as it can be shown on one line; one that bare line feeds make longer is cut.
 std::string Shown(std::string_view text) {
   const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
-  const bool cut = line.size() < text.size() || line.size() > kLongestShown;
-  return std::string(Trimmed(line.substr(0, kLongestShown))) + (cut ? "..." : "");
+  const bool cut = line.size() < text.size() || line.size() > kLongestQuoted;
+  return std::string(Trimmed(line.substr(0, kLongestQuoted))) + (cut ? "..." : "");
 }
 
 std::string PortAdvice(ComponentKind kind) {

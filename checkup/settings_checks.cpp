@@ -13,7 +13,7 @@ constexpr std::int32_t kShortestTime = 5;  // Seconds.
 constexpr int kNoSelection = -1;
 constexpr int kLastPriority = 4;
 constexpr int kLastLevel = 3;
-constexpr std::size_t kMostNamed = 8;
+constexpr std::size_t kMostListed = 8;
 
 void TakeIndex(std::int32_t index, int last) {
   if (index < kNoSelection || index > last) throw RuntimeError(Fault::InvalidPropertyValue);
@@ -49,11 +49,11 @@ std::optional<std::string> WhyFatal(const std::string& text, ValueRule rule) {
 
 std::string Listed(const std::vector<std::string>& names) {
   std::string text;
-  for (std::size_t i = 0; i < std::min(names.size(), kMostNamed); ++i) {
+  for (std::size_t i = 0; i < std::min(names.size(), kMostListed); ++i) {
     text += (i == 0 ? "" : ", ") + names[i];
   }
-  if (names.size() > kMostNamed) {
-    text += " and " + std::to_string(names.size() - kMostNamed) + " more";
+  if (names.size() > kMostListed) {
+    text += " and " + std::to_string(names.size() - kMostListed) + " more";
   }
   return text;
 }

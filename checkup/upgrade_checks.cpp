@@ -9,7 +9,7 @@ namespace {
 using Outcome = FileLook::Outcome;
 
 /// What is wrong with it; nothing when it can be used.
-std::optional<std::string> Fault(const UpgradeFacts& facts) {
+std::optional<std::string> FaultOf(const UpgradeFacts& facts) {
   if (facts.newFile.empty()) return "No new executable is chosen, so no upgrade can be made.";
   if (facts.atNew.outcome == Outcome::NotAnswered) {
     return "The drive or share of the new executable does not answer.";
@@ -36,7 +36,7 @@ Findings CheckUpgrade(const PerComponent<UpgradeFacts>& facts) {
     return findings;
   }
   for (ComponentKind kind : kComponents) {
-    const auto fault = Fault(facts[kind]);
+    const auto fault = FaultOf(facts[kind]);
     if (!fault) continue;
     const std::string& path = facts[kind].newFile;
     findings.push_back({"upgrade", Severity::Warning,

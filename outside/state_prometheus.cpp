@@ -10,11 +10,11 @@ constexpr ComponentState kStates[] = {ComponentState::Stopped,   ComponentState:
                                       ComponentState::Frozen,    ComponentState::Killed,
                                       ComponentState::Refused};
 
-struct Label {
+struct LabelPair {
   std::string name;
   std::string value;
 };
-using Labels = std::vector<Label>;
+using Labels = std::vector<LabelPair>;
 
 /// A label's value between quotes; bytes that are no UTF-8 become U+FFFD.
 std::string Quoted(std::string_view text) {

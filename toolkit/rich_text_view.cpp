@@ -56,7 +56,7 @@ std::size_t BeginOfLine(std::string_view source, int number) {
   return begin;
 }
 
-bool IsLetter(char c) { return c >= 'a' && c <= 'z'; }
+bool IsSmallLetter(char c) { return c >= 'a' && c <= 'z'; }
 
 /// A control word of the source: its name and the number after it.
 struct ControlWord {
@@ -68,7 +68,7 @@ struct ControlWord {
 ControlWord ReadWord(std::string_view source, std::size_t begin) {
   ControlWord word;
   std::size_t end = begin;
-  while (end < source.size() && IsLetter(source[end])) ++end;
+  while (end < source.size() && IsSmallLetter(source[end])) ++end;
   word.name = source.substr(begin, end - begin);
   const char* const stop = source.data() + source.size();
   const auto number = std::from_chars(source.data() + end, stop, word.number);
@@ -119,7 +119,7 @@ std::vector<ColouredText> RichTextView::Pieces() const {
       const std::string_view escape = source.substr(position, 3);
       text += EscapedByte(escape);
       position += escape.size();
-    } else if (position < source.size() && !IsLetter(source[position])) {
+    } else if (position < source.size() && !IsSmallLetter(source[position])) {
       text += source[position++];
     } else {
       const ControlWord word = ReadWord(source, position);

@@ -10,11 +10,6 @@
 #include "toolkit/windows/screens.h"
 
 namespace tarvo {
-namespace {
-
-bool Down(int key) { return (GetKeyState(key) & 0x8000) != 0; }
-
-}  // namespace
 
 CheckUpFrame::CheckUpFrame(Stage& stage, HWND owner, CheckUpView& view)
     : stage_(stage), owner_(owner), view_(view) {
@@ -106,8 +101,8 @@ bool CheckUpFrame::TakeKey(const MSG& message) {
     const auto key = static_cast<unsigned char>(message.wParam);
     return key > ' ' && panel_->Access(static_cast<char>(std::tolower(key)));
   }
-  const bool copies =
-      message.message == WM_KEYDOWN && message.wParam == 'C' && Down(VK_CONTROL) && !Down(VK_MENU);
+  const bool copies = message.message == WM_KEYDOWN && message.wParam == 'C' &&
+                      IsKeyDown(VK_CONTROL) && !IsKeyDown(VK_MENU);
   if (copies) stage_.Happens([this] { view_.window.Copy(); });
   return copies;
 }

@@ -5,14 +5,14 @@
 namespace tarvo {
 namespace {
 
-bool Down(int key) { return (GetKeyState(key) & 0x8000) != 0; }
-
 bool IsPushButton(HWND window) {
   const LRESULT code = SendMessageA(window, WM_GETDLGCODE, 0, 0);
   return (code & (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
 }
 
 }  // namespace
+
+bool IsKeyDown(int key) { return (GetKeyState(key) & 0x8000) != 0; }
 
 bool TakeEnterKey(const MSG& message) {
   if (message.message != WM_KEYDOWN || message.wParam != VK_RETURN) return false;
@@ -24,9 +24,9 @@ bool TakeEnterKey(const MSG& message) {
 
 /// Ctrl+Tab and Ctrl+Page Down go to the next page, with Shift or Page Up to the one before.
 bool FrameKeys::PageKey(const MSG& message) {
-  if (message.message != WM_KEYDOWN || !Down(VK_CONTROL) || Down(VK_MENU)) return false;
+  if (message.message != WM_KEYDOWN || !IsKeyDown(VK_CONTROL) || IsKeyDown(VK_MENU)) return false;
   if (message.wParam == VK_TAB) {
-    tabs_.Step(Down(VK_SHIFT) ? -1 : 1);
+    tabs_.Step(IsKeyDown(VK_SHIFT) ? -1 : 1);
   } else if (message.wParam == VK_NEXT) {
     tabs_.Step(1);
   } else if (message.wParam == VK_PRIOR) {
@@ -39,7 +39,7 @@ bool FrameKeys::PageKey(const MSG& message) {
 
 /// The keys of a search go to the log wherever the focus is, while the log is visible.
 bool FrameKeys::SearchKey(const MSG& message) {
-  const bool find = message.wParam == 'F' && Down(VK_CONTROL) && !Down(VK_MENU);
+  const bool find = message.wParam == 'F' && IsKeyDown(VK_CONTROL) && !IsKeyDown(VK_MENU);
   if (message.message != WM_KEYDOWN || !(find || message.wParam == VK_F3)) return false;
   const HWND log = log_();
   if (!IsWindowVisible(log)) return false;

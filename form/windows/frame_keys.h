@@ -10,6 +10,8 @@
 
 namespace tarvo {
 
+bool IsKeyDown(int key);
+
 /// Enter presses the focused button; in a field it does nothing, there being nothing to confirm.
 /// True when the message was such a key.
 bool TakeEnterKey(const MSG& message);

@@ -1,17 +1,13 @@
 #include "platform/windows/file_copies_windows.h"
 
-#include <cstdint>
-
 #include "platform/windows/code_page_windows.h"
+#include "platform/windows/file_identity_windows.h"
 #include "platform/windows/handle_windows.h"
 
 namespace tarvo {
 namespace {
 
 using Outcome = std::optional<FileFault>;
-
-constexpr std::int64_t kTicksInSecond = 10000000;  // Of 100 ns.
-constexpr std::int64_t kSecondsFrom1601To1970 = 11644473600;
 
 bool IsFolder(DWORD attributes) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
@@ -29,9 +25,7 @@ DWORD CopyBeside(const std::wstring& source, const std::wstring& beside) {
 
 /// What identifies a file on the machine: its volume and its number there.
 std::optional<BY_HANDLE_FILE_INFORMATION> Identify(const std::string& path) {
-  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  const KernelHandle file(
-      CreateFileA(path.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+  const KernelHandle file = OpenShared(WideTextOf(path), 0);
   BY_HANDLE_FILE_INFORMATION found{};
   if (!file.Valid() || GetFileInformationByHandle(file.Get(), &found) == 0) return std::nullopt;
   return found;
@@ -45,11 +39,7 @@ Outcome WindowsFileCopies::ReadLastModified(const std::string& path,
   if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) == 0) {
     return FileFaultOf(GetLastError());
   }
-  const std::int64_t ticks =
-      (static_cast<std::int64_t>(data.ftLastWriteTime.dwHighDateTime) << 32) |
-      static_cast<std::int64_t>(data.ftLastWriteTime.dwLowDateTime);
-  time = std::chrono::sys_seconds(
-      std::chrono::seconds(ticks / kTicksInSecond - kSecondsFrom1601To1970));
+  time = SecondsOf(data.ftLastWriteTime);
   return std::nullopt;
 }
 

@@ -1,21 +1,15 @@
 #include "platform/windows/file_identity_windows.h"
 
+#include <cstdint>
 #include <vector>
 
 #include "platform/windows/code_page_windows.h"
-#include "platform/windows/handle_windows.h"
 
 namespace tarvo {
 namespace {
 
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                                   FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
-
-KernelHandle Open(const std::wstring& path, DWORD access, DWORD disposition = OPEN_EXISTING) {
-  return KernelHandle(CreateFileW(path.c_str(), access, kShareAll, nullptr, disposition,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr));
-}
 
 /// A file's list of rights, as the system hands it out; empty when it cannot be read.
 std::vector<char> RightsOf(HANDLE file) {
@@ -31,8 +25,8 @@ std::vector<char> RightsOf(HANDLE file) {
 
 /// Most files have just the rights that their folder gives, and then there is nothing to set.
 void InheritRights(const std::wstring& old, const std::wstring& fresh) {
-  const KernelHandle from = Open(old, READ_CONTROL);
-  const KernelHandle to = Open(fresh, READ_CONTROL | WRITE_DAC);
+  const KernelHandle from = OpenShared(old, READ_CONTROL);
+  const KernelHandle to = OpenShared(fresh, READ_CONTROL | WRITE_DAC);
   if (!from.Valid() || !to.Valid()) return;
   std::vector<char> rights = RightsOf(from.Get());
   if (rights.empty() || rights == RightsOf(to.Get())) return;
@@ -42,8 +36,8 @@ void InheritRights(const std::wstring& old, const std::wstring& fresh) {
 }
 
 void CopyStream(const std::wstring& from, const std::wstring& to) {
-  const KernelHandle source = Open(from, GENERIC_READ);
-  const KernelHandle target = Open(to, GENERIC_WRITE, CREATE_NEW);
+  const KernelHandle source = OpenShared(from, GENERIC_READ);
+  const KernelHandle target = OpenShared(to, GENERIC_WRITE, CREATE_NEW);
   char block[16384];
   DWORD count = 0;
   DWORD written = 0;
@@ -64,15 +58,30 @@ void InheritStreams(const std::wstring& old, const std::wstring& fresh) {
 }
 
 void InheritCreation(const FILETIME& created, const FILETIME& written, const std::wstring& fresh) {
-  const KernelHandle file = Open(fresh, FILE_WRITE_ATTRIBUTES);
+  const KernelHandle file = OpenShared(fresh, FILE_WRITE_ATTRIBUTES);
   if (file.Valid()) SetFileTime(file.Get(), &created, nullptr, &written);
 }
 
 }  // namespace
 
+KernelHandle OpenShared(const std::wstring& path, DWORD access, DWORD disposition, DWORD flags) {
+  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  return KernelHandle(
+      CreateFileW(path.c_str(), access, kShareAll, nullptr, disposition, flags, nullptr));
+}
+
+std::chrono::sys_seconds SecondsOf(const FILETIME& time) {
+  constexpr std::int64_t kTicksInSecond = 10000000;
+  constexpr std::int64_t kSecondsFrom1601To1970 = 11644473600;
+  const std::int64_t ticks = (static_cast<std::int64_t>(time.dwHighDateTime) << 32) |
+                             static_cast<std::int64_t>(time.dwLowDateTime);
+  return std::chrono::sys_seconds(
+      std::chrono::seconds(ticks / kTicksInSecond - kSecondsFrom1601To1970));
+}
+
 std::wstring RealName(const std::string& path) {
   std::wstring name = WideTextOf(path);
-  const KernelHandle file = Open(name, 0);
+  const KernelHandle file = OpenShared(name, 0);
   const DWORD size =
       file.Valid() ? GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED) : 0;
   if (size == 0) return name;

@@ -2,9 +2,19 @@
 
 #include <windows.h>
 
+#include <chrono>
 #include <string>
 
+#include "platform/windows/handle_windows.h"
+
 namespace tarvo {
+
+/// Opens a file that others may go on reading, writing, renaming and deleting.
+KernelHandle OpenShared(const std::wstring& path, DWORD access, DWORD disposition = OPEN_EXISTING,
+                        DWORD flags = FILE_ATTRIBUTE_NORMAL);
+
+/// A file's time, which the system counts in 100 ns from 1601 on.
+std::chrono::sys_seconds SecondsOf(const FILETIME& time);
 
 /// The path of the file itself: a symbolic link's target, otherwise the given path. A file
 /// that is not there, and one that cannot be asked, has the given path.

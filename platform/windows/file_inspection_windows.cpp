@@ -4,30 +4,22 @@
 #include <utility>
 
 #include "platform/windows/code_page_windows.h"
+#include "platform/windows/file_identity_windows.h"
 #include "platform/windows/file_swap_windows.h"
 #include "platform/windows/handle_windows.h"
 
 namespace tarvo {
 namespace {
 
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-constexpr std::int64_t kTicksInSecond = 10000000;  // Of 100 ns.
-constexpr std::int64_t kSecondsFrom1601To1970 = 11644473600;
-constexpr std::size_t kLongestRead = 16 * 1024 * 1024;
+constexpr std::size_t kLongestPart = 16 * 1024 * 1024;
 
-KernelHandle Open(const std::wstring& path, DWORD access) {
-  return KernelHandle(CreateFileW(path.c_str(), access, kShareAll, nullptr, OPEN_EXISTING,
-                                  FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+/// A folder as well.
+KernelHandle OpenAny(const std::wstring& path, DWORD access) {
+  return OpenShared(path, access, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
 }
 
 std::uint64_t Joined(DWORD high, DWORD low) {
   return (static_cast<std::uint64_t>(high) << 32) | low;
-}
-
-std::chrono::sys_seconds SecondsOf(const FILETIME& time) {
-  const auto ticks = static_cast<std::int64_t>(Joined(time.dwHighDateTime, time.dwLowDateTime));
-  return std::chrono::sys_seconds(
-      std::chrono::seconds(ticks / kTicksInSecond - kSecondsFrom1601To1970));
 }
 
 /// Of the errors of a path that cannot be opened: those by which its drive or share is not there.
@@ -55,7 +47,7 @@ FileLook LookByName(const std::wstring& path) {
 FileLook Look(const std::wstring& path) {
   FileLook look = LookByName(path);
   if (look.outcome != FileLook::Outcome::There) return look;
-  const KernelHandle file = Open(path, FILE_READ_ATTRIBUTES);
+  const KernelHandle file = OpenAny(path, FILE_READ_ATTRIBUTES);
   BY_HANDLE_FILE_INFORMATION found{};
   if (!file.Valid() || GetFileInformationByHandle(file.Get(), &found) == 0) return look;
   look.size = Joined(found.nFileSizeHigh, found.nFileSizeLow);
@@ -83,8 +75,8 @@ FileLook WindowsFileInspection::LookAt(const std::string& path, std::uint32_t mi
 
 ReadResult WindowsFileInspection::ReadBeginning(const std::string& path, std::size_t most,
                                                 std::string& text) {
-  const KernelHandle file(CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
-                                      FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  const KernelHandle file =
+      OpenShared(WideTextOf(path), GENERIC_READ, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
   if (!file.Valid()) {
     const DWORD error = GetLastError();
     const bool missing = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
@@ -97,7 +89,7 @@ ReadResult WindowsFileInspection::ReadBeginning(const std::string& path, std::si
   std::string content(wanted, '\0');
   std::size_t done = 0;
   while (done < wanted) {
-    const auto part = static_cast<DWORD>(std::min(wanted - done, kLongestRead));
+    const auto part = static_cast<DWORD>(std::min(wanted - done, kLongestPart));
     DWORD count = 0;
     if (ReadFile(file.Get(), content.data() + done, part, &count, nullptr) == 0) {
       return ReadResult::Failed;
@@ -120,7 +112,7 @@ std::optional<FileFault> WindowsFileInspection::WhyUnwritable(const std::string&
     return FileFaultOf(ERROR_ACCESS_DENIED);
   }
   const DWORD access = isFolder ? FILE_ADD_FILE : GENERIC_WRITE | DELETE;
-  if (Open(wide, access).Valid()) return std::nullopt;
+  if (OpenAny(wide, access).Valid()) return std::nullopt;
   return FileFaultOf(GetLastError());
 }
 

@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::size_t kLongestWrite = 16 * 1024 * 1024;
 constexpr DWORD kDiskQuotaExceeded = 1295;
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 FileTrouble TroubleOf(DWORD error) {
   switch (error) {
@@ -32,18 +31,13 @@ FileTrouble TroubleOf(DWORD error) {
   }
 }
 
-KernelHandle Open(const std::wstring& path, DWORD access, DWORD share) {
-  return KernelHandle(CreateFileW(path.c_str(), access, share, nullptr, OPEN_EXISTING,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr));
-}
-
 /// Whether the target may be replaced now, asked before much is written in vain. An executable that
 /// runs refuses to be opened for writing; some systems would still let it be renamed over.
 DWORD CheckTarget(const std::wstring& target) {
   const DWORD attributes = GetFileAttributesW(target.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return ERROR_SUCCESS;
   if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) return ERROR_ACCESS_DENIED;
-  return Open(target, GENERIC_WRITE | DELETE, kShareAll).Valid() ? ERROR_SUCCESS : GetLastError();
+  return OpenShared(target, GENERIC_WRITE | DELETE).Valid() ? ERROR_SUCCESS : GetLastError();
 }
 
 DWORD MakeBeside(const std::wstring& target, const std::wstring& beside, SwapSteps& steps,
@@ -52,7 +46,7 @@ DWORD MakeBeside(const std::wstring& target, const std::wstring& beside, SwapSte
   SetFileAttributesW(beside.c_str(), FILE_ATTRIBUTE_NORMAL);
   if (const DWORD error = fill(beside)) return error;
   SetFileAttributesW(beside.c_str(), FILE_ATTRIBUTE_NORMAL);
-  const KernelHandle file = Open(beside, GENERIC_WRITE, kShareAll);
+  const KernelHandle file = OpenShared(beside, GENERIC_WRITE);
   if (!file.Valid()) return GetLastError();
   InheritIdentity(target, beside);
   return steps.Flush(file.Get());

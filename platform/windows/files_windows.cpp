@@ -9,13 +9,13 @@
 #include <utility>
 
 #include "platform/windows/code_page_windows.h"
+#include "platform/windows/file_identity_windows.h"
 #include "platform/windows/handle_windows.h"
 #include "platform/windows/system_message_windows.h"
 
 namespace tarvo {
 namespace {
 
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr std::int64_t kLongestText = std::numeric_limits<std::int32_t>::max() - 1;
 constexpr DWORD kLongestRead = 16 * 1024 * 1024;
 
@@ -52,8 +52,8 @@ bool WindowsFileReader::Exists(const std::string& path) {
 }
 
 ReadResult WindowsFileReader::ReadText(const std::string& path, std::string& text) {
-  const KernelHandle file(CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
-                                      FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  const KernelHandle file =
+      OpenShared(WideTextOf(path), GENERIC_READ, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
   if (!file.Valid()) return MeansMissing(GetLastError()) ? ReadResult::Missing : ReadResult::Failed;
   LARGE_INTEGER size{};
   if (GetFileSizeEx(file.Get(), &size) == 0) return ReadResult::Failed;
@@ -95,9 +95,7 @@ std::vector<std::string> WindowsFolderLister::FilesEndingWith(const std::string&
 }
 
 std::optional<FileFault> WindowsFileDiagnosis::WhyUnreadable(const std::string& path) {
-  constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  const KernelHandle file(
-      CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+  const KernelHandle file = OpenShared(WideTextOf(path), GENERIC_READ);
   if (file.Valid()) return std::nullopt;
   const DWORD error = GetLastError();
   if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return std::nullopt;

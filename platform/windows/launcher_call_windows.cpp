@@ -13,7 +13,7 @@ namespace tarvo {
 namespace {
 
 constexpr char kDigits[] = "0123456789abcdef";
-constexpr DWORD kStep = 100;           // Milliseconds between two looks at the launcher.
+constexpr DWORD kBetweenLooks = 100;   // Milliseconds between two looks at the launcher.
 constexpr DWORD kLongestStart = 3000;  // Until the window of a launcher that starts is there.
 
 std::string PipeName(const std::string& address) {
@@ -118,7 +118,7 @@ class OpenCall {
     for (;;) {
       const DWORD left = Left();
       const bool there = IsWindow(window_) != FALSE;
-      if (operation.Wait(std::min(left, kStep))) return CallEnd::Answered;
+      if (operation.Wait(std::min(left, kBetweenLooks))) return CallEnd::Answered;
       // Looked at before the wait: what the launcher did last counts still.
       if (!there) return CallEnd::LineBroken;
       if (left == 0) return CallEnd::TimeOver;
@@ -182,10 +182,10 @@ CallResult WindowsLauncherCall::Call(const std::string& instanceName, const std:
                                      std::uint32_t longestWait) {
   if (record.size() + kAddressLength > kLongestMessage) return {CallEnd::LineBroken, {}};
   HWND window = PublishedWindow(instanceName);
-  for (DWORD waited = 0; window == nullptr; waited += kStep) {
+  for (DWORD waited = 0; window == nullptr; waited += kBetweenLooks) {
     if (!IsLockHeld(instanceName)) return {CallEnd::NoLauncher, {}};
     if (waited >= std::min<DWORD>(kLongestStart, longestWait)) return {CallEnd::NotReached, {}};
-    Sleep(kStep);
+    Sleep(kBetweenLooks);
     window = PublishedWindow(instanceName);
   }
   return OpenCall(window, longestWait).Make(record);

@@ -8,9 +8,9 @@
 namespace tarvo {
 namespace {
 
-class Control : public ::testing::Test {
+class ControlledProcesses : public ::testing::Test {
  protected:
-  Control() {
+  ControlledProcesses() {
     for (DropDownList& chooser : Exes) {
       for (const char* name : {kLogin, kChar, kMap}) chooser.AddItem(name);
     }
@@ -33,7 +33,7 @@ TEST(PriorityClass, FollowsTheListAndNotItsNames) {
   for (const auto& c : cases) EXPECT_EQ(PriorityClassFor(c.index), c.priorityClass) << c.index;
 }
 
-TEST_F(Control, FindsAProcessByItsWholeFileNameInAnyLetterCase) {
+TEST_F(ControlledProcesses, FindsAProcessByItsWholeFileNameInAnyLetterCase) {
   const ProcessId id = machine.processes.StartForeign("Login-Server.EXE");
   const struct {
     const char* name;
@@ -47,7 +47,7 @@ TEST_F(Control, FindsAProcessByItsWholeFileNameInAnyLetterCase) {
   }
 }
 
-TEST_F(Control, LettersOutsideOfAsciiMeetInAnyLetterCaseToo) {
+TEST_F(ControlledProcesses, LettersOutsideOfAsciiMeetInAnyLetterCaseToo) {
   const ProcessId id = machine.processes.StartForeign("SERVIDOR-\xD1.EXE");
   EXPECT_EQ(control.FindProcessByName("servidor-\xF1.exe"), id);
   EXPECT_EQ(control.FindProcessByName("Servidor-\xD1.exe"), id);
@@ -58,13 +58,13 @@ TEST_F(Control, LettersOutsideOfAsciiMeetInAnyLetterCaseToo) {
   EXPECT_EQ(control.FindProcessByName("SERVIDOR-\xD1.EXE"), 0u);
 }
 
-TEST_F(Control, AnEmptyNameFindsAndEndsNothingWithoutASnapshot) {
+TEST_F(ControlledProcesses, AnEmptyNameFindsAndEndsNothingWithoutASnapshot) {
   EXPECT_EQ(control.FindProcessByName(""), 0u);
   control.KillProcessesByName("");
   EXPECT_EQ(machine.recorder.Count(), 0u);
 }
 
-TEST_F(Control, OfTwoCopiesTheFirstIsFoundAndBothAreEnded) {
+TEST_F(ControlledProcesses, OfTwoCopiesTheFirstIsFoundAndBothAreEnded) {
   const ProcessId first = machine.processes.StartForeign(kMap);
   machine.processes.StartForeign("MAP-server.exe");
   machine.processes.StartForeign(kLogin);
@@ -74,7 +74,7 @@ TEST_F(Control, OfTwoCopiesTheFirstIsFoundAndBothAreEnded) {
   EXPECT_EQ(machine.processes.Named(kLogin).size(), 1u);
 }
 
-TEST_F(Control, APriorityOfNoProcessHasNoEffect) {
+TEST_F(ControlledProcesses, APriorityOfNoProcessHasNoEffect) {
   const ProcessId id = machine.processes.StartForeign(kMap);
   control.SetPriority(0, 0x80);
   control.SetPriority(4711, 0x80);
@@ -83,7 +83,7 @@ TEST_F(Control, APriorityOfNoProcessHasNoEffect) {
   EXPECT_EQ(machine.processes.TheOne(kMap).priorityClass, 0x80u);
 }
 
-TEST_F(Control, TheMainWindowIsTheFirstInFrontThatHasNoParent) {
+TEST_F(ControlledProcesses, TheMainWindowIsTheFirstInFrontThatHasNoParent) {
   const ProcessId id = machine.processes.StartForeign(kMap);
   const WindowHandle behind = machine.processes.WindowOf(id)->handle;
   const WindowHandle child = machine.processes.OpenWindow(id, behind);
@@ -96,7 +96,7 @@ TEST_F(Control, TheMainWindowIsTheFirstInFrontThatHasNoParent) {
   EXPECT_EQ(control.FindMainWindow(id), inFront);
 }
 
-TEST_F(Control, AProcessWithoutAWindowOrWithAChildWindowAloneHasNone) {
+TEST_F(ControlledProcesses, AProcessWithoutAWindowOrWithAChildWindowAloneHasNone) {
   machine.processes.Program(kMap).opensWindow = false;
   const ProcessId id = machine.processes.StartForeign(kMap);
   EXPECT_EQ(control.FindMainWindow(id), 0);
@@ -104,12 +104,12 @@ TEST_F(Control, AProcessWithoutAWindowOrWithAChildWindowAloneHasNone) {
   EXPECT_EQ(control.FindMainWindow(id), 0);
 }
 
-TEST_F(Control, ProcessZeroOwnsNoWindow) {
+TEST_F(ControlledProcesses, ProcessZeroOwnsNoWindow) {
   machine.processes.OpenWindow(0);
   EXPECT_EQ(control.FindMainWindow(0), 0);
 }
 
-TEST_F(Control, AWalkThatLosesItsWindowIsBegunAgain) {
+TEST_F(ControlledProcesses, AWalkThatLosesItsWindowIsBegunAgain) {
   // A window that vanished under the walk ended it early, and a healthy server was restarted.
   const ProcessId id = machine.processes.StartForeign(kMap);
   const WindowHandle main = machine.processes.WindowOf(id)->handle;
@@ -122,7 +122,7 @@ TEST_F(Control, AWalkThatLosesItsWindowIsBegunAgain) {
 }
 
 // Twenty walks that lost their window were taken for "no window", and a healthy server was killed.
-TEST_F(Control, WalksThatLoseTheirWindowsWithoutEndProveNothing) {
+TEST_F(ControlledProcesses, WalksThatLoseTheirWindowsWithoutEndProveNothing) {
   const ProcessId id = machine.processes.StartForeign(kMap);
   const WindowHandle main = machine.processes.WindowOf(id)->handle;
   for (int i = 0; i < 25; ++i) {
@@ -134,7 +134,7 @@ TEST_F(Control, WalksThatLoseTheirWindowsWithoutEndProveNothing) {
   EXPECT_EQ(control.FindMainWindow(id), main);
 }
 
-TEST_F(Control, AListThatTurnsInACircleProvesNothing) {
+TEST_F(ControlledProcesses, AListThatTurnsInACircleProvesNothing) {
   const ProcessId none = machine.processes.StartForeign("other.exe");
   machine.processes.CloseWindows(none);
   const ProcessId id = machine.processes.StartForeign(kMap);
@@ -145,7 +145,7 @@ TEST_F(Control, AListThatTurnsInACircleProvesNothing) {
   EXPECT_EQ(control.FindMainWindow(id), machine.processes.WindowOf(id)->handle);
 }
 
-TEST_F(Control, AWindowThatVanishesAtTheEndOfTheListHidesNothing) {
+TEST_F(ControlledProcesses, AWindowThatVanishesAtTheEndOfTheListHidesNothing) {
   const ProcessId gone = machine.processes.StartForeign("other.exe");
   const WindowHandle last = machine.processes.Windows().back().handle;
   machine.processes.VanishUnderWalk(last);
@@ -155,7 +155,7 @@ TEST_F(Control, AWindowThatVanishesAtTheEndOfTheListHidesNothing) {
   EXPECT_EQ(machine.recorder.CountOf("windows.first"), 3u);
 }
 
-TEST_F(Control, ThatAProcessOwnsNoWindowIsBelievedAfterASecondWalk) {
+TEST_F(ControlledProcesses, ThatAProcessOwnsNoWindowIsBelievedAfterASecondWalk) {
   const ProcessId id = machine.processes.StartForeign("other.exe");
   EXPECT_NE(control.FindMainWindow(id), 0);
   EXPECT_EQ(machine.recorder.CountOf("windows.first"), 1u);
@@ -164,7 +164,7 @@ TEST_F(Control, ThatAProcessOwnsNoWindowIsBelievedAfterASecondWalk) {
   EXPECT_EQ(machine.recorder.CountOf("windows.first"), 3u);
 }
 
-TEST_F(Control, ShowingUsesTheNormalStateAndHidingHides) {
+TEST_F(ControlledProcesses, ShowingUsesTheNormalStateAndHidingHides) {
   const ProcessId id = machine.processes.StartForeign(kMap);
   const WindowHandle window = machine.processes.WindowOf(id)->handle;
   EXPECT_EQ(control.ShowComponentWindow(window, true), 0);
@@ -175,13 +175,13 @@ TEST_F(Control, ShowingUsesTheNormalStateAndHidingHides) {
   EXPECT_EQ(machine.recorder.Calls().back(), "windows.show(" + std::to_string(window) + ", 0)");
 }
 
-TEST_F(Control, NoWindowIsShownWithoutACall) {
+TEST_F(ControlledProcesses, NoWindowIsShownWithoutACall) {
   EXPECT_EQ(control.ShowComponentWindow(0, true), 0);
   EXPECT_EQ(control.ShowComponentWindow(0, false), 0);
   EXPECT_EQ(machine.recorder.Count(), 0u);
 }
 
-TEST_F(Control, LaunchesTheChosenExecutableOfTheRoot) {
+TEST_F(ControlledProcesses, LaunchesTheChosenExecutableOfTheRoot) {
   const ProcessId id = control.LaunchComponent(ComponentKind::Char).id;
   EXPECT_EQ(machine.processes.TheOne(kChar).id, id);
   EXPECT_EQ(machine.recorder.Calls(),
@@ -189,7 +189,7 @@ TEST_F(Control, LaunchesTheChosenExecutableOfTheRoot) {
                                       "processes.launch(C:\\srv\\char-server.exe)"}));
 }
 
-TEST_F(Control, ALaunchOfAMissingFileIsAFault) {
+TEST_F(ControlledProcesses, ALaunchOfAMissingFileIsAFault) {
   machine.processes.LoseExecutables();
   try {
     control.LaunchComponent(ComponentKind::Map);
@@ -201,7 +201,7 @@ TEST_F(Control, ALaunchOfAMissingFileIsAFault) {
   }
 }
 
-TEST_F(Control, ALaunchThatIsRefusedForAnotherReasonTellsIt) {
+TEST_F(ControlledProcesses, ALaunchThatIsRefusedForAnotherReasonTellsIt) {
   machine.processes.Program(kMap).launchFault = NoRights();
   const LaunchResult launched = control.LaunchComponent(ComponentKind::Map);
   EXPECT_EQ(launched.id, 0u);
@@ -209,7 +209,7 @@ TEST_F(Control, ALaunchThatIsRefusedForAnotherReasonTellsIt) {
   EXPECT_EQ(launched.reason.description, "Access is denied");
 }
 
-TEST_F(Control, StoppingEndsEveryProcessOfTheName) {
+TEST_F(ControlledProcesses, StoppingEndsEveryProcessOfTheName) {
   for (int i = 0; i < 3; ++i) machine.processes.StartForeign(kMap);
   const std::uint64_t start = machine.clock.Age();
   EXPECT_TRUE(control.StopProcesses(ComponentKind::Map));
@@ -217,7 +217,7 @@ TEST_F(Control, StoppingEndsEveryProcessOfTheName) {
   EXPECT_TRUE(machine.processes.Named(kMap).empty());
 }
 
-TEST_F(Control, StoppingEndsWhatHasSurvivedTheFirstTime) {
+TEST_F(ControlledProcesses, StoppingEndsWhatHasSurvivedTheFirstTime) {
   machine.processes.StartForeign(kMap);
   machine.processes.TheOne(kMap).program.refusesToDie = true;
   int rounds = 0;
@@ -229,7 +229,7 @@ TEST_F(Control, StoppingEndsWhatHasSurvivedTheFirstTime) {
   EXPECT_EQ(rounds, 2);
 }
 
-TEST_F(Control, StoppingWaitsForAProcessThatTakesItsTimeToDie) {
+TEST_F(ControlledProcesses, StoppingWaitsForAProcessThatTakesItsTimeToDie) {
   machine.processes.Program(kMap).dyingTime = 300;
   machine.processes.StartForeign(kMap);
   const std::uint64_t start = machine.clock.Age();
@@ -238,7 +238,7 @@ TEST_F(Control, StoppingWaitsForAProcessThatTakesItsTimeToDie) {
   EXPECT_EQ(machine.clock.Age() - start, 300u);
 }
 
-TEST_F(Control, StoppingGivesUpAProcessThatRefusesToDie) {
+TEST_F(ControlledProcesses, StoppingGivesUpAProcessThatRefusesToDie) {
   machine.processes.Program(kMap).refusesToDie = true;
   machine.processes.StartForeign(kMap);
   const std::uint64_t start = machine.clock.Age();
@@ -246,7 +246,7 @@ TEST_F(Control, StoppingGivesUpAProcessThatRefusesToDie) {
   EXPECT_EQ(machine.clock.Age() - start, 5000u);
 }
 
-TEST_F(Control, StoppingMeasuresItsTimeAcrossTheWrapOfTheTickCount) {
+TEST_F(ControlledProcesses, StoppingMeasuresItsTimeAcrossTheWrapOfTheTickCount) {
   machine.clock.SetTicks(0xFFFFFFFF - 1000);
   machine.processes.Program(kMap).refusesToDie = true;
   machine.processes.StartForeign(kMap);

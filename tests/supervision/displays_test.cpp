@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-AlarmState State(int number) { return static_cast<AlarmState>(number); }
+AlarmState StateOfNumber(int number) { return static_cast<AlarmState>(number); }
 
 TEST(StatusCode, HasOneNumberForEachCombinationButOne) {
   const struct {
@@ -25,10 +25,12 @@ TEST(StatusCode, HasOneNumberForEachCombinationButOne) {
                {0, 2, 0, 25}};
   static_assert(std::size(cases) == 26);
   for (const auto& c : cases) {
-    EXPECT_EQ(StatusCodeFor(State(c.login), State(c.charServer), State(c.map)), c.code)
+    EXPECT_EQ(
+        StatusCodeFor(StateOfNumber(c.login), StateOfNumber(c.charServer), StateOfNumber(c.map)),
+        c.code)
         << c.login << c.charServer << c.map;
   }
-  EXPECT_FALSE(StatusCodeFor(State(1), State(2), State(1)));
+  EXPECT_FALSE(StatusCodeFor(StateOfNumber(1), StateOfNumber(2), StateOfNumber(1)));
 }
 
 TEST(StatusCode, StandsForItsStatesAndAnyOtherNumberForNothingWatched) {
@@ -47,7 +49,7 @@ TEST(StatusLightsShown, AreRedGreenAndGrey) {
   EXPECT_EQ(ColourOf(LightStateOf(AlarmState::Trouble)), 255u);
   EXPECT_EQ(ColourOf(LightStateOf(AlarmState::Healthy)), 49152u);
   EXPECT_EQ(ColourOf(LightStateOf(AlarmState::NotWatched)), 0xC0C0C0u);
-  EXPECT_EQ(ColourOf(LightStateOf(State(7))), 0xC0C0C0u);
+  EXPECT_EQ(ColourOf(LightStateOf(StateOfNumber(7))), 0xC0C0C0u);
 }
 
 TEST(StatusLightsShown, TheOneCombinationWithoutACodeKeepsTheLastOne) {

@@ -5,10 +5,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-std::string Saved(const char* server) {
-  return std::string("C:\\srv\\LBackup\\202611211000_") + server;
-}
-
 /// Copies that fail: the fault names the files and the reason, what was copied stays, no date is
 /// remembered and nothing is started again.
 class UpgradeFaults : public UpgradeStory {
@@ -33,7 +29,7 @@ Step StepOf(int n) {
   const char* const servers[] = {kLogin, kChar, kMap};
   const char* server = servers[(n - 1) % 3];
   const std::string old = std::string("C:\\srv\\") + server;
-  if (n <= 3) return {old, Saved(server)};
+  if (n <= 3) return {old, SavedAtTen(server)};
   return {std::string("C:\\new\\") + server, old};
 }
 
@@ -254,10 +250,10 @@ TEST_F(UpgradeFaults, AMissingOldExecutableIsAFailedCopyOfTheBackup) {
   StartReady();
   machine.files.Remove(Target(ComponentKind::Char));
   PressUpgrade();
-  ExpectFault(
-      53, "File not found",
-      "Copying C:\\srv\\char-server.exe to " + Saved(kChar) + ": File not found (system error 2)");
-  EXPECT_EQ(machine.files.TextOf(Saved(kLogin)), "old Login");
+  ExpectFault(53, "File not found",
+              "Copying C:\\srv\\char-server.exe to " + SavedAtTen(kChar) +
+                  ": File not found (system error 2)");
+  EXPECT_EQ(machine.files.TextOf(SavedAtTen(kLogin)), "old Login");
 }
 
 TEST_F(UpgradeFaults, AnEmptyChooserIsAFailedCopyWithAndWithoutBackup) {

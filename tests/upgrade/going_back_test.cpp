@@ -3,10 +3,6 @@
 namespace tarvo {
 namespace {
 
-std::string Saved(const char* server) {
-  return std::string("C:\\srv\\LBackup\\202611211000_") + server;
-}
-
 /// A new build that turns out bad, and the way back to the good one within the minute of its
 /// upgrade: its backup is then both what is to be put in and what the bad build is to be saved as.
 class GoingBackAtOnce : public UpgradeStory {
@@ -26,7 +22,7 @@ class GoingBackAtOnce : public UpgradeStory {
     StartReady();
     PressUpgrade();
     const char* const servers[] = {kLogin, kChar, kMap};
-    for (ComponentKind kind : kComponents) TypePath(kind, Saved(servers[IndexOf(kind)]));
+    for (ComponentKind kind : kComponents) TypePath(kind, SavedAtTen(servers[IndexOf(kind)]));
     NewLines();
     machine.boxes.NewTexts();
   }
@@ -59,7 +55,7 @@ TEST_F(GoingBackAtOnce, PutsTheGoodBuildsInAndSavesTheBadOnes) {
 TEST_F(GoingBackAtOnce, KnowsABackupByEveryName) {
   UpgradeAndChooseTheBackups();
   TypePath(ComponentKind::Login, "c:\\SRV\\lbackup\\202611211000_LOGIN-server.exe");
-  machine.files.Link("E:\\good.exe", Saved(kMap));
+  machine.files.Link("E:\\good.exe", SavedAtTen(kMap));
   TypePath(ComponentKind::Map, "E:\\good.exe");
   PressUpgrade();
   EXPECT_EQ(Lying(), kGoneBack);
@@ -67,8 +63,8 @@ TEST_F(GoingBackAtOnce, KnowsABackupByEveryName) {
 
 TEST_F(GoingBackAtOnce, KnowsTheBackupOfAnotherComponent) {
   UpgradeAndChooseTheBackups();
-  TypePath(ComponentKind::Login, Saved(kMap));
-  TypePath(ComponentKind::Map, Saved(kLogin));
+  TypePath(ComponentKind::Login, SavedAtTen(kMap));
+  TypePath(ComponentKind::Map, SavedAtTen(kLogin));
   PressUpgrade();
   EXPECT_EQ(machine.files.TextOf(Target(ComponentKind::Login)), "good Map");
   EXPECT_EQ(machine.files.TextOf(Target(ComponentKind::Map)), "good Login");
@@ -90,7 +86,7 @@ TEST_F(GoingBackAtOnce, TakesNothingAsideWhenNothingWouldBeOverwritten) {
   PressUpgrade();
   EXPECT_EQ(machine.recorder.CountOf("copies.copy"), 6u);
   EXPECT_EQ(machine.recorder.CountOf("copies.remove"), 0u);
-  EXPECT_EQ(machine.files.TextOf(Saved(kMap)), "good Map");
+  EXPECT_EQ(machine.files.TextOf(SavedAtTen(kMap)), "good Map");
   EXPECT_EQ(machine.files.TextOf(Target(ComponentKind::Map)), "good Map");
 }
 
@@ -158,7 +154,7 @@ TEST_F(UpgradeStory, ANewFileThatIsItsOwnTargetStaysAsItIs) {
   EXPECT_EQ(machine.boxes.NewTexts(), "Upgrade was succesfull!\n");
   EXPECT_EQ(machine.files.TextOf(Target(ComponentKind::Map)), "old Map");
   EXPECT_EQ(machine.files.MarksOf(Target(ComponentKind::Map)), "hidden");
-  EXPECT_EQ(machine.files.TextOf(Saved(kMap)), "old Map");
+  EXPECT_EQ(machine.files.TextOf(SavedAtTen(kMap)), "old Map");
   EXPECT_EQ(machine.files.TextOf(Target(ComponentKind::Login)), "new Login");
 }
 

@@ -6,6 +6,11 @@
 
 namespace tarvo {
 
+/// The backup of a server that the upgrade of ten o'clock, the story's time, has made.
+inline std::string SavedAtTen(const char* server) {
+  return std::string("C:\\srv\\LBackup\\202611211000_") + server;
+}
+
 /// A root with three old executables, and three newly built ones in C:\new, the login server's of
 /// the first of January 2026, the others a day later each.
 class UpgradeStory : public LauncherStory {

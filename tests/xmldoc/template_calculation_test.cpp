@@ -9,15 +9,6 @@
 namespace tarvo {
 namespace {
 
-template <std::size_t kCount>
-void ExpectFields(const TemplateCase (&cases)[kCount], const TemplatePorts& ports = {}) {
-  for (const TemplateCase& one : cases) {
-    EXPECT_EQ(Filled("<r><n>7</n></r>", std::string("<@field ") + one.source + ">", ports),
-              one.outcome)
-        << one.source;
-  }
-}
-
 TEST(TemplateCalculations, GoByRanksAndFromTheLeft) {
   ExpectFields({
       {"cal(8-3-2)", "3"},     {"cal(8-3+2)", "7"},        {"cal(24/4/2)", "3"},

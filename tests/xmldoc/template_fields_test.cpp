@@ -8,14 +8,14 @@
 namespace tarvo {
 namespace {
 
-constexpr const char* kDocument =
+constexpr const char* kFieldsDocument =
     "<r><name>Night Watch</name><Name>Night's Watch</Name><n>7</n><op>1,2;3|4)=\"x\"</op>"
     "<c><v>first</v></c><C><v>last</v><d><e>deep</e></d></C></r>";
 
 void ExpectAll(const TemplateCase* begin, const TemplateCase* end) {
   FakePorts fakes;
   for (const TemplateCase* one = begin; one != end; ++one) {
-    EXPECT_EQ(Filled(kDocument, std::string("<@field ") + one->source + ">", fakes.All()),
+    EXPECT_EQ(Filled(kFieldsDocument, std::string("<@field ") + one->source + ">", fakes.All()),
               one->outcome)
         << one->source;
   }
@@ -241,7 +241,7 @@ TEST(TemplateFields, Choose) {
 }
 
 TEST(TemplateFields, StoreValues) {
-  const Ref<Document> document = DocumentOf(kDocument);
+  const Ref<Document> document = DocumentOf(kFieldsDocument);
   EXPECT_EQ(document->HTMLExport("<@field LET n=8>[<@field n>]"), "[8]");
   EXPECT_EQ(document->HTMLExport("<@field let fresh = a <b VAR(n)>"), "");
   EXPECT_EQ(document->Fields().Field("fresh")->Value(), "a <b 8");
@@ -280,7 +280,7 @@ TEST(TemplateFields, BoundTheValuesThatTheyMake) {
 TEST(TemplateFields, AskChanceWithinItsRange) {
   FakePorts fakes;
   const std::string source = "<@field RANDOM(6)> <@field RANDOM()> <@field RANDOM( 2147483647 )>";
-  EXPECT_EQ(Filled(kDocument, source, fakes.All()), "6 1000 2147483647");
+  EXPECT_EQ(Filled(kFieldsDocument, source, fakes.All()), "6 1000 2147483647");
   EXPECT_EQ(fakes.random.bounds, (std::vector<std::uint32_t>{6, 1000, 2147483647}));
   ExpectAll({
       {"RANDOM(0)", "5 parse.field: Invalid procedure call or argument"},
@@ -292,19 +292,19 @@ TEST(TemplateFields, AskChanceWithinItsRange) {
 
 TEST(TemplateFields, CallExternalComponents) {
   FakePorts fakes;
-  EXPECT_EQ(Filled(kDocument, "<@field ext(Some.Thing,Do,VAR(n),b)>", fakes.All()), "called");
-  EXPECT_EQ(Filled(kDocument, "<@field ext(Some.Thing;Do)>", fakes.All()), "called");
+  EXPECT_EQ(Filled(kFieldsDocument, "<@field ext(Some.Thing,Do,VAR(n),b)>", fakes.All()), "called");
+  EXPECT_EQ(Filled(kFieldsDocument, "<@field ext(Some.Thing;Do)>", fakes.All()), "called");
   EXPECT_EQ(fakes.components.calls,
             (std::vector<std::string>{"Some.Thing.Do(7,b)", "Some.Thing.Do()"}));
   fakes.components.answer = {false, "Invalid class string"};
-  EXPECT_EQ(Filled(kDocument, "[<@field ext(Some.Thing,Do,x)>]", fakes.All()),
+  EXPECT_EQ(Filled(kFieldsDocument, "[<@field ext(Some.Thing,Do,x)>]", fakes.All()),
             "10107 parse.external: Some.Thing.Do: Invalid class string");
   fakes.components.answer = {true, ""};
-  EXPECT_EQ(Filled(kDocument, "[<@field ext(Some.Thing,Do)>]", fakes.All()), "[]");
+  EXPECT_EQ(Filled(kFieldsDocument, "[<@field ext(Some.Thing,Do)>]", fakes.All()), "[]");
   std::string arguments;
   for (int i = 0; i < 30; ++i) arguments += ",x";
-  EXPECT_EQ(Filled(kDocument, "<@field ext(a,b" + arguments + ")>", fakes.All()), "");
-  EXPECT_EQ(Filled(kDocument, "<@field ext(a,b,x" + arguments + ")>", fakes.All()),
+  EXPECT_EQ(Filled(kFieldsDocument, "<@field ext(a,b" + arguments + ")>", fakes.All()), "");
+  EXPECT_EQ(Filled(kFieldsDocument, "<@field ext(a,b,x" + arguments + ")>", fakes.All()),
             "10105 parse.field: Too many arguments: ext");
 }
 
@@ -319,7 +319,7 @@ TEST(TemplateFields, ProduceNothingWithoutTheirPorts) {
       {"[<sendmail TO=\"a@b\">x</sendmail>]", "[]"},
   };
   for (const TemplateCase& one : cases)
-    EXPECT_EQ(Filled(kDocument, one.source), one.outcome) << one.source;
+    EXPECT_EQ(Filled(kFieldsDocument, one.source), one.outcome) << one.source;
 }
 
 TEST(TemplateFields, NestTenThousandDeep) {
@@ -332,10 +332,10 @@ TEST(TemplateFields, NestTenThousandDeep) {
     choices += "con(1=1,";
   }
   const std::string ends(10000, ')');
-  EXPECT_EQ(Filled(kDocument, "<@field " + calls + "x" + ends + ">"), "X");
-  EXPECT_EQ(Filled(kDocument, "<@field " + sums + "0" + ends + ends + ">"), "10000");
-  EXPECT_EQ(Filled(kDocument, "<@field " + choices + "x" + ends + ">"), "x");
-  EXPECT_EQ(Filled(kDocument, "<@field " + calls + "x>"),
+  EXPECT_EQ(Filled(kFieldsDocument, "<@field " + calls + "x" + ends + ">"), "X");
+  EXPECT_EQ(Filled(kFieldsDocument, "<@field " + sums + "0" + ends + ends + ">"), "10000");
+  EXPECT_EQ(Filled(kFieldsDocument, "<@field " + choices + "x" + ends + ">"), "x");
+  EXPECT_EQ(Filled(kFieldsDocument, "<@field " + calls + "x>"),
             "10105 parse.field: Missing \")\" of upp(");
 }
 
@@ -349,7 +349,7 @@ TEST(TemplateFields, ThatAreMalformedAreErrors) {
       {"<@ field n>", "<@ field n>"},
   };
   for (const TemplateCase& one : cases)
-    EXPECT_EQ(Filled(kDocument, one.source), one.outcome) << one.source;
+    EXPECT_EQ(Filled(kFieldsDocument, one.source), one.outcome) << one.source;
 }
 
 TEST(TemplateFields, OfADocumentWithoutAnythingAreEmpty) {

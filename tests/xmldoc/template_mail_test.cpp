@@ -9,13 +9,13 @@
 namespace tarvo {
 namespace {
 
-constexpr const char* kDocument =
+constexpr const char* kMailDocument =
     "<r><to>full@example.com</to><quote>say \"it's\" &gt; on</quote>"
     "<evil>x\" SERVER=\"evil&gt;&lt;/sendmail&gt;&lt;sendmail TO=\"y\"&gt;</evil>"
     "<m><to>one@example.com</to></m><m><to>two@example.com</to></m></r>";
 
 std::string FilledBy(FakePorts& fakes, const std::string& source) {
-  return Filled(kDocument, source, fakes.All());
+  return Filled(kMailDocument, source, fakes.All());
 }
 
 TEST(TemplateMail, HandsOverWhatTheDirectiveSays) {

@@ -9,7 +9,7 @@
 namespace tarvo {
 namespace {
 
-constexpr const char* kDocument =
+constexpr const char* kOrderDocument =
     "<r><x>0</x><b><x>1</x><c><x>11</x></c></b><b><x>2</x><c><x>21</x></c></b></r>";
 
 constexpr const char* kMalformed = "10101 VemtoParser.Maker: Tag mal formado";
@@ -60,25 +60,25 @@ TEST(TemplateOrder, OfFaultsIsThatOfThePasses) {
       {"<sendmail TO=\"a\"><@open ID=\"b\">.<@close ID=\"b\">", kNoMailEnd},
   };
   for (const TemplateCase& one : cases) {
-    EXPECT_EQ(Filled(kDocument, one.source), one.outcome) << one.source;
+    EXPECT_EQ(Filled(kOrderDocument, one.source), one.outcome) << one.source;
     if (!std::string(one.outcome).starts_with("10101")) {
       const std::string stores = std::string("<@field LET y=1>") + one.source;
-      EXPECT_EQ(Filled(kDocument, stores), one.outcome) << stores;
+      EXPECT_EQ(Filled(kOrderDocument, stores), one.outcome) << stores;
     }
   }
 }
 
 TEST(TemplateOrder, FillsFieldsInFrontOfABlockBehindIt) {
-  EXPECT_EQ(Filled(kDocument,
+  EXPECT_EQ(Filled(kOrderDocument,
                    "<@field x>(<@open ID=\"b\"><@field x>[<@open ID=\"c\"><@field x><@close "
                    "ID=\"c\">]<@field x><@close ID=\"b\">)<@field x>"),
             "0(1[11]12[21]2)0");
-  EXPECT_EQ(Filled(kDocument,
+  EXPECT_EQ(Filled(kOrderDocument,
                    "<@field seen><@open ID=\"b\"><@field n>,<@open ID=\"c\"><@field LET "
                    "y=VAR(x)><@field y>;<@close ID=\"c\"><@field LET n=VAR(x)><@close ID=\"b\">"
                    "<@field LET seen=!><@field b.c.y><@field seen>"),
             ",11;,21;21!");
-  EXPECT_EQ(Filled(kDocument,
+  EXPECT_EQ(Filled(kOrderDocument,
                    "<@open ID=\"b\"><@field set(z, VAR(c.z))><@open ID=\"c\"><@field set(z, "
                    "VAR(x))>;<@close ID=\"c\"><@field z>|<@close ID=\"b\">"),
             "1111;11|2121;21|");
@@ -117,7 +117,7 @@ TEST(TemplateOrder, NamesTheOutermostOfTheBlocksWithoutAnEnd) {
       {"<@open ID=\"b\"><@open ID=\"c\"><@open ID=\"b\"><@open ID=\"d\"><@close ID=\"b\">", "d"},
   };
   for (const auto& [source, named] : cases) {
-    EXPECT_EQ(Filled(kDocument, source), missing + named + "\">") << source;
+    EXPECT_EQ(Filled(kOrderDocument, source), missing + named + "\">") << source;
   }
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -34,5 +37,15 @@ struct TemplateCase {
   const char* source;
   const char* outcome;
 };
+
+/// What fields give in a document of one value, `n`, each field by itself and without its tag.
+template <std::size_t kCount>
+void ExpectFields(const TemplateCase (&cases)[kCount], const TemplatePorts& ports = {}) {
+  for (const TemplateCase& one : cases) {
+    EXPECT_EQ(Filled("<r><n>7</n></r>", std::string("<@field ") + one.source + ">", ports),
+              one.outcome)
+        << one.source;
+  }
+}
 
 }  // namespace tarvo

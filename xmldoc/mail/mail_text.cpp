@@ -9,7 +9,7 @@
 namespace tarvo {
 namespace {
 
-constexpr const char* kLineEnd = "\r\n";
+constexpr const char* kNewLine = "\r\n";
 constexpr std::size_t kMostLine = 998;
 
 std::string DateText(std::chrono::sys_seconds date) {
@@ -51,9 +51,9 @@ std::string WithLineEnds(std::string_view body) {
       continue;
     }
     if (body[i] == '\r' && i + 1 < body.size() && body[i + 1] == '\n') ++i;
-    text += kLineEnd;
+    text += kNewLine;
   }
-  if (!text.empty() && text.back() != '\n') text += kLineEnd;
+  if (!text.empty() && text.back() != '\n') text += kNewLine;
   return text;
 }
 
@@ -79,7 +79,7 @@ std::string QuotedPrintable(std::string_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
     if (c == '\r') {
-      encoded += kLineEnd;
+      encoded += kNewLine;
       column = 0;
       ++i;
       continue;
@@ -109,16 +109,16 @@ std::string MailText(const MailContent& content) {
   const std::string head =
       AddressHeader("From", {content.from}, charset) + AddressHeader("To", content.to, charset) +
       AddressHeader("Cc", content.cc, charset) + TextHeader("Subject", content.subject, charset) +
-      "Date: " + DateText(content.date) + kLineEnd;
+      "Date: " + DateText(content.date) + kNewLine;
   const std::string body = WithLineEnds(content.body);
   const bool plain = TravelsAsItIs(body);
   std::string rest = "MIME-Version: 1.0\r\n";
   rest += std::string("Content-Type: text/") + (content.html ? "html" : "plain") +
-          "; charset=" + charset + kLineEnd;
+          "; charset=" + charset + kNewLine;
   rest += std::string("Content-Transfer-Encoding: ") + (plain ? "7bit" : "quoted-printable") +
-          kLineEnd + kLineEnd;
+          kNewLine + kNewLine;
   rest += plain ? body : QuotedPrintable(body);
-  return head + "Message-ID: " + MessageId(content, head + rest) + kLineEnd + rest;
+  return head + "Message-ID: " + MessageId(content, head + rest) + kNewLine + rest;
 }
 
 std::string WithDotsStuffed(std::string_view text) {

@@ -12,8 +12,8 @@
 namespace tarvo {
 namespace {
 
-constexpr std::string_view kOpen = "<sendmail ";
-constexpr std::string_view kClose = "</sendmail>";
+constexpr std::string_view kMailOpen = "<sendmail ";
+constexpr std::string_view kMailClose = "</sendmail>";
 constexpr const char* kFailed = "xDocument[SENDMAIL] Error: ";
 constexpr char kValueMark = '\x01';
 constexpr int kDefaultPort = 25;
@@ -38,12 +38,12 @@ std::string WithoutValues(const TemplateText& filled) {
 
 std::vector<MailPlace> FindMails(std::string_view outline) {
   std::vector<MailPlace> mails;
-  auto at = FindIgnoringCase(outline, kOpen);
-  for (; at != std::string_view::npos; at = FindIgnoringCase(outline, kOpen, at)) {
+  auto at = FindIgnoringCase(outline, kMailOpen);
+  for (; at != std::string_view::npos; at = FindIgnoringCase(outline, kMailOpen, at)) {
     const std::size_t tagEnd = TemplateTagEnd(outline, at);
-    const auto close = FindIgnoringCase(outline, kClose, tagEnd);
-    if (close == std::string_view::npos) RaiseMissingBlockEnd(kClose);
-    mails.push_back({at, tagEnd, close, close + kClose.size()});
+    const auto close = FindIgnoringCase(outline, kMailClose, tagEnd);
+    if (close == std::string_view::npos) RaiseMissingBlockEnd(kMailClose);
+    mails.push_back({at, tagEnd, close, close + kMailClose.size()});
     at = mails.back().end;
   }
   return mails;

@@ -14,8 +14,6 @@
 namespace tarvo {
 namespace {
 
-using Kind = TemplatePart::Kind;
-
 constexpr std::string_view kDirective = "<@";
 constexpr std::string_view kOpen = "<@open ";
 constexpr std::string_view kClose = "<@close id=\"";
@@ -46,6 +44,8 @@ double Bound(std::string_view tag, std::string_view name, double otherwise) {
 
 class Parser {
  public:
+  using Kind = TemplatePart::Kind;
+
   explicit Parser(std::string_view text) : text_(text) {}
 
   ParsedTemplate Run() {

@@ -10,12 +10,12 @@
 namespace tarvo {
 namespace {
 
-using Kind = TemplateToken::Kind;
-
 bool IsWordPart(char c) { return IsLetter(c) || IsDigit(c) || c == '_'; }
 
 class Tokenizer {
  public:
+  using Kind = TemplateToken::Kind;
+
   explicit Tokenizer(std::string_view text) : text_(text) {}
 
   std::vector<TemplateToken> Run() {

@@ -11,7 +11,7 @@
 namespace tarvo {
 namespace {
 
-constexpr int kFailed = 1;
+constexpr int kUnreadable = 1;
 
 class SystemLocalClock : public LocalClock {
  public:
@@ -28,7 +28,7 @@ class SystemLocalClock : public LocalClock {
 };
 
 XmlToolRun CannotRead(const std::string& path) {
-  return {kFailed, {}, "xmltool: cannot read " + path + "\n"};
+  return {kUnreadable, {}, "xmltool: cannot read " + path + "\n"};
 }
 
 XmlToolRun Render(const std::string& text, Document& document, ComponentCalls& components) {
@@ -42,7 +42,7 @@ XmlToolRun Render(const std::string& text, Document& document, ComponentCalls& c
   try {
     return {0, document.HTMLExport(text, nullptr, ports), {}};
   } catch (const RuntimeError& error) {
-    return {kFailed,
+    return {kUnreadable,
             {},
             "xmltool: " + std::to_string(error.Number()) + " " + error.Source() + ": " +
                 error.Description() + "\n"};

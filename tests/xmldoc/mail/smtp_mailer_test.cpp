@@ -83,15 +83,15 @@ TEST(SmtpServerOnLoopback, TakesAnHtmlMailWithBytesAbove127AndLongLines) {
                 R"("type": "text/html"})");
 }
 
-struct Fault {
+struct SmtpFault {
   const char* mode;
   const char* step;
   const char* reason;
 };
 
-void PrintTo(const Fault& fault, std::ostream* out) { *out << fault.mode << ' ' << fault.step; }
+void PrintTo(const SmtpFault& fault, std::ostream* out) { *out << fault.mode << ' ' << fault.step; }
 
-class SmtpFaults : public testing::TestWithParam<Fault> {};
+class SmtpFaults : public testing::TestWithParam<SmtpFault> {};
 
 /// A time that is too short for the step that is to fail alone.
 SmtpLimits Impatient(const std::string& step) {
@@ -115,30 +115,31 @@ TEST_P(SmtpFaults, AreNamedWithTheirStep) {
 
 INSTANTIATE_TEST_SUITE_P(
     EachStep, SmtpFaults,
-    testing::Values(Fault{"refuse", "greeting", "greeting: 554 5.7.1 refused at greeting"},
-                    Fault{"refuse", "ehlo", "HELO: 554 5.7.1 refused at ehlo"},
-                    Fault{"refuse", "mail", "MAIL FROM: 554 5.7.1 refused at mail"},
-                    Fault{"refuse", "rcpt", "RCPT TO one@example.com: 554 5.7.1 refused at rcpt"},
-                    Fault{"refuse", "data", "DATA: 554 5.7.1 refused at data"},
-                    Fault{"refuse", "message", "message: 554 5.7.1 refused at message"},
-                    Fault{"silent", "greeting", "greeting: no answer in time"},
-                    Fault{"silent", "ehlo", "EHLO: no answer in time"},
-                    Fault{"silent", "mail", "MAIL FROM: no answer in time"},
-                    Fault{"silent", "rcpt", "RCPT TO one@example.com: no answer in time"},
-                    Fault{"silent", "data", "DATA: no answer in time"},
-                    Fault{"silent", "message",
-                          "message: no answer in time; the mail may have been taken all the same"},
-                    Fault{"drip", "mail", "MAIL FROM: no answer in time"},
-                    Fault{"cut", "greeting", "greeting: connection closed"},
-                    Fault{"cut", "ehlo", "EHLO: connection closed"},
-                    Fault{"cut", "mail", "MAIL FROM: connection closed"},
-                    Fault{"cut", "rcpt", "RCPT TO one@example.com: connection closed"},
-                    Fault{"cut", "data", "DATA: connection closed"},
-                    Fault{"cut", "message",
-                          "message: connection closed; the mail may have been taken all the same"},
-                    Fault{"half", "mail", "MAIL FROM: connection closed"},
-                    Fault{"half", "message", "sent"}, Fault{"leave", "message", "sent"},
-                    Fault{"late", "message", "sent"}),
+    testing::Values(
+        SmtpFault{"refuse", "greeting", "greeting: 554 5.7.1 refused at greeting"},
+        SmtpFault{"refuse", "ehlo", "HELO: 554 5.7.1 refused at ehlo"},
+        SmtpFault{"refuse", "mail", "MAIL FROM: 554 5.7.1 refused at mail"},
+        SmtpFault{"refuse", "rcpt", "RCPT TO one@example.com: 554 5.7.1 refused at rcpt"},
+        SmtpFault{"refuse", "data", "DATA: 554 5.7.1 refused at data"},
+        SmtpFault{"refuse", "message", "message: 554 5.7.1 refused at message"},
+        SmtpFault{"silent", "greeting", "greeting: no answer in time"},
+        SmtpFault{"silent", "ehlo", "EHLO: no answer in time"},
+        SmtpFault{"silent", "mail", "MAIL FROM: no answer in time"},
+        SmtpFault{"silent", "rcpt", "RCPT TO one@example.com: no answer in time"},
+        SmtpFault{"silent", "data", "DATA: no answer in time"},
+        SmtpFault{"silent", "message",
+                  "message: no answer in time; the mail may have been taken all the same"},
+        SmtpFault{"drip", "mail", "MAIL FROM: no answer in time"},
+        SmtpFault{"cut", "greeting", "greeting: connection closed"},
+        SmtpFault{"cut", "ehlo", "EHLO: connection closed"},
+        SmtpFault{"cut", "mail", "MAIL FROM: connection closed"},
+        SmtpFault{"cut", "rcpt", "RCPT TO one@example.com: connection closed"},
+        SmtpFault{"cut", "data", "DATA: connection closed"},
+        SmtpFault{"cut", "message",
+                  "message: connection closed; the mail may have been taken all the same"},
+        SmtpFault{"half", "mail", "MAIL FROM: connection closed"},
+        SmtpFault{"half", "message", "sent"}, SmtpFault{"leave", "message", "sent"},
+        SmtpFault{"late", "message", "sent"}),
     [](const auto& one) { return std::string(one.param.mode) + "_" + one.param.step; });
 
 TEST(SmtpServerOnLoopback, TellsWhyItClosesDuringTheMail) {
