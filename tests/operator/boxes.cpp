@@ -1,7 +1,6 @@
 #include "boxes.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <vector>
 
 namespace tarvo {
@@ -71,14 +70,6 @@ std::string Plain(std::string caption) {
   return caption;
 }
 
-std::string MessageOf(HWND box) {
-  std::string message;
-  for (HWND label : ChildrenOf(box, "Static")) {
-    if (!HoldsIcon(label)) message += TextOf(label);
-  }
-  return message;
-}
-
 HWND NeedButton(HWND box, const std::string& name) {
   const std::vector<HWND> buttons = ChildrenOf(box, "Button");
   // The one button of an OK box has the number of Cancel on some systems.
@@ -107,10 +98,18 @@ HWND WaitForBox(const LauncherChoice& choice, DWORD patience) {
   }
 }
 
-void PrintBox(HWND box) {
-  std::printf("title: %s\nicon: %s\nbuttons:", TextOf(box).c_str(), IconOf(box));
-  for (HWND button : ChildrenOf(box, "Button")) std::printf(" %s", Plain(TextOf(button)).c_str());
-  std::printf("\ntext: %s\n", MessageOf(box).c_str());
+std::string MessageOf(HWND box) {
+  std::string message;
+  for (HWND label : ChildrenOf(box, "Static")) {
+    if (!HoldsIcon(label)) message += TextOf(label);
+  }
+  return message;
+}
+
+std::string WordsOf(HWND box) {
+  std::string words = "title: " + TextOf(box) + "\nicon: " + IconOf(box) + "\nbuttons:";
+  for (HWND button : ChildrenOf(box, "Button")) words += " " + Plain(TextOf(button));
+  return words + "\ntext: " + MessageOf(box) + "\n";
 }
 
 void PressInBox(HWND box, const std::string& name) {

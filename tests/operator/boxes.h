@@ -11,8 +11,11 @@ HWND FindBox(const LauncherChoice& choice);
 /// Waits for a box, so many milliseconds at most; none is an error.
 HWND WaitForBox(const LauncherChoice& choice, DWORD patience);
 
-/// Prints title, icon, buttons and text.
-void PrintBox(HWND box);
+/// Its message.
+std::string MessageOf(HWND box);
+
+/// Title, icon, buttons and text, a line each.
+std::string WordsOf(HWND box);
 
 /// Presses the button of that name ("yes", "no", "ok") and waits until the box is gone. A box
 /// without such a button is an error.

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdio>
 #include <string>
 
 #include "foreign_memory.h"
@@ -19,7 +18,7 @@ struct Question {
   char text[256];
 };
 
-void PrintPages(HWND tabs) {
+void AddPages(HWND tabs, std::vector<std::string>& captions) {
   const ForeignMemory<Question> memory(ProcessOf(tabs));
   for (LRESULT page = 0; page < Send(tabs, TCM_GETITEMCOUNT); ++page) {
     Question question{};
@@ -29,11 +28,11 @@ void PrintPages(HWND tabs) {
     memory.Write(question);
     Send(tabs, TCM_GETITEMA, static_cast<WPARAM>(page), reinterpret_cast<LPARAM>(memory.Place()));
     memory.Read(question);
-    std::printf("%s\n", question.text);
+    captions.emplace_back(question.text);
   }
 }
 
-BOOL CALLBACK PrintCaption(HWND window, LPARAM) {
+BOOL CALLBACK AddCaption(HWND window, LPARAM list) {
   char name[64] = "";
   GetClassNameA(window, name, sizeof name);
   const bool hasCaption = lstrcmpiA(name, "STATIC") == 0 || lstrcmpiA(name, "BUTTON") == 0;
@@ -42,15 +41,17 @@ BOOL CALLBACK PrintCaption(HWND window, LPARAM) {
   if (!hasCaption || !IsWindowVisible(window) || IsRectEmpty(&place)) return TRUE;
   std::string text = TextOf(window);
   text.erase(std::remove(text.begin(), text.end(), '&'), text.end());
-  if (!text.empty()) std::printf("%s\n", text.c_str());
+  if (!text.empty()) reinterpret_cast<std::vector<std::string>*>(list)->push_back(text);
   return TRUE;
 }
 
 }  // namespace
 
-void PrintCaptions(HWND launcher) {
-  PrintPages(NeedControl(launcher, "SSTab1", -1).window);
-  EnumChildWindows(launcher, PrintCaption, 0);
+std::vector<std::string> CaptionsOf(HWND launcher) {
+  std::vector<std::string> captions;
+  AddPages(NeedControl(launcher, "SSTab1", -1).window, captions);
+  EnumChildWindows(launcher, AddCaption, reinterpret_cast<LPARAM>(&captions));
+  return captions;
 }
 
 }  // namespace tarvo

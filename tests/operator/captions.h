@@ -2,10 +2,13 @@
 
 #include <windows.h>
 
+#include <string>
+#include <vector>
+
 namespace tarvo {
 
-/// Prints, one a line, the names of the pages and then every fixed text that is to be seen: labels,
+/// The names of the pages, and then every fixed text that is to be seen: labels,
 /// headings, and the captions of buttons, check boxes and options, without their access keys.
-void PrintCaptions(HWND launcher);
+std::vector<std::string> CaptionsOf(HWND launcher);
 
 }  // namespace tarvo

@@ -5,8 +5,6 @@
 #include <dlgs.h>
 #include <shlobj.h>
 
-#include <cstdio>
-
 #include "actions.h"
 
 namespace tarvo {
@@ -41,13 +39,14 @@ HWND WaitForFileDialog(const LauncherChoice& choice, DWORD patience) {
     const HWND dialog = launcher ? FindFileDialog(launcher) : nullptr;
     if (dialog) {
       Sleep(kFilling);
-      std::printf("name: %s\n", TextOf(NameBoxOf(dialog)).c_str());
       return dialog;
     }
     if (GetTickCount() - start >= patience) throw OperatorError("no file dialog is up");
     Sleep(kPoll);
   }
 }
+
+std::string NameIn(HWND dialog) { return TextOf(NameBoxOf(dialog)); }
 
 void AnswerFileDialog(HWND dialog, const std::string& path) {
   if (!path.empty()) {

@@ -4,9 +4,11 @@
 
 namespace tarvo {
 
-/// Waits for the launcher's file dialog, so many milliseconds at most, and prints the name that
-/// stands in it. None is an error.
+/// Waits for the launcher's file dialog, so many milliseconds at most. None is an error.
 HWND WaitForFileDialog(const LauncherChoice& choice, DWORD patience);
+
+/// The name that stands in it.
+std::string NameIn(HWND dialog);
 
 /// Types a path into the dialog and presses Open; an empty path presses Cancel. Waits until the
 /// dialog is gone, which a name that the dialog refuses makes an error.

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cstdio>
 #include <map>
 #include <string>
 #include <utility>
@@ -114,7 +113,7 @@ class Inspection {
     EnumChildWindows(launcher, TakeLeaf, reinterpret_cast<LPARAM>(&leaves_));
   }
 
-  int Faults() {
+  std::vector<std::string> Faults() {
     for (std::size_t i = 0; i < leaves_.size(); ++i) {
       CheckCut(leaves_[i]);
       CheckText(leaves_[i]);
@@ -123,13 +122,12 @@ class Inspection {
       for (std::size_t j = 0; j < i; ++j) CheckOverlap(leaves_[j], leaves_[i]);
     }
     if (leaves_.size() < 10) Fault("hardly anything is to be seen");
-    return faults_;
+    return std::move(faults_);
   }
 
  private:
   void Fault(const std::string& what) {
-    ++faults_;
-    std::printf("page %d: %s\n", page_, what.c_str());
+    faults_.push_back("page " + std::to_string(page_) + ": " + what);
   }
 
   void CheckOverlap(const Leaf& a, const Leaf& b) {
@@ -206,19 +204,20 @@ class Inspection {
   Ruler ruler_;
   std::vector<Leaf> leaves_;
   std::map<char, std::pair<HWND, std::string>> keys_;
-  int faults_ = 0;
+  std::vector<std::string> faults_;
 };
 
 }  // namespace
 
-int ReportLayout(HWND launcher) {
+std::vector<std::string> LayoutFaults(HWND launcher) {
   const int shown = ShownPage(launcher);
   const auto pages =
       static_cast<int>(Send(NeedControl(launcher, "SSTab1", -1).window, TCM_GETITEMCOUNT));
-  int faults = 0;
+  std::vector<std::string> faults;
   for (int page = 1; page <= pages; ++page) {
     GoToPage(launcher, page);
-    faults += Inspection(launcher, page).Faults();
+    for (std::string& fault : Inspection(launcher, page).Faults())
+      faults.push_back(std::move(fault));
   }
   GoToPage(launcher, shown);
   return faults;

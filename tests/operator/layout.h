@@ -2,11 +2,14 @@
 
 #include <windows.h>
 
+#include <string>
+#include <vector>
+
 namespace tarvo {
 
-/// Goes through all pages and prints each fault of their layout, one a line: controls that overlap,
+/// Goes through all pages and tells each fault of their layout: controls that overlap,
 /// that are cut off by what they stand in, whose text has no room, that have no name for a screen
-/// reader, or that share an access key with another one. Returns how many faults there are.
-int ReportLayout(HWND launcher);
+/// reader, or that share an access key with another one.
+std::vector<std::string> LayoutFaults(HWND launcher);
 
 }  // namespace tarvo

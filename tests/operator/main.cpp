@@ -95,13 +95,15 @@ void WaitUntilGone(const LauncherChoice& choice, DWORD patience) {
 
 void AnswerBox(const Order& order) {
   const HWND box = WaitForBox(order.choice, order.boxPatience);
-  PrintBox(box);
+  std::fputs(WordsOf(box).c_str(), stdout);
   PressInBox(box, OnlyWord(order));
 }
 
 void AnswerDialog(const Order& order) {
   const std::string path = order.verb == "choose-file" ? OnlyWord(order) : std::string();
-  AnswerFileDialog(WaitForFileDialog(order.choice, order.boxPatience), path);
+  const HWND dialog = WaitForFileDialog(order.choice, order.boxPatience);
+  std::printf("name: %s\n", NameIn(dialog).c_str());
+  AnswerFileDialog(dialog, path);
 }
 
 /// Makes the launcher's faulty build fail; any other build takes no notice.
@@ -115,7 +117,11 @@ void Fail(HWND launcher, const std::string& fault) {
 void ShowBox(const Order& order) {
   const HWND box = FindBox(order.choice);
   if (!box) throw OperatorError("no message box is up");
-  PrintBox(box);
+  std::fputs(WordsOf(box).c_str(), stdout);
+}
+
+void PrintLines(const std::vector<std::string>& lines) {
+  for (const std::string& line : lines) std::printf("%s\n", line.c_str());
 }
 
 void PrintItems(const FoundControl& list) {
@@ -176,9 +182,11 @@ bool RunOnWindow(const Order& order) {
   } else if (verb == "clipboard") {
     std::printf("%s\n", ReadClipboard().c_str());
   } else if (verb == "captions") {
-    PrintCaptions(NeedLauncher(order.choice));
+    PrintLines(CaptionsOf(NeedLauncher(order.choice)));
   } else if (verb == "layout") {
-    if (ReportLayout(NeedLauncher(order.choice)) != 0) throw OperatorError("the layout has faults");
+    const std::vector<std::string> faults = LayoutFaults(NeedLauncher(order.choice));
+    PrintLines(faults);
+    if (!faults.empty()) throw OperatorError("the layout has faults");
   } else if (verb == "page") {
     GoToPage(NeedLauncher(order.choice), ToNumber(OnlyWord(order)));
   } else if (verb == "close") {
