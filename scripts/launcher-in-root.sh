@@ -3,7 +3,6 @@
 #   settings_write ROOT NAME=TEXT ...   stores string values under the root's settings key
 #   settings_read ROOT NAME             prints one, nothing and exit code 1 when it is missing
 #   launcher_start ROOT                 starts the launcher that stands in the root; waits for nothing;
-#                                       LAUNCHER_FROM: the folder to start it from, else the root
 #   operate ARGUMENT...                 the operator program, for the launcher of LAUNCHER_ROOT
 #   run_headless ROOT SECONDS           prints the status log as it grows, then ends all
 
@@ -47,7 +46,7 @@ settings_read() {
 launcher_start() {
   LAUNCHER_ROOT=$1
   local folder=$PWD
-  cd "${LAUNCHER_FROM:-$LAUNCHER_ROOT}"
+  cd "$LAUNCHER_ROOT"
   wine_spawn "$(wine_path "$LAUNCHER_ROOT/tarvo-launcher.exe")"
   LAUNCHER_PROCESS=$WINE_SPAWNED
   cd "$folder"

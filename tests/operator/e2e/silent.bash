@@ -35,17 +35,3 @@ tip_whole() { operate tooltip Sem "$1" | tr -d '\r'; }
 tip() { tip_whole "$1" | sed -E "2{/^[a-z]+ since [0-9]{4}-/d}" | paste -sd"|"; }
 has_tip() { [[ $(tip "$2") == "$1" ]]; }
 expect_tip() { await 5 has_tip "$1" "$2" || fail "the tool tip of light $2 is '$(tip "$2")', not '$1'"; }
-
-# seconds_of TEXT: the time of the last line of the log that holds it, in seconds.
-seconds_of() {
-  local stamp
-  stamp=$(operate text RTLog | tr -d '\r' | grep -F -- "$1" | tail -1 | cut -c1-19)
-  [[ -n $stamp ]] || fail "no line: $1"
-  date -d "$stamp" +%s
-}
-
-# within SECONDS FIRST SECOND: between the lines lie at most that many seconds; the log shows whole ones.
-within() {
-  local took=$(($(seconds_of "$3") - $(seconds_of "$2")))
-  ((took >= 0 && took <= $1)) || fail "'$3' came $took s after '$2', not within $1"
-}

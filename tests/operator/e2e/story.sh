@@ -13,9 +13,7 @@
 #
 # A story ends with exit code 0 when its last line is reached.
 #
-# Any story can be told once more in other surroundings: TARVO_STORY_ROOT=NAME names its root folder
-# (letters of the western code page), TARVO_STORY_ELSEWHERE=1 starts its launcher from Windows' own folder,
-# as "Start with Windows" does.
+# TARVO_STORY_ROOT=NAME names the root folder of a story (letters of the western code page).
 set -euo pipefail
 
 E2E_FOLDER=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -38,7 +36,6 @@ story_begin() {
   export LC_ALL=C.UTF-8
   wine_start
   ROOT=$WINE_DIR/${TARVO_STORY_ROOT:-root}
-  [[ ${TARVO_STORY_ELSEWHERE:-0} == 0 ]] || LAUNCHER_FROM=$WINEPREFIX/drive_c/windows
   # Without a network of its own each story has ports of its own all the same.
   local first=$((20000 + $$ % 10000 * 4))
   PORTS=("$first" "$((first + 1))" "$((first + 2))")
