@@ -88,10 +88,17 @@ def content(image, kind):
     return image.get_data(leaf.OffsetToData, leaf.Size)
 
 
-def faults(path):
+def program_faults(path):
+    """What is wrong with any program of ours."""
     image = pefile.PE(path)
-    for check in (header_faults, section_faults, import_faults, resource_faults):
+    for check in (header_faults, section_faults, import_faults):
         yield from check(image)
+
+
+def faults(path):
+    """What is wrong with the product."""
+    yield from program_faults(path)
+    yield from resource_faults(pefile.PE(path))
 
 
 def main():

@@ -10,11 +10,12 @@ import sys
 import zipfile
 from datetime import datetime, timezone
 
-from check_executable import faults
+from check_executable import faults, program_faults
 from guide import guide_page
 
 ROOT = os.path.abspath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "../.."))
 BITS = ("64", "32")
+SERVERS = ("login-server", "char-server", "map-server", "console-server")
 
 
 def output(*command):
@@ -34,18 +35,33 @@ def check_out(commit, source):
     subprocess.run(("tar", "-x"), cwd=source, check=True, input=archive)
 
 
-def build(source, bits):
-    """The finished executable; raises `SystemExit` when it is not as a release has to be."""
+def without_cache(environment):
+    """An environment in which every file is compiled, whatever a compiler cache knows of an earlier build."""
+    kept = {name: value for name, value in environment.items() if not name.endswith("_COMPILER_LAUNCHER")}
+    return {**kept, "CCACHE_DISABLE": "1"}
+
+
+def build(source, bits, environment):
+    """The folder of the finished programs; raises `SystemExit` when they are not as a release has to be."""
     log = os.path.join(source, f"build-{bits}.log")
     with open(log, "w", encoding="utf-8") as file:
         for command in (("cmake", "--preset", f"windows-{bits}"),
-                        ("cmake", "--build", "--preset", f"windows-{bits}", "--target", "tarvo-launcher")):
-            if subprocess.run(command, cwd=source, stdout=file, stderr=file, check=False).returncode != 0:
+                        ("cmake", "--build", "--preset", f"windows-{bits}", "--target", "tarvo-launcher",
+                         "tarvo-acceptance", *SERVERS)):
+            if subprocess.run(command, cwd=source, env=environment, stdout=file, stderr=file,
+                              check=False).returncode != 0:
                 raise SystemExit(f"The build failed, see {log}")
-    executable = os.path.join(source, "build", f"windows-{bits}", "tarvo-launcher.exe")
-    if found := list(faults(executable)):
-        raise SystemExit("\n".join(f"{executable}: {fault}" for fault in found))
-    return executable
+    folder = os.path.join(source, "build", f"windows-{bits}")
+    for name, check in (("tarvo-launcher.exe", faults), ("tarvo-acceptance.exe", program_faults)):
+        executable = os.path.join(folder, name)
+        if found := list(check(executable)):
+            raise SystemExit("\n".join(f"{executable}: {fault}" for fault in found))
+    return folder
+
+
+def content(*path):
+    with open(os.path.join(*path), "rb") as file:
+        return file.read()
 
 
 def text_for_windows(path):
@@ -63,7 +79,7 @@ def archive(path, folder, files, moment):
             made.writestr(entry, content)
 
 
-def release(commit, source, target):
+def release(commit, source, target, environment):
     check_out(commit, source)
     version = version_of(source)
     moment = datetime.fromtimestamp(int(output("git", "log", "-1", "--format=%ct", commit)), timezone.utc)
@@ -73,19 +89,27 @@ def release(commit, source, target):
              "CHANGES.txt": text_for_windows(os.path.join(source, "CHANGES.md")),
              "operators-guide.html": guide_page(os.path.join(source, "docs"), version).encode()}
     for bits in BITS:
-        with open(build(source, bits), "rb") as file:
-            files = {"tarvo-launcher.exe": file.read(), **pages}
-        folder = f"tarvo-launcher-{version}"
-        archive(os.path.join(target, f"{folder}-windows-{bits}.zip"), folder, files, moment.timetuple()[:6])
+        built = build(source, bits, environment)
+        launcher = {"tarvo-launcher.exe": content(built, "tarvo-launcher.exe")}
+        for name, files in (("tarvo-launcher", {**launcher, **pages}),
+                            ("tarvo-acceptance", {**launcher, **acceptance_files(source, built)})):
+            folder = f"{name}-{version}"
+            archive(os.path.join(target, f"{folder}-windows-{bits}.zip"), folder, files, moment.timetuple()[:6])
     return write_sums(target)
+
+
+def acceptance_files(source, built):
+    """What plays the stories on a real machine, beside the launcher."""
+    servers = {f"{name}.exe": content(built, "servers", f"{name}.exe") for name in SERVERS}
+    return {"tarvo-acceptance.exe": content(built, "tarvo-acceptance.exe"), **servers,
+            "README.txt": text_for_windows(os.path.join(source, "tests/operator/acceptance/README.txt"))}
 
 
 def write_sums(target):
     """`SHA256SUMS` as sha256sum writes and checks it; returns its text."""
     lines = []
     for name in sorted(os.listdir(target)):
-        with open(os.path.join(target, name), "rb") as file:
-            lines.append(f"{hashlib.sha256(file.read()).hexdigest()}  {name}\n")
+        lines.append(f"{hashlib.sha256(content(target, name)).hexdigest()}  {name}\n")
     with open(os.path.join(target, "SHA256SUMS"), "w", encoding="utf-8") as file:
         file.writelines(lines)
     return "".join(lines)
@@ -99,11 +123,12 @@ def main():
         raise SystemExit("The tree has changes that are in no commit; a release is built from a clean one.")
     commit = output("git", "rev-parse", "HEAD")
     work = os.path.join(ROOT, "build", "release")
-    sums = release(commit, os.path.join(work, "source"), os.path.join(ROOT, "dist"))
+    sums = release(commit, os.path.join(work, "source"), os.path.join(ROOT, "dist"), dict(os.environ))
     print(sums, end="")
     if not twice:
         return 0
-    again = release(commit, os.path.join(work, "again/in-another-folder"), os.path.join(work, "dist-again"))
+    again = release(commit, os.path.join(work, "again/in-another-folder"), os.path.join(work, "dist-again"),
+                    without_cache(os.environ))
     print("the same" if again == sums else "They differ:\n" + again)
     return 0 if again == sums else 1
 
