@@ -32,7 +32,10 @@ if(WIN32)
   set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
   # One file, nothing to install beside it: the run time is linked in, unused code is left out.
   target_compile_definitions(tarvo_build INTERFACE _WIN32_WINNT=0x0601 WIN32_LEAN_AND_MEAN NOMINMAX)
-  target_compile_options(tarvo_build INTERFACE -ffunction-sections -fdata-sections -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
+  target_compile_options(tarvo_build INTERFACE -ffunction-sections -fdata-sections -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.
+    -fstack-protector-strong)
+  # What stands behind that option; the compiler's own library would be linked in by the option at the link.
+  target_link_libraries(tarvo_build INTERFACE tarvo_stack_guard)
   # No time in the file, so that the same sources give the same bytes; Windows 7 is the oldest that loads it.
   target_link_options(tarvo_build INTERFACE -static -Wl,--gc-sections,--no-insert-timestamp
     -Wl,--major-os-version=6,--minor-os-version=1,--major-subsystem-version=6,--minor-subsystem-version=1
@@ -60,12 +63,13 @@ function(tarvo_precompile target owner)
   target_precompile_headers(${target} REUSE_FROM ${owner})
 endfunction()
 
-# tarvo_room(NAME [USES ROOM...] [SYSTEM LIBRARY...])
-# A room is a static library of every source in its folder and the folders below it, but windows/ and tool/;
-# a room of headers alone is an interface.
+# tarvo_room(NAME [USES ROOM...] [SYSTEM LIBRARY...] [EXCEPT SOURCE...])
+# A room is a static library of every source in its folder and the folders below it, but windows/ and tool/ and the
+# sources named; a room of headers alone is an interface.
 function(tarvo_room name)
-  cmake_parse_arguments(ROOM "" "" "USES;SYSTEM" ${ARGN})
+  cmake_parse_arguments(ROOM "" "" "USES;SYSTEM;EXCEPT" ${ARGN})
   file(GLOB_RECURSE sources RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.cpp)
+  list(REMOVE_ITEM sources ${ROOM_EXCEPT})
   list(FILTER sources EXCLUDE REGEX "(^|/)(windows|tool)/")
   list(TRANSFORM ROOM_USES PREPEND tarvo_)
   if(sources)

@@ -3,9 +3,11 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 #include "platform/windows/file_copies_windows.h"
 #include "platform/windows/instance_lock_windows.h"
+#include "platform/windows/stack_guard.h"
 
 namespace tarvo::test {
 namespace {
@@ -62,6 +64,23 @@ int CopyForEver(const std::string& files) {
   return 1;
 }
 
+[[gnu::noinline]] char WriteInto(std::size_t length) {
+  char room[16] = {};
+  // Nobody but the machine sees what is written where.
+  volatile char* const place = room;
+  for (std::size_t i = 0; i < length; ++i) place[i] = 'x';
+  return room[length % sizeof room];
+}
+
+int Overrun(const std::string& length) {
+  return WriteInto(std::strtoul(length.c_str(), nullptr, 10)) == 'x' ? 0 : 3;
+}
+
+int TellGuard(const std::string& path) {
+  WriteFileWith(path, std::to_string(__stack_chk_guard));
+  return 0;
+}
+
 }  // namespace
 
 int PlayRole(const std::string& role) {
@@ -71,6 +90,8 @@ int PlayRole(const std::string& role) {
   if (verb == "hold") return Hold(object, false, INFINITE);
   if (verb == "hold-window") return Hold(object, true, INFINITE);
   if (verb == "hold-briefly") return Hold(object, false, 800);
+  if (verb == "overrun") return Overrun(object);
+  if (verb == "guard") return TellGuard(object);
   if (verb == "copy") return CopyForEver(object);
   return 2;
 }

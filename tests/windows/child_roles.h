@@ -13,6 +13,8 @@ namespace tarvo::test {
 ///   hold-window NAME    the same, with a hidden published window
 ///   hold-briefly NAME   holds it for 800 milliseconds and ends
 ///   copy SOURCE*TARGET  copies one file over the other again and again until it is ended
+///   overrun LENGTH      writes so many bytes into an array of 16 and returns from that function
+///   guard FILE          writes the guard of its stack into FILE and ends
 ///
 /// The three that hold say so by making a file NAME.held in the current folder.
 inline constexpr char kRoleVariable[] = "TARVO_TEST_ROLE";

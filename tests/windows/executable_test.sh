@@ -28,6 +28,11 @@ if "$repository/scripts/release/check_executable.py" "$stripped" >/dev/null; the
   echo "FAILED: an executable without address randomisation passes the check"
   failures=1
 fi
+perl -0777 -pe 's/\x09\x04\x00\xC0/\0\0\0\0/g' "$launcher" >"$stripped"
+if "$repository/scripts/release/check_executable.py" "$stripped" >/dev/null; then
+  echo "FAILED: an executable that guards no stack passes the check"
+  failures=1
+fi
 x86_64-w64-mingw32-strip -o "$stripped" "$launcher" || failures=1
 size=$(stat -c %s "$stripped")
 if ((size > limit)); then
