@@ -117,7 +117,7 @@ class Document {
   bool XMLExportFile(const std::string& fileName, FileReplacer& files, EventLog& log);
 
   /// Makes the file hold `text`, replacing it whole. A fault leaves the file as it was, writes
-  /// "Error en función StringtoFile" (in Unicode) to the event log and gives false.
+  /// "Error en función StringtoFile" (in Unicode) to the event log and gives false. Raises nothing.
   static bool StringtoFile(const std::string& text, const std::string& fileName,
                            FileReplacer& files, EventLog& log);
 

@@ -83,7 +83,11 @@ bool Document::XMLExportFile(const std::string& fileName, FileReplacer& files, E
 
 bool Document::StringtoFile(const std::string& text, const std::string& fileName,
                             FileReplacer& files, EventLog& log) {
-  if (!files.ReplaceText(fileName, text)) return true;
+  try {
+    if (!files.ReplaceText(fileName, text)) return true;
+  } catch (const std::exception&) {
+    // Whoever replaces the file may need memory for it, to try again above all.
+  }
   log.WriteUnicodeError(kStringtoFileFailed);
   return false;
 }
