@@ -21,6 +21,9 @@ std::optional<FileFault> SimFileCopies::Obstacle(const std::string& source,
   if (Held(target)) return Fault(FileTrouble::Held, 32, "The file is in use");
   if (IsFolder(source)) return Fault(FileTrouble::Refused, 5, "Access is denied");
   if (!files_.Has(source)) return Fault(FileTrouble::Missing, 2, "File not found");
+  if (files_.DiskFull()) {
+    return Fault(FileTrouble::DiskFull, 112, "There is not enough space on the disk");
+  }
   return std::nullopt;
 }
 
@@ -88,7 +91,11 @@ void SimFileCopies::DenyWriting(const std::string& folder) {
 }
 
 bool SimFileCopies::Held(const std::string& path) {
-  return files_.Held(path) || !processes_.Named(path.substr(path.rfind('\\') + 1)).empty();
+  const std::string wanted = LowerCase(path);
+  const auto& running = processes_.Running();
+  return files_.Held(path) ||
+         std::any_of(running.begin(), running.end(),
+                     [&](const SimProcess& one) { return LowerCase(one.path) == wanted; });
 }
 
 bool SimFileCopies::Denied(const std::string& path) const {

@@ -38,6 +38,9 @@ std::optional<FileFault> SimFiles::ReplaceText(const std::string& path, const st
   SpendAttempt();
   if (protected_.contains(Lowered(path))) return FileFault{5, "Access is denied."};
   if (Held(path)) return FileFault{32, "The file is in use", FileTrouble::Held};
+  if (diskFull_) {
+    return FileFault{112, "There is not enough space on the disk", FileTrouble::DiskFull};
+  }
   recorder_.Note("files.swap(" + path + ")");
   Put(path, text);
   return std::nullopt;
@@ -45,7 +48,7 @@ std::optional<FileFault> SimFiles::ReplaceText(const std::string& path, const st
 
 bool SimFiles::AppendText(const std::string& path, const std::string& text) {
   recorder_.Note("files.append(" + path + ")");
-  if (refuseAppends_) return false;
+  if (refuseAppends_ || diskFull_) return false;
   if (dropAppends_) return true;
   if (File* file = Find(path)) {
     file->text += text;

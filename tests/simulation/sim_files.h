@@ -74,6 +74,9 @@ class SimFiles final : public FileReader,
   bool HasFolder(const std::string& path) const;
   /// Every append fails, as in a folder without the right to write or on a full disk.
   void RefuseAppends(bool refuse) { refuseAppends_ = refuse; }
+  /// The disk is full: nothing can be written, replaced or copied.
+  void FillDisk(bool full = true) { diskFull_ = full; }
+  bool DiskFull() const { return diskFull_; }
   /// Appends succeed and leave nothing behind, for runs of months.
   void DropAppends() { dropAppends_ = true; }
 
@@ -99,6 +102,7 @@ class SimFiles final : public FileReader,
   bool hideLocked_ = false;
   bool refuseAppends_ = false;
   bool dropAppends_ = false;
+  bool diskFull_ = false;
 };
 
 }  // namespace tarvo

@@ -156,7 +156,11 @@ SimProgram& SimProcesses::Program(const std::string& executable) {
 
 ProcessId SimProcesses::StartForeign(const std::string& executable) {
   const bool ofRoot = files_.Has("C:\\srv\\" + executable);
-  return Add(executable, ofRoot ? "C:\\srv\\" : "C:\\Windows\\").id;
+  return StartForeign(executable, ofRoot ? "C:\\srv\\" : "C:\\Windows\\");
+}
+
+ProcessId SimProcesses::StartForeign(const std::string& executable, const std::string& folder) {
+  return Add(executable, folder).id;
 }
 
 void SimProcesses::Crash(ProcessId id) { Bury(id); }

@@ -93,6 +93,8 @@ class SimProcesses final : public Processes, public ForeignWindows {
   SimProgram& Program(const std::string& executable);
   /// Somebody else starts a program; it needs no file.
   ProcessId StartForeign(const std::string& executable);
+  /// The same from a folder of his own ("D:\\other\\").
+  ProcessId StartForeign(const std::string& executable, const std::string& folder);
   /// The process ends by itself.
   void Crash(ProcessId id);
   /// The process commits a fault that ends it, an access violation for example. Under an error
