@@ -32,6 +32,8 @@ CommandButton* FindButton(Form& form, const std::string& name, std::size_t index
   if (name == "Command2") return &form.randomizer.Command2;
   if (name == "rAdd") return &form.randomizer.rAdd.at(index);
   if (name == "cmdCalendar") return &form.randomizer.cmdCalendar.at(index);
+  if (name == "cmd_nBrowse") return &form.upgrade.cmd_nBrowse.at(index);
+  if (name == "UpdateNow") return &form.upgrade.UpdateNow;
   return nullptr;
 }
 
@@ -89,7 +91,10 @@ void Launcher::CompleteWindow() {
 }
 
 void Launcher::Event(const std::function<void()>& event) {
-  if (!Ended()) principal_.Dispatch().Run(event);
+  if (Ended()) return;
+  ++depth_;
+  principal_.Dispatch().Run(event);
+  if (--depth_ == 0 && onEventOver) onEventOver();
 }
 
 void Launcher::Click(const std::string& name, std::size_t index) {

@@ -69,6 +69,10 @@ class Launcher final {
   /// Ticks that the dispatch let through.
   std::size_t Ticks() const { return ticks_; }
 
+  /// Called when an event, a tick or an act of the operator's, is over; not for those within
+  /// others.
+  std::function<void()> onEventOver;
+
   /// The names of the running timers that belong to a component, for example "LCtrl PrepL".
   std::string RunningTimers(ComponentKind kind);
 
@@ -89,6 +93,7 @@ class Launcher final {
   std::vector<Line> lines_;
   std::string events_;
   std::size_t ticks_ = 0;
+  int depth_ = 0;
   bool keepLog_ = true;
 };
 

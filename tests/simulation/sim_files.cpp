@@ -41,7 +41,10 @@ std::optional<FileFault> SimFiles::ReplaceText(const std::string& path, const st
   if (diskFull_) {
     return FileFault{112, "There is not enough space on the disk", FileTrouble::DiskFull};
   }
+  const std::string beside = RealPath(path) + ".writing";
+  Put(beside, text.substr(0, text.size() / 2));
   recorder_.Note("files.swap(" + path + ")");
+  Remove(beside);
   Put(path, text);
   return std::nullopt;
 }
@@ -96,6 +99,12 @@ bool SimFiles::HasFolder(const std::string& path) const {
   if (!beginning.ends_with('\\')) beginning += '\\';
   return std::any_of(files_.begin(), files_.end(),
                      [&](const File& file) { return file.lowered.starts_with(beginning); });
+}
+
+std::vector<std::string> SimFiles::Paths() const {
+  std::vector<std::string> paths;
+  for (const File& file : files_) paths.push_back(file.path);
+  return paths;
 }
 
 std::string SimFiles::TextOf(const std::string& path) const {

@@ -28,7 +28,7 @@ class SimFiles final : public FileReader,
   bool Exists(const std::string& path) override;
   ReadResult ReadText(const std::string& path, std::string& text) override;
   /// Two moments at which the launcher can be killed, "files.replace" and "files.swap": after
-  /// either the old file is there as it was.
+  /// either the old file is there as it was, after the second with a half-written one beside it.
   std::optional<FileFault> ReplaceText(const std::string& path, const std::string& text) override;
   bool AppendText(const std::string& path, const std::string& text) override;
   std::vector<std::string> FilesEndingWith(const std::string& folder,
@@ -39,6 +39,8 @@ class SimFiles final : public FileReader,
   void Put(const std::string& path, std::string text);
   void Remove(const std::string& path);
   bool Has(const std::string& path) const;
+  /// The full paths of all files, in the order of their making.
+  std::vector<std::string> Paths() const;
   /// What the file holds; "" when there is none.
   std::string TextOf(const std::string& path) const;
 

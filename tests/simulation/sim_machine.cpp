@@ -55,6 +55,12 @@ Machine SimMachine::PortsFor(InstanceLock& lock) {
           inspection, clipboard,     launcherPath, launcherPathInCodePage};
 }
 
+void SimMachine::BuryLauncher() {
+  locks.held.clear();
+  network.CloseAll();
+  tray.LoseWindow();
+}
+
 std::string SimMachine::SettingsKey() const {
   SimCodePage same = codePage;
   return ServerRoot(launcherPath, same).SettingsKey();

@@ -65,6 +65,10 @@ class SimMachine {
   /// The ports of one program on this machine.
   Machine PortsFor(InstanceLock& lock);
 
+  /// What the system does about a launcher whose process has just been ended: its lock, its sockets
+  /// and its windows are gone. Its icon stays.
+  void BuryLauncher();
+
   /// The values of the root that `launcherPath` stands in.
   std::string SettingsKey() const;
   void SetSetting(const std::string& name, const std::string& text);

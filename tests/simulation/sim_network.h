@@ -66,6 +66,8 @@ class SimNetwork final : public Sockets {
   /// Milliseconds that callers have waited in all.
   std::uint64_t Waited() const { return waited_; }
   std::size_t OpenSockets() const { return open_.size(); }
+  /// Their program has ended.
+  void CloseAll() { open_.clear(); }
   /// The addresses that were connected to, as they went on the wire.
   const std::vector<SocketAddress>& Connects() const { return connects_; }
   void KeepNoConnects() { keepConnects_ = false; }

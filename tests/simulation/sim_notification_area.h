@@ -55,6 +55,8 @@ class SimNotificationArea final : public NotificationArea {
   void Mouse(std::uint32_t message) {
     if (window_ && onMouseMessage) onMouseMessage(message);
   }
+  /// The program has ended; nobody hears of the mouse any more.
+  void LoseWindow() { window_.reset(); }
   /// The shell dies and comes back with an empty notification area.
   void RestartShell() {
     shown_.reset();

@@ -81,6 +81,7 @@ LaunchResult SimProcesses::LaunchHidden(const std::string& executablePath) {
   const std::string executable = executablePath.substr(folderSize);
   if (const auto& fault = Program(executable).launchFault) return {0, false, *fault};
   ++launches_;
+  if (!Named(executable).empty()) ++secondCopies_;
   SimProcess& process = Add(executable, executablePath.substr(0, folderSize));
   process.errorDialogs = errorDialogs_;
   const ProcessId id = process.id;

@@ -124,6 +124,8 @@ class SimProcesses final : public Processes, public ForeignWindows {
   const std::vector<SimWindow>& Windows() const { return windows_; }
   SimWindow* WindowOf(ProcessId id);
   std::size_t Launches() const { return launches_; }
+  /// Launches of a program of which one was listed already.
+  std::size_t SecondCopies() const { return secondCopies_; }
 
   /// What a connect to this port of the machine meets now: never `NobodyAccepts`, but what the
   /// queue of such a process makes of it; who is let in takes a place.
@@ -149,6 +151,7 @@ class SimProcesses final : public Processes, public ForeignWindows {
   ProcessId lastId_ = 1000;
   WindowHandle lastWindow_ = 0x10000;
   std::size_t launches_ = 0;
+  std::size_t secondCopies_ = 0;
   bool executablesLost_ = false;
   bool errorDialogs_ = true;
 };
