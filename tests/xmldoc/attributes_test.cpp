@@ -60,6 +60,15 @@ TEST(GetNextParameter, TakesAttributesOffOneByOne) {
   }
 }
 
+TEST(GetNextParameter, EndsAValueAtABlankAlone) {
+  for (char sign = '!'; sign <= '~'; ++sign) {
+    if (sign == '"' || sign == '=') continue;
+    const std::string text = std::string("a=\"1\"") + sign + "b=\"2\" c=\"3\"";
+    const Pairs pairs{{"a", std::string("1\"") + sign + "b=\"2"}, {"c", "3"}};
+    EXPECT_EQ(TakenOff(text), pairs) << text;
+  }
+}
+
 TEST(GetNextParameter, ShortensTheTextByNameValueAndOneBlank) {
   std::string text = "a=\"1\" b='x y' c";
   std::string name;

@@ -78,6 +78,13 @@ TEST(Letters, SortTheFieldsInLowerCase) {
   EXPECT_EQ(names(), "\xC9m \xE9\x61 \xE9z ");
 }
 
+TEST(Letters, OfTheCodePageAreAllAboveAscii) {
+  OneBytePage page({{'\x80', '\x90'}, {'\xDF', '\xFF'}});  // as in page 1251
+  const LettersInUse inUse(page);
+  EXPECT_TRUE(EqualIgnoringCase("\x80", "\x90"));
+  EXPECT_EQ(LowerCased("\x80\xDF"), "\x90\xFF");
+}
+
 TEST(Letters, AreTheSameWhenTheyAreInUpperCase) {
   OneBytePage page = GreekPage();
   const LettersInUse inUse(page);

@@ -23,6 +23,7 @@ TEST(AttributePacker, TakesAttributesAsTheWriterWritesThem) {
   EXPECT_EQ(Taken(" a=\"1"), 0U);
   EXPECT_EQ(Taken(" a=\"1\n\">"), 0U);
   EXPECT_EQ(Taken("a=\"1\">"), 0U);
+  EXPECT_EQ(Taken(" a=\"1\"xb=\"2\">"), 6U);
 }
 
 }  // namespace

@@ -64,6 +64,7 @@ TEST(Paths, WalkDownOneStepAtATime) {
       {".@id=1", "a(id=1){|b(k=x.y){f=1}}"},
       {".@id=1.b", "b(k=x.y){f=1}"},
       {"@id=1.b", "b(k=x.y){f=1}"},
+      {"a@id=1.@k='x.y'", "b(k=x.y){f=1}"},
       {"missing.b", "{}"},
       {"a.", "{}"},
       {".a", "{}"},

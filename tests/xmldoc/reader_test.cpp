@@ -159,6 +159,9 @@ TEST(Reader, Root) {
       {"an unnamed child is named by the next element", "<r>< a=\"1\"><x><b/></x></r>",
        "r{|x(a=1){b=}}", true, true},
       {"a leaf without a name", "<r><></></r>", "r{=}", true, true},
+      {"and with a blank", "<r>< >1</></r>", "r{=1}", true, true},
+      {"the sign behind an empty name ends its tag", "<r><> a=\"1\"></></r>", "r{= a=\"1\">}", true,
+       true},
   });
 }
 

@@ -55,6 +55,22 @@ TEST(TemplateCalculations, ThatAreNotUnderstoodSayWhere) {
   });
 }
 
+// A template's tokens come with pairs of parentheses; a calculation does not rely on that.
+TEST(TemplateCalculations, WantAPairForEachParenthesis) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"(1", "("}, {"((1)", "("}, {"2*(1", "("}, {"1)", ")"}, {"(1))", ")"}};
+  for (const auto& [text, sign] : cases) {
+    const std::string outcome = OutcomeOf([source = text] {
+      Calculation calculation;
+      calculation.AddText(source);
+      calculation.Finish();
+      return std::to_string(calculation.Result({}));
+    });
+    EXPECT_EQ(outcome, std::string("10105 parse.field: Calculation not understood: ") + sign)
+        << text;
+  }
+}
+
 TEST(TemplateChoices, LookAtEachAlternative) {
   ExpectFields({
       {"con(1=1|2=3,a,b)", "a"},

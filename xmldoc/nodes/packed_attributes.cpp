@@ -18,7 +18,7 @@ constexpr std::array<std::uint8_t, 256> kEnds = [] {
   std::array<std::uint8_t, 256> ends{};
   for (const char c : {'"', '>', '\r', '\n'})
     ends[static_cast<unsigned char>(c)] = kEndsName | kEndsValue;
-  for (const char c : {' ', '=', '\'', '<', '/'}) ends[static_cast<unsigned char>(c)] = kEndsName;
+  for (const char c : {' ', '='}) ends[static_cast<unsigned char>(c)] = kEndsName;
   return ends;
 }();
 
@@ -70,7 +70,6 @@ void AttributePacker::Add(std::string_view name, std::string_view value) {
 }
 
 void AttributePacker::CopyTo(char* bytes) const {
-  if (lengths_.empty()) return;
   const PackedAttributes::Head head{static_cast<std::uint32_t>(lengths_.size()),
                                     static_cast<std::uint32_t>(written_.size())};
   std::memcpy(bytes, &head, sizeof head);

@@ -83,7 +83,7 @@ class AttributePacker {
     return sizeof(PackedAttributes::Head) + lengths_.size() * sizeof(PackedAttributes::Lengths) +
            written_.size();
   }
-  void CopyTo(char* bytes) const;
+  void CopyTo(char* bytes) const;  ///< Of one attribute at least.
 
  private:
   const char* TakeFirstWritten(const char* from, const char* end);

@@ -283,7 +283,6 @@ TemplateProgram ReadTemplateField(std::string_view text) {
   } else if (IsBareName(text)) {
     program.isPlainValue = true;
     program.paths.emplace_back(text);
-    program.steps.push_back({Action::Value, 0, 0, {}});
   } else {
     FieldReader(text, program).Run();
   }

@@ -43,7 +43,7 @@ struct TemplateProgram {
   std::vector<Calculation> calculations;
   /// Whether filling it changes the document or reaches outside, so that the order shows.
   bool hasEffects = false;
-  /// Whether it is nothing but the value of paths[0].
+  /// Whether it is nothing but the value of paths[0], without any steps.
   bool isPlainValue = false;
   /// What is wrong with the directive's text, raised when it is filled: a body that is produced for
   /// no child raises nothing.

@@ -90,9 +90,7 @@ std::string Document::XMLExport() {
     return text == "<xml/>\r\n" ? std::string() : text;
   }
   AppendString text;
-  if (rare_ != nullptr && rare_->textLength > 0) {
-    text.Expect(rare_->textLength + AppendString::kStepCharacters);
-  }
+  if (rare_ != nullptr) text.Expect(rare_->textLength + AppendString::kStepCharacters);
   AddDeclaration(text, *this);
   if (TreeWriter(text).Write(*this, kFewLevels)) return text.TakeString();
   RefuseEndlessText(*this);
