@@ -1,6 +1,5 @@
 #include "xmldoc/document.h"
 
-#include <new>
 #include <vector>
 
 #include "xmldoc/document_rare.h"
@@ -8,16 +7,29 @@
 
 namespace tarvo {
 
-Ref<Document> Document::Create() {
-  return Ref<Document>::Adopt(new (NodePool::AllocateAlone(sizeof(Document))) Document);
+/// When this node's lists hold an import just as it has been read, and nobody else holds any of it,
+/// its memory goes without a look at its nodes.
+void Document::FreeWholeImport() {
+  NodeChunk* import = childs_.Count() > 0   ? childs_.list_.At(0)->Import()
+                      : fields_.Count() > 0 ? fields_.Nodes().At(0)->Import()
+                                            : nullptr;
+  const auto nodes = static_cast<std::uint32_t>(childs_.Count() + fields_.Count());
+  if (import == nullptr || import == Import() || import->strangers > 0 || import->tops != nodes) {
+    return;
+  }
+  NodePool::FreeAll(import);
+  fields_.list_.Abandon();
+  childs_.list_.Abandon();
 }
 
-void Document::DestroyTree(Document* first) {
-  delete first->rare_;
-  first->nextDying_ = nullptr;
+void Document::Die() {
+  Document* first = this;
+  delete rare_;
+  nextDying_ = nullptr;
   while (first != nullptr) {
     Document* node = first;
     first = node->nextDying_;
+    node->FreeWholeImport();
     for (Document* child : node->childs_.list_) {
       if (--child->header_.references > 0) continue;
       delete child->rare_;
@@ -33,18 +45,12 @@ void Document::DestroyTree(Document* first) {
   }
 }
 
-void Document::Destroy() {
-  const std::uint16_t place = header_.place;
-  this->~Document();
-  NodePool::Free(this, place);
-}
-
 Document::Rare& Document::RareValues() {
-  if (rare_ == nullptr) rare_ = new Rare;
+  if (rare_ == nullptr) Changed(rare_) = new Rare;
   return *rare_;
 }
 
-void Document::SetName(std::string_view name) { name_.Assign(CheckedDocumentName(name)); }
+void Document::SetName(std::string_view name) { Changed(name_).Assign(CheckedDocumentName(name)); }
 
 std::string Document::Version() const {
   return rare_ == nullptr || rare_->version.empty() ? kDefaultVersion : rare_->version;

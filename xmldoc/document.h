@@ -10,6 +10,7 @@
 #include "support/runtime_error.h"
 #include "xmldoc/documents.h"
 #include "xmldoc/fields.h"
+#include "xmldoc/nodes/counted_node.h"
 #include "xmldoc/parameters.h"
 
 namespace tarvo {
@@ -30,11 +31,8 @@ enum class TextEnd {
 /// thread at a time. Unless a call says otherwise it raises nothing but std::bad_alloc.
 ///
 /// The calls that reach outside take the ports that they use; nothing is kept of them.
-class Document {
+class Document : public CountedNode<Document> {
  public:
-  /// An empty node that belongs to no list.
-  static Ref<Document> Create();
-
   std::string Name() const { return std::string(name_.View()); }
   /// Trims blanks at both ends. Raises RuntimeError 10007 ("xDocument.Name", "Spaces found in
   /// name") when a blank is left, and keeps the old name then.
@@ -64,7 +62,8 @@ class Document {
   /// True only while this node is being written.
   bool Busy() const { return header_.busy != 0; }
 
-  tarvo::Parameters& Parameters() { return parameters_; }
+  tarvo::Parameters& Parameters() { return Changed(parameters_); }
+  const tarvo::Parameters& Parameters() const { return parameters_; }
   tarvo::Fields& Fields() { return fields_; }
   Documents& Childs() { return childs_; }
 
@@ -81,7 +80,10 @@ class Document {
   /// cleared before, and what was read before a fault stays. Raises nothing. False for an attribute
   /// name with a blank in it, for a text of 1 GiB and more, and, while StopOnLoadError is set, for
   /// an empty text, stray text after the last tag and an element that is never closed.
-  bool XMLImport(std::string_view text);
+  bool XMLImport(std::string_view text) {
+    TextEnd end;
+    return XMLImport(text, end);
+  }
   /// The same, and reports whether the text was cut off, which a tolerant import accepts. `end` is
   /// CutOff as well when the reading stopped at a fault.
   bool XMLImport(std::string_view text, TextEnd& end);
@@ -89,7 +91,10 @@ class Document {
   /// XMLImport of the file's text. A missing file writes "File not found: " and the name to the
   /// event log, one that cannot be read, or for which memory runs out, "I/O error: " and the name;
   /// both give false. Raises nothing.
-  bool XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log);
+  bool XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log) {
+    TextEnd end;
+    return XMLImportFile(fileName, files, log, end);
+  }
   /// The same, and reports whether the text was cut off; `end` is CutOff when there was no text.
   bool XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log, TextEnd& end);
 
@@ -135,7 +140,7 @@ class Document {
   Ref<Document> SearchChild(std::string_view condition) const;
 
  private:
-  friend class Ref<Document>;
+  friend class CountedNode<Document>;
   friend class NodeMaker;  // puts a node and its texts into one block of memory
   friend class BusyMark;   // the one way to set Busy
 
@@ -144,17 +149,12 @@ class Document {
 
   Document() = default;
   ~Document() = default;
-  void AddReference() { ++header_.references; }
-  void DropReference() {
-    if (--header_.references == 0) DestroyTree(this);
-  }
-  static void DestroyTree(Document* first);
-  void Destroy();
+  void Die();
+  void FreeWholeImport();
   Rare& RareValues();
   /// XMLImport that raises, when memory runs out, what the standard library raises.
   bool ReadText(std::string_view text, TextEnd& end);
 
-  NodeHeader header_;
   CompactText name_;
   tarvo::Parameters parameters_;
   tarvo::Fields fields_;

@@ -22,11 +22,6 @@ void WriteIoError(const std::string& source, EventLog& log) {
 
 }  // namespace
 
-bool Document::XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log) {
-  TextEnd end = TextEnd::CutOff;
-  return XMLImportFile(fileName, files, log, end);
-}
-
 bool Document::XMLImportFile(const std::string& fileName, FileReader& files, EventLog& log,
                              TextEnd& end) {
   end = TextEnd::CutOff;

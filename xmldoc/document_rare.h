@@ -4,7 +4,6 @@
 #include <string>
 
 #include "xmldoc/document.h"
-#include "xmldoc/nodes/cipher_hooks.h"
 
 namespace tarvo {
 

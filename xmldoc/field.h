@@ -5,20 +5,23 @@
 #include <string>
 #include <string_view>
 
-#include "xmldoc/nodes/cipher_hooks.h"
 #include "xmldoc/nodes/compact_text.h"
-#include "xmldoc/nodes/node_pool.h"
-#include "xmldoc/nodes/ref.h"
+#include "xmldoc/nodes/counted_node.h"
 #include "xmldoc/parameters.h"
 
 namespace tarvo {
 
-/// A leaf element: a name without blanks, a text value, and attributes.
-class Field {
- public:
-  /// A field that belongs to no list.
-  static Ref<Field> Create();
+/// The hooks for an external cipher, which nothing here calls: kept, copied down by the reader, and
+/// never applied to a value. Most documents leave them empty, so nodes hold them only when they do
+/// not.
+struct CipherHooks {
+  std::string encodePassword;
+  std::int32_t cryptType = 0;
+};
 
+/// A leaf element: a name without blanks, a text value, and attributes.
+class Field : public CountedNode<Field> {
+ public:
   std::string Name() const { return std::string(name_.View()); }
   /// Trims blanks at both ends. Raises RuntimeError 1 ("Name", "Spaces found in the name") when a
   /// blank is left, and keeps the old name then.
@@ -35,7 +38,8 @@ class Field {
   std::int32_t CryptType() const { return cipher_ ? cipher_->cryptType : 0; }
   void SetCryptType(std::int32_t type);
 
-  tarvo::Parameters& Parameters() { return parameters_; }
+  tarvo::Parameters& Parameters() { return Changed(parameters_); }
+  const tarvo::Parameters& Parameters() const { return parameters_; }
 
   /// The texts in place, valid until they are set or the node is destroyed; the value in its kept
   /// form.
@@ -43,19 +47,13 @@ class Field {
   std::string_view EscapedValueView() const { return value_.View(); }
 
  private:
-  friend class Ref<Field>;
+  friend class CountedNode<Field>;
   friend class NodeMaker;  // puts a field and its texts into one block of memory
 
   Field() = default;
   ~Field() = default;
-  void AddReference() { ++header_.references; }
-  void DropReference() {
-    if (--header_.references == 0) Destroy();
-  }
-  void Destroy();
   CipherHooks& Cipher();
 
-  NodeHeader header_;
   CompactText name_;
   CompactText value_;
   tarvo::Parameters parameters_;

@@ -43,12 +43,17 @@ class Fields {
   /// equal names stay in order.
   void Sort(bool ascending);
 
-  /// Adds a field, of whatever name, at the end. Other lists may hold it as well.
-  void Append(Ref<tarvo::Field> field) { list_.Append(std::move(field)); }
+  /// Adds a field of whatever name at the end. Others may hold it as well. `pool`: see NodeList.
+  void Append(Ref<tarvo::Field> field, NodePool* pool = nullptr) {
+    list_.Append(std::move(field), pool);
+  }
   /// The fields in place, for loops that count no references. Valid until the list changes.
   const NodeList<tarvo::Field>& Nodes() const { return list_; }
 
  private:
+  friend class Document;  // as for Documents
+  friend class NodeMaker;
+
   NodeList<tarvo::Field> list_;
 };
 

@@ -41,7 +41,7 @@ template <typename Node>
 int LastOfKey(const NodeList<Node>& list, std::string_view key) {
   const NodeKey wanted(key);
   return list.LastThat(
-      [&wanted](Node& node) { return wanted.Matches(node.NameView(), node.Parameters()); });
+      [&wanted](const Node& node) { return wanted.Matches(node.NameView(), node.Parameters()); });
 }
 
 /// The position of the last node of that name, whatever signs the name holds; -1 for none.

@@ -4,17 +4,13 @@
 #include <string_view>
 
 #include "xmldoc/nodes/compact_text.h"
-#include "xmldoc/nodes/node_pool.h"
-#include "xmldoc/nodes/ref.h"
+#include "xmldoc/nodes/counted_node.h"
 
 namespace tarvo {
 
 /// One attribute: a name without blanks, and a value that is kept as given, without any escaping.
-class Parameter {
+class Parameter : public CountedNode<Parameter> {
  public:
-  /// A parameter that belongs to no list.
-  static Ref<Parameter> Create();
-
   std::string Name() const { return std::string(name_.View()); }
   /// Trims blanks at both ends. Raises RuntimeError 1 ("Name", "Spaces found in the name") when a
   /// blank is left, and keeps the old name then.
@@ -28,17 +24,11 @@ class Parameter {
   std::string_view ValueView() const { return value_.View(); }
 
  private:
-  friend class Ref<Parameter>;
+  friend class CountedNode<Parameter>;
 
   Parameter() = default;
   ~Parameter() = default;
-  void AddReference() { ++header_.references; }
-  void DropReference() {
-    if (--header_.references == 0) Destroy();
-  }
-  void Destroy();
 
-  NodeHeader header_;
   CompactText name_;
   CompactText value_;
 };

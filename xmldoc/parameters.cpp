@@ -1,47 +1,54 @@
 #include "xmldoc/parameters.h"
 
+#include <memory>
+
 #include "xmldoc/node_key.h"
 #include "xmldoc/rules/letter_case.h"
+#include "xmldoc/rules/text_rules.h"
 
 namespace tarvo {
 
-void Parameters::Unpack() {
-  if (!packed_.Any()) return;
-  NodeList<tarvo::Parameter> unpacked;
-  packed_.ForEach([&](std::string_view name, std::string_view value) {
-    auto parameter = tarvo::Parameter::Create();
-    parameter->SetName(name);
-    parameter->SetValue(value);
-    unpacked.Append(std::move(parameter));
+namespace {
+
+Ref<Parameter> NewParameter(std::string_view name, std::string_view value) {
+  auto parameter = Parameter::Create();
+  parameter->SetName(name);
+  parameter->SetValue(value);
+  return parameter;
+}
+
+}  // namespace
+
+void Parameter::SetName(std::string_view name) { name_.Assign(CheckedName(name)); }
+
+Parameters::List& Parameters::Unpacked() {
+  if (Objects() != nullptr) return *Objects();
+  auto unpacked = std::make_unique<List>();
+  ForEach([&unpacked](std::string_view name, std::string_view value) {
+    unpacked->Append(NewParameter(name, value));
   });
-  list_.Swap(unpacked);
-  packed_ = PackedAttributes();
+  held_ = reinterpret_cast<std::uintptr_t>(unpacked.release()) + 1;
+  return *Objects();
 }
 
 int Parameters::IndexOf(std::string_view name) {
-  Unpack();
-  return LastOfName(list_, name, true);
+  return Count() == 0 ? -1 : LastOfName(Unpacked(), name, true);
 }
 
 Ref<Parameter> Parameters::Parameter(int index) {
-  Unpack();
-  return list_.Has(index) ? Ref<tarvo::Parameter>(list_.At(index)) : tarvo::Parameter::Create();
+  return Has(index) ? Ref<tarvo::Parameter>(Unpacked().At(index)) : tarvo::Parameter::Create();
 }
 
 Ref<Parameter> Parameters::Parameter(std::string_view name) { return Parameter(IndexOf(name)); }
 
 int Parameters::AddParameter(std::string_view name, std::string_view value) {
-  Unpack();
-  auto parameter = tarvo::Parameter::Create();
-  parameter->SetName(name);
-  parameter->SetValue(value);
-  list_.Append(std::move(parameter));
-  return list_.Size() - 1;
+  auto parameter = NewParameter(name, value);
+  Unpacked().Append(std::move(parameter));
+  return Count() - 1;
 }
 
 Ref<Parameter> Parameters::RemoveParameter(int index) {
-  Unpack();
-  return list_.Has(index) ? list_.Remove(index) : tarvo::Parameter::Create();
+  return Has(index) ? Unpacked().Remove(index) : tarvo::Parameter::Create();
 }
 
 Ref<Parameter> Parameters::RemoveParameter(std::string_view name) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -16,7 +17,12 @@ namespace tarvo {
 /// a fresh empty parameter that belongs to no list.
 class Parameters {
  public:
-  int Count() const { return packed_.Any() ? packed_.Count() : list_.Size(); }
+  Parameters() = default;
+  ~Parameters() { delete Objects(); }
+  Parameters(const Parameters&) = delete;
+  Parameters& operator=(const Parameters&) = delete;
+
+  int Count() const { return Objects() != nullptr ? Objects()->Size() : Packed().Count(); }
 
   Ref<tarvo::Parameter> Parameter(int index);
   Ref<tarvo::Parameter> Parameter(std::string_view name);
@@ -37,26 +43,29 @@ class Parameters {
   /// list.
   template <typename Visit>
   void ForEach(Visit visit) const {
-    if (packed_.Any()) {
-      packed_.ForEach(visit);
-    } else {
-      for (tarvo::Parameter* one : list_) visit(one->NameView(), one->ValueView());
-    }
+    if (Objects() == nullptr) return Packed().ForEach(visit);
+    for (tarvo::Parameter* one : *Objects()) visit(one->NameView(), one->ValueView());
   }
   /// All attributes as the writer writes them, while they are as an import left them; empty
   /// otherwise, and for no attributes.
-  std::string_view ReadyText() const { return packed_.Text(); }
+  std::string_view ReadyText() const { return Packed().Text(); }
 
-  /// Takes the attributes of an import as its own, without copying: their bytes have to live as
-  /// long as this list, which is still empty.
-  void Show(PackedAttributes packed) { packed_ = packed; }
+  /// Takes the attributes of an import as its own, without copying: their bytes, which lie at a
+  /// multiple of 8, have to live as long as this list, which is still empty.
+  void Show(const char* packed) { held_ = reinterpret_cast<std::uintptr_t>(packed); }
 
  private:
-  void Unpack();
-  int IndexOf(std::string_view name);
+  using List = NodeList<tarvo::Parameter>;
 
-  NodeList<tarvo::Parameter> list_;
-  PackedAttributes packed_;  // while there are any, list_ is empty
+  List* Objects() const { return (held_ & 1) != 0 ? reinterpret_cast<List*>(held_ - 1) : nullptr; }
+  PackedAttributes Packed() const {
+    return PackedAttributes((held_ & 1) != 0 ? nullptr : reinterpret_cast<const char*>(held_));
+  }
+  List& Unpacked();
+  int IndexOf(std::string_view name);
+  bool Has(int index) const { return index >= 0 && index < Count(); }
+
+  std::uintptr_t held_ = 0;  // where packed attributes are, or a list of objects and a lowest bit
 };
 
 }  // namespace tarvo

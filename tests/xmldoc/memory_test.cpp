@@ -84,18 +84,42 @@ TEST(NodeMemory, IsGivenBackWhenATextIsSetAnew) {
 }
 
 TEST(CompactText, GivesBackItsOwnCharactersAlone) {
-  static constexpr char kForeign[] = "somebody else's";
   EXPECT_TRUE(KeepsNothing([] {
+    char foreign[20];
+    char* memory = foreign;
     CompactText text;
+    text.Put("somebody else's", memory);
+    EXPECT_EQ(text.View().data(), foreign);
+    EXPECT_EQ(memory, foreign + 15);
     text.Assign(std::string(100, 'x'));
-    text.Show(kForeign, sizeof kForeign - 1);
-    EXPECT_EQ(text.View(), kForeign);
+    text.Assign(text.View().substr(50));
+    EXPECT_EQ(text.View(), std::string(50, 'x'));
     text.Assign("own");
     text.Assign(text.View().substr(1));
     EXPECT_EQ(text.View(), "wn");
     text.Assign("");
     EXPECT_TRUE(text.Empty());
   }));
+}
+
+TEST(CompactText, HoldsTwelveCharactersItself) {
+  for (std::size_t size = 0; size <= 13; ++size) {
+    const std::string text = std::string("thirteen char").substr(0, size);
+    const bool within = size <= 12;
+    char foreign[20] = {};
+    char* memory = foreign;
+    CompactText put;
+    put.Put(text, memory);
+    EXPECT_EQ(CompactText::BytesOutside(text), within ? 0 : text.size());
+    EXPECT_EQ(memory, foreign + CompactText::BytesOutside(text));
+    EXPECT_EQ(put.View(), text);
+    CompactText assigned;
+    assigned.Assign(text);
+    EXPECT_EQ(assigned.View(), text);
+    EXPECT_EQ(assigned.Empty(), text.empty());
+    assigned.Assign(assigned.View().substr(text.size() / 2));
+    EXPECT_EQ(assigned.View(), text.substr(text.size() / 2));
+  }
 }
 
 // The length alone decides: behind the first bytes there is nothing to read.
@@ -134,20 +158,28 @@ TEST(NodeMemory, IsGivenBackByThePool) {
 }
 
 TEST(NodePool, PutsPiecesOfUpToFourKibibytesTogether) {
+  constexpr std::size_t kSmallChunk = 512 - sizeof(NodeChunk);
   const struct {
     std::size_t expected;
     std::size_t size;
-    bool alone;
+    bool together;
   } cases[] = {
-      {100000, 4096, false}, {100000, 4097, true}, {1, 504, false}, {1, 505, true},
-      {1000, 992, false},    {1000, 993, true},    {0, 1, true},
+      {100000, 4096, true},
+      {100000, 4097, false},
+      {1, kSmallChunk - 8, true},
+      {1000, kSmallChunk - 8, true},
+      {1000, kSmallChunk + 488, false},
+      {0, 1, false},
   };
   for (const auto& c : cases) {
     NodePool pool(c.expected);
     std::uint16_t place = 0;
+    std::uint16_t nextPlace = 0;
     void* memory = pool.Allocate(c.size, place);
-    EXPECT_EQ(place == 0, c.alone) << c.size << " of " << c.expected;
+    void* next = pool.Allocate(8, nextPlace);
+    EXPECT_EQ(nextPlace > sizeof(NodeChunk) / 8, c.together) << c.size << " of " << c.expected;
     NodePool::Free(memory, place);
+    NodePool::Free(next, nextPlace);
   }
 }
 

@@ -44,7 +44,6 @@ TEST(NodePool, WithoutExpectationEveryPieceStandsAlone) {
 
 TEST(NodeMaker, NodesOfOneChunkGoInAnyOrder) {
   AttributePacker packer;
-  packer.Reserve(100);
   packer.Add("x", "1");
   std::vector<Ref<Field>> fields;
   Ref<Document> document;

@@ -93,6 +93,7 @@ TEST(TemplateBlocks, ThatDoNotCloseRightAreErrors) {
       {"<@open ID=\"b\"", kMalformed},
       {"<@open ID=\"b>x<@close ID=\"b\">", kMalformed},
       {"<@open ID=b>x<@close ID=\"b\">", kMalformed},
+      {"<@open x=\" ID=b\">x<@close ID=\"b\">", kMalformed},
       {"<@open ID=\"b\" when=>x<@close ID=\"b\">", kMalformed},
       {"<@close ID=\"b\">x", "<@close ID=\"b\">x"},
       {"<@close ID=\"", "<@close ID=\""},

@@ -3,18 +3,23 @@
 #include <algorithm>
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 namespace tarvo {
 namespace {
 
-using UserCount = std::uint64_t;
 constexpr std::size_t kSmallestChunk = 512;
 constexpr std::size_t kLargestChunk = 64 * 1024 - 64;
-// Larger nodes get a block of their own: they would leave too much of a chunk unused.
+// Larger nodes get a chunk of their own: they would leave too much of one unused.
 constexpr std::size_t kLargestPooled = 4 * 1024;
 
-void DropUser(char* chunk) {
-  if (--*reinterpret_cast<UserCount*>(chunk) == 0) std::free(chunk);
+void DropUser(NodeChunk* chunk) {
+  if (chunk == nullptr || --chunk->users > 0) return;
+  NodeChunk* first = chunk->first == chunk ? nullptr : chunk->first;
+  chunk->previous->next = chunk->next;
+  chunk->next->previous = chunk->previous;
+  std::free(chunk);
+  DropUser(first);
 }
 
 }  // namespace
@@ -24,25 +29,39 @@ NodePool::NodePool(std::size_t expectedBytes)
                                         : std::clamp(expectedBytes & ~std::size_t{7},
                                                      kSmallestChunk, kLargestChunk)) {}
 
-NodePool::~NodePool() { DropChunk(); }
+NodePool::~NodePool() {
+  DropUser(chunk_);
+  DropUser(first_);
+}
 
-void NodePool::DropChunk() {
-  if (chunk_ != nullptr) DropUser(chunk_);
-  chunk_ = nullptr;
-  room_ = 0;
+void NodePool::Finish(std::size_t tops) {
+  if (first_ != nullptr) first_->tops = static_cast<std::uint32_t>(tops);
+}
+
+NodeChunk* NodePool::AddChunk(std::size_t bytes) {
+  auto* chunk = static_cast<NodeChunk*>(AllocateAlone(bytes));
+  if (first_ == nullptr) {
+    first_ = new (chunk) NodeChunk{chunk, chunk, chunk, 2, 0, 0};
+  } else {
+    new (chunk) NodeChunk{first_, first_, first_->next, 1, 0, 0};
+    first_->next->previous = chunk;
+    first_->next = chunk;
+    ++first_->users;
+  }
+  return chunk;
 }
 
 void* NodePool::AllocateElsewhere(std::size_t bytes, std::uint16_t& place) {
-  if (bytes > kLargestPooled || bytes + sizeof(UserCount) > nextChunkSize_) {
-    place = 0;
-    return AllocateAlone(bytes);
+  place = nextChunkSize_ == 0 ? 0 : sizeof(NodeChunk) / 8;
+  if (place == 0) return AllocateAlone(bytes);
+  if (bytes > kLargestPooled || bytes + sizeof(NodeChunk) > nextChunkSize_) {
+    return AddChunk(bytes + sizeof(NodeChunk)) + 1;
   }
-  DropChunk();
-  chunk_ = static_cast<char*>(AllocateAlone(nextChunkSize_));
-  new (chunk_) UserCount(1);
-  next_ = chunk_ + sizeof(UserCount);
-  room_ = nextChunkSize_ - sizeof(UserCount);
-  nextChunkSize_ = kLargestChunk;
+  NodeChunk* chunk = AddChunk(nextChunkSize_);
+  DropUser(std::exchange(chunk_, chunk));
+  next_ = reinterpret_cast<char*>(chunk + 1);
+  room_ = nextChunkSize_ - sizeof(NodeChunk);
+  nextChunkSize_ = std::min(nextChunkSize_ * 4, kLargestChunk);
   return Allocate(bytes, place);
 }
 
@@ -53,11 +72,15 @@ void* NodePool::AllocateAlone(std::size_t bytes) {
 }
 
 void NodePool::Free(void* memory, std::uint16_t place) {
-  if (place == 0) {
-    std::free(memory);
-  } else {
-    DropUser(static_cast<char*>(memory) - std::size_t{place} * 8);
+  if (place == 0) return std::free(memory);
+  DropUser(ChunkOf(memory, place));
+}
+
+void NodePool::FreeAll(NodeChunk* first) {
+  for (NodeChunk* chunk = first->next; chunk != first;) {
+    std::free(std::exchange(chunk, chunk->next));
   }
+  std::free(first);
 }
 
 }  // namespace tarvo

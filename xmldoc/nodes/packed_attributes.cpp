@@ -5,11 +5,6 @@
 namespace tarvo {
 namespace {
 
-char* Put(char* to, std::string_view text) {
-  if (!text.empty()) std::memcpy(to, text.data(), text.size());
-  return to + text.size();
-}
-
 /// What a byte may not be in a plain name or in a plain value.
 constexpr std::uint8_t kEndsName = 1;
 constexpr std::uint8_t kEndsValue = 2;
@@ -49,22 +44,9 @@ const char* AttributePacker::TakeFirstWritten(const char* from, const char* end)
   return at;
 }
 
-void AttributePacker::Reserve(std::size_t tagBytes) {
-  // Each attribute takes at least a letter and a sign of the tag, the last one perhaps just a
-  // letter, and comes out with its quoting added.
-  const std::size_t most = tagBytes + (tagBytes / 2 + 1) * PackedAttributes::kQuoting;
-  if (text_.size() < most) text_.resize(most);
-}
-
 void AttributePacker::Add(std::string_view name, std::string_view value) {
-  char* to = text_.data() + written_.size();
-  *to++ = ' ';
-  to = Put(to, name);
-  *to++ = '=';
-  *to++ = '"';
-  to = Put(to, value);
-  *to++ = '"';
-  written_ = {text_.data(), static_cast<std::size_t>(to - text_.data())};
+  text_.append(" ").append(name).append("=\"").append(value).append("\"");
+  written_ = text_;
   lengths_.push_back(
       {static_cast<std::uint32_t>(name.size()), static_cast<std::uint32_t>(value.size())});
 }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -27,11 +28,10 @@ class PackedAttributes {
   /// `bytes` as AttributePacker::CopyTo left them; nothing for no attributes.
   explicit PackedAttributes(const char* bytes = nullptr) : bytes_(bytes) {}
 
-  bool Any() const { return bytes_ != nullptr; }
-  int Count() const { return Any() ? static_cast<int>(ReadHead().count) : 0; }
+  int Count() const { return bytes_ != nullptr ? static_cast<int>(ReadHead().count) : 0; }
   /// The attributes as the writer writes them.
   std::string_view Text() const {
-    if (!Any()) return {};
+    if (bytes_ == nullptr) return {};
     const Head head = ReadHead();
     return {bytes_ + sizeof(Head) + head.count * sizeof(Lengths), head.textSize};
   }
@@ -63,6 +63,7 @@ class AttributePacker {
  public:
   void Clear() {
     lengths_.clear();
+    text_.clear();
     written_ = {};
   }
   /// Takes attributes as the writer writes them, ` name="value"` with nothing else in between, from
@@ -72,9 +73,7 @@ class AttributePacker {
     Clear();
     return from != end && *from == ' ' ? TakeFirstWritten(from, end) : from;
   }
-  /// Makes room for the attributes that so many bytes of tag text can hold.
-  void Reserve(std::size_t tagBytes);
-  /// The name is trimmed already. No more may be added than Reserve has made room for.
+  /// The name is trimmed already.
   void Add(std::string_view name, std::string_view value);
 
   /// Bytes that CopyTo writes; 0 without attributes.
@@ -89,7 +88,7 @@ class AttributePacker {
   const char* TakeFirstWritten(const char* from, const char* end);
 
   std::vector<PackedAttributes::Lengths> lengths_;
-  std::vector<char> text_;
+  std::string text_;
   std::string_view written_;  // in text_, or where TakeWritten found it
 };
 

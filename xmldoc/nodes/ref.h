@@ -11,7 +11,7 @@ namespace tarvo {
 /// Counts are not atomic: a document and its nodes belong to one thread at a time. Nodes that refer
 /// to each other in a circle keep each other alive until the circle is opened (RemoveChild,
 /// SetChild). No operation of the library returns an empty reference; a default-constructed one is
-/// empty. A node's class befriends its Ref, which calls AddReference and DropReference.
+/// empty. Node is a CountedNode.
 template <typename Node>
 class Ref {
  public:

@@ -23,24 +23,14 @@ constexpr std::array<Sign, kComparisonCount> kSigns = {{{">=", Comparison::AtLea
                                                         {">", Comparison::Above},
                                                         {"<", Comparison::Below}}};
 
+/// `order`: below 0, 0 or above 0, as the left side is beside the right one.
 bool HoldsOrdered(Comparison comparison, int order) {
-  switch (comparison) {
-    case Comparison::AtLeast:
-      return order >= 0;
-    case Comparison::AtMost:
-      return order <= 0;
-    case Comparison::Differs:
-      return order != 0;
-    case Comparison::Equal:
-      return order == 0;
-    case Comparison::Above:
-      return order > 0;
-    case Comparison::Below:
-      return order < 0;
-    case Comparison::Contains:
-      break;
-  }
-  return false;
+  const auto isOneOf = [comparison](Comparison a, Comparison b, Comparison c) {
+    return comparison == a || comparison == b || comparison == c;
+  };
+  if (order < 0) return isOneOf(Comparison::Below, Comparison::AtMost, Comparison::Differs);
+  if (order > 0) return isOneOf(Comparison::Above, Comparison::AtLeast, Comparison::Differs);
+  return isOneOf(Comparison::Equal, Comparison::AtMost, Comparison::AtLeast);
 }
 
 int OrderOf(std::string_view left, std::string_view right) {

@@ -10,8 +10,6 @@
 namespace tarvo {
 namespace {
 
-constexpr int kRankOfSign = 3;
-
 [[noreturn]] void RaiseNotUnderstood(std::string_view at) {
   RaiseMalformedField("Calculation not understood" +
                       (at.empty() ? std::string() : ": " + std::string(at)));
@@ -26,21 +24,8 @@ bool IsNumberPart(char c) { return IsDigit(c) || c == '.'; }
 }  // namespace
 
 int Calculation::RankOf(Action action) {
-  switch (action) {
-    case Action::Add:
-    case Action::Subtract:
-      return 1;
-    case Action::Multiply:
-    case Action::Divide:
-    case Action::Modulo:
-      return 2;
-    case Action::Negate:
-      return kRankOfSign;
-    case Action::Power:
-      return 4;
-    default:
-      return 0;
-  }
+  constexpr int kRanks[] = {3, 1, 1, 2, 2, 2, 4, 0};  // in the order of Action
+  return kRanks[static_cast<std::size_t>(action)];
 }
 
 void Calculation::AddText(std::string_view text) {
@@ -56,7 +41,7 @@ void Calculation::AddText(std::string_view text) {
     } else if (c == ')' && !wantsOperand_) {
       Close();
     } else if ((c == '+' || c == '-') && wantsOperand_) {
-      AddSign(c);
+      if (c == '-') waiting_.push_back(Action::Negate);
     } else if (c != ' ' && c != '\t' && c != '\r' && c != '\n') {
       if (wantsOperand_) RaiseNotUnderstood(text);
       taken = AddWord(text);
@@ -78,34 +63,17 @@ std::string_view Calculation::TakeNumber(std::string_view text) {
 
 std::size_t Calculation::AddWord(std::string_view text) {
   constexpr std::string_view kModulo = "mod";
+  constexpr std::string_view kSigns = "+-*/^";
+  constexpr Action kActions[] = {Action::Add, Action::Subtract, Action::Multiply, Action::Divide,
+                                 Action::Power};
   if (IsKeyword(text.substr(0, kModulo.size()), kModulo)) {
     AddOperator(Action::Modulo);
     return kModulo.size();
   }
-  switch (text.front()) {
-    case '+':
-      AddOperator(Action::Add);
-      break;
-    case '-':
-      AddOperator(Action::Subtract);
-      break;
-    case '*':
-      AddOperator(Action::Multiply);
-      break;
-    case '/':
-      AddOperator(Action::Divide);
-      break;
-    case '^':
-      AddOperator(Action::Power);
-      break;
-    default:
-      RaiseNotUnderstood(text);
-  }
+  const auto sign = kSigns.find(text.front());
+  if (sign == std::string_view::npos) RaiseNotUnderstood(text);
+  AddOperator(kActions[sign]);
   return 1;
-}
-
-void Calculation::AddSign(char sign) {
-  if (sign == '-') waiting_.push_back(Action::Negate);
 }
 
 void Calculation::AddOperator(Action action) {

@@ -32,8 +32,6 @@ class Calculation {
 
  private:
   enum class Action {
-    Number,
-    Operand,
     Negate,
     Add,
     Subtract,
@@ -41,7 +39,9 @@ class Calculation {
     Divide,
     Modulo,
     Power,
-    Open
+    Open,
+    Number,
+    Operand
   };
   struct Step {
     Action action;
@@ -53,7 +53,6 @@ class Calculation {
   static double Applied(Action action, double left, double right);
   std::string_view TakeNumber(std::string_view text);
   std::size_t AddWord(std::string_view text);
-  void AddSign(char sign);
   void AddOperator(Action action);
   void Close();
   void PopOperator();

@@ -49,26 +49,6 @@ std::vector<MailPlace> FindMails(std::string_view outline) {
   return mails;
 }
 
-/// One directive with its two views: what it says, and where only the template's own text shows.
-class MailTag {
- public:
-  MailTag(std::string_view text, std::string_view outline) : text_(text), outline_(outline) {}
-
-  std::string Attribute(std::string_view name) const {
-    const auto place = FindTemplateAttribute(outline_, name);
-    std::string value;
-    if (!place) return value;
-    for (std::size_t i = place->start; i < place->start + place->length; ++i) {
-      if (!IsQuote(outline_[i])) value += text_[i];
-    }
-    return value;
-  }
-
- private:
-  std::string_view text_;
-  std::string_view outline_;
-};
-
 /// 0 for what is no port.
 int PortOf(std::string_view text) {
   text = WithoutOuterBlanks(text);
@@ -78,16 +58,26 @@ int PortOf(std::string_view text) {
   return valid ? static_cast<int>(port) : 0;
 }
 
-MailMessage MessageOf(const MailTag& tag, std::string_view body) {
+/// `outline` is the tag with its values blotted out: attributes are looked for in the template's
+/// own text alone.
+MailMessage MessageOf(std::string_view tag, std::string_view outline, std::string_view body) {
+  const auto attribute = [tag, outline](std::string_view name) {
+    const auto place = FindTemplateAttribute(outline, name);
+    std::string value;
+    for (std::size_t i = 0; place && i < place->length; ++i) {
+      if (!IsQuote(outline[place->start + i])) value += tag[place->start + i];
+    }
+    return value;
+  };
   MailMessage message;
-  message.server = std::string(WithoutOuterBlanks(tag.Attribute("server")));
-  message.port = PortOf(tag.Attribute("port"));
-  message.from = tag.Attribute("from");
-  message.to = tag.Attribute("to");
-  message.cc = tag.Attribute("cc");
-  message.bcc = tag.Attribute("bcc");
-  message.subject = tag.Attribute("subject");
-  message.html = WithoutOuterBlanks(tag.Attribute("html")) == "1";
+  message.server = std::string(WithoutOuterBlanks(attribute("server")));
+  message.port = PortOf(attribute("port"));
+  message.from = attribute("from");
+  message.to = attribute("to");
+  message.cc = attribute("cc");
+  message.bcc = attribute("bcc");
+  message.subject = attribute("subject");
+  message.html = WithoutOuterBlanks(attribute("html")) == "1";
   message.body = std::string(body);
   return message;
 }
@@ -110,10 +100,9 @@ std::string SendTemplateMails(const TemplateText& filled, const TemplatePorts& p
   std::vector<MailMessage> messages;
   for (const MailPlace& mail : mails) {
     const std::size_t length = mail.tagEnd - mail.start;
-    const MailTag tag(text.substr(mail.start, length),
-                      std::string_view(outline).substr(mail.start, length));
-    messages.push_back(
-        MessageOf(tag, text.substr(mail.tagEnd + 1, mail.bodyEnd - mail.tagEnd - 1)));
+    messages.push_back(MessageOf(text.substr(mail.start, length),
+                                 std::string_view(outline).substr(mail.start, length),
+                                 text.substr(mail.tagEnd + 1, mail.bodyEnd - mail.tagEnd - 1)));
   }
   std::string left;
   std::size_t done = 0;

@@ -50,7 +50,7 @@ class Parser {
 
   ParsedTemplate Run() {
     SplitIntoBlocks();
-    if (!open_.empty()) RaiseMissingBlockEnd(CloseTag(open_.front().id));
+    if (!open_.empty()) RaiseMissingBlockEnd(CloseTag(open_.front()));
     FillWithFields();
     NoteWhatBlocksFollow();
     for (const TemplatePart& part : result_.parts) {
@@ -60,11 +60,6 @@ class Parser {
   }
 
  private:
-  struct OpenBlock {
-    std::string id;
-    std::size_t block;
-  };
-
   void SplitIntoBlocks() {
     std::size_t at = text_.find(kDirective);
     for (; at != std::string_view::npos; at = text_.find(kDirective, at)) {
@@ -92,7 +87,7 @@ class Parser {
     ReadWhen(TemplateAttribute(tag, "when").value_or(std::string()), blocks_.back());
     if (open_.empty()) NoteOutermost(blocks_.size() - 1);
     ++openOf_[id];
-    open_.push_back({std::move(id), blocks_.size() - 1});
+    open_.push_back(std::move(id));
     outline_.push_back({Kind::Open, {}, blocks_.size() - 1});
     return textStart_;
   }
@@ -118,11 +113,11 @@ class Parser {
     const std::string id(text_.substr(start, quote - start));
     const auto open = openOf_.find(id);
     if (open == openOf_.end() || open->second == 0) return start;
-    if (open_.back().id != id) RaiseMissingBlockEnd(CloseTag(FirstUnclosedWithin(id)));
+    if (open_.back() != id) RaiseMissingBlockEnd(CloseTag(FirstUnclosedWithin(id)));
     --open->second;
     AddText(at);
     textStart_ = quote + 2;
-    outline_.push_back({Kind::Close, {}, open_.back().block});
+    outline_.push_back({Kind::Close, {}});
     open_.pop_back();
     return textStart_;
   }
@@ -130,8 +125,8 @@ class Parser {
   /// The outermost block that the block of this id, which ends, leaves open.
   const std::string& FirstUnclosedWithin(const std::string& id) const {
     std::size_t at = open_.size() - 1;
-    while (open_[at].id != id) --at;
-    return open_[at + 1].id;
+    while (open_[at] != id) --at;
+    return open_[at + 1];
   }
 
   void AddText(std::size_t end) {
@@ -215,7 +210,7 @@ class Parser {
   std::size_t textStart_ = 0;
   std::vector<TemplatePart> outline_;
   std::vector<TemplateBlock> blocks_;
-  std::vector<OpenBlock> open_;
+  std::vector<std::string> open_;  // the ids of those that are open
   std::map<std::string, std::size_t> openOf_;
   std::map<std::string, std::size_t> outermost_;  // the first block of each path
   ParsedTemplate result_;

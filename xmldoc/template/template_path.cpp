@@ -61,7 +61,7 @@ std::size_t FindIgnoringCase(std::string_view text, std::string_view wanted, std
   const char first = wanted.front();
   const char upper = first >= 'a' && first <= 'z' ? static_cast<char>(first - 'a' + 'A') : first;
   const char both[] = {first, upper};
-  const std::string_view starts(both, first == upper ? 1 : 2);
+  const std::string_view starts(both, sizeof both);
   for (;;) {
     const auto found = text.find_first_of(starts, from);
     if (found == std::string_view::npos) return found;

@@ -113,7 +113,6 @@ class Tokenizer {
   void Add(Kind kind, std::string_view text) { tokens_.push_back({kind, text}); }
   void FlushText(std::size_t end) {
     if (end > textStart_) Add(Kind::Text, text_.substr(textStart_, end - textStart_));
-    textStart_ = end;
   }
   void SkipTo(std::size_t position) { at_ = textStart_ = position; }
 

@@ -9,20 +9,6 @@ namespace {
 
 constexpr auto kNone = std::string_view::npos;
 
-/// Length of the value with its quotes in the plain case, where the general rule needs no search:
-/// two quotes of one kind around it, and after it the end, or one blank and a name with its "=".
-std::size_t PlainValueLength(std::string_view text) {
-  if (text.empty() || !IsQuote(text.front())) return kNone;
-  const std::size_t close = text.find(text.front(), 1);
-  if (close == kNone) return kNone;
-  if (close + 1 == text.size()) return text.size();
-  if (text[close + 1] != ' ') return kNone;
-  for (std::size_t i = close + 2; i < text.size() && text[i] != ' '; ++i) {
-    if (text[i] == '=') return close + 1;
-  }
-  return kNone;
-}
-
 /// Length of the value with its quotes: up to the last blank before some later "=", the first one
 /// that leaves an even count of the quote with which the value begins; without one, the whole text.
 std::size_t ValueLength(std::string_view text) {
@@ -59,8 +45,7 @@ void TakeAttribute(std::string_view& rest, std::string_view& name, std::string_v
     return;
   }
   rest.remove_prefix(equals + 1);
-  std::size_t length = PlainValueLength(rest);
-  if (length == kNone) length = ValueLength(rest);
+  const std::size_t length = ValueLength(rest);
   value = WithoutEndCharacters(rest.substr(0, length));
   rest.remove_prefix(std::min(length + 1, rest.size()));
 }

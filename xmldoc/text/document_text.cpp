@@ -21,11 +21,8 @@ constexpr std::size_t kTooLong = std::size_t{1} << 30;
 constexpr std::size_t kFewLevels = 1000;
 
 void AddDeclaration(AppendString& text, const Document& root) {
-  text.AddToString("<?xml version=\"");
-  text.AddToString(root.Version());
-  text.AddToString("\" encoding=\"");
-  text.AddToString(root.Encoding());
-  text.AddToString("\" application=\"Tarvo Launcher\"?>\r\n");
+  text.AddPieces("<?xml version=\"", root.Version(), "\" encoding=\"", root.Encoding(),
+                 "\" application=\"Tarvo Launcher\"?>\r\n");
 }
 
 void RefuseEndlessText(Document& root) {
@@ -49,11 +46,6 @@ bool Document::ReadText(std::string_view text, TextEnd& end) {
   } catch (const RuntimeError&) {
     return false;  // a name that a setter refuses: bad input like any other
   }
-}
-
-bool Document::XMLImport(std::string_view text) {
-  TextEnd end = TextEnd::CutOff;
-  return XMLImport(text, end);
 }
 
 bool Document::XMLImport(std::string_view text, TextEnd& end) {
@@ -90,7 +82,9 @@ std::string Document::XMLExport() {
     return text == "<xml/>\r\n" ? std::string() : text;
   }
   AppendString text;
-  if (rare_ != nullptr) text.Expect(rare_->textLength + AppendString::kStepCharacters);
+  if (rare_ != nullptr && rare_->textLength > 0) {
+    text.Expect(rare_->textLength + AppendString::kStepCharacters);
+  }
   AddDeclaration(text, *this);
   if (TreeWriter(text).Write(*this, kFewLevels)) return text.TakeString();
   RefuseEndlessText(*this);

@@ -1,35 +1,24 @@
 #include "xmldoc/text/node_maker.h"
 
-#include <cstring>
-#include <new>
-
 namespace tarvo {
-namespace {
-
-void Place(CompactText& text, std::string_view characters, char*& at) {
-  if (characters.empty()) return;
-  std::memcpy(at, characters.data(), characters.size());
-  text.Show(at, static_cast<std::uint32_t>(characters.size()));
-  at += characters.size();
-}
-
-}  // namespace
 
 template <typename Node>
 Node* NodeMaker::Make(std::string_view name, std::string_view value,
                       const AttributePacker& attributes, char*& text) {
   const std::size_t packed = attributes.Size();
   std::uint16_t place = 0;
-  void* memory = pool_.Allocate(sizeof(Node) + packed + name.size() + value.size(), place);
+  void* memory = pool_.Allocate(
+      sizeof(Node) + packed + CompactText::BytesOutside(name) + CompactText::BytesOutside(value),
+      place);
   Node* node = new (memory) Node;
   node->header_.place = place;
   text = static_cast<char*>(memory) + sizeof(Node);
   if (packed > 0) {
     attributes.CopyTo(text);
-    node->parameters_.Show(PackedAttributes(text));
+    node->parameters_.Show(text);
     text += packed;
   }
-  Place(node->name_, name, text);
+  node->name_.Put(name, text);
   return node;
 }
 
@@ -37,13 +26,16 @@ Ref<Field> NodeMaker::MakeField(std::string_view name, std::string_view value,
                                 const AttributePacker& attributes) {
   char* text = nullptr;
   Field* field = Make<Field>(name, value, attributes, text);
-  Place(field->value_, value, text);
+  field->value_.Put(value, text);
   return Ref<Field>::Adopt(field);
 }
 
 Ref<Document> NodeMaker::MakeDocument(std::string_view name, const AttributePacker& attributes) {
   char* text = nullptr;
-  return Ref<Document>::Adopt(Make<Document>(name, {}, attributes, text));
+  Document* document = Make<Document>(name, {}, attributes, text);
+  document->fields_.list_.StartInPool(document->Import());
+  document->childs_.list_.StartInPool(document->Import());
+  return Ref<Document>::Adopt(document);
 }
 
 }  // namespace tarvo

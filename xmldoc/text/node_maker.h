@@ -18,6 +18,7 @@ class NodeMaker {
   Ref<Field> MakeField(std::string_view name, std::string_view value,
                        const AttributePacker& attributes);
   Ref<Document> MakeDocument(std::string_view name, const AttributePacker& attributes);
+  NodePool& Pool() { return pool_; }
 
  private:
   template <typename Node>

@@ -76,12 +76,10 @@ class TreeWriter {
   }
 
   void StartNode(Document& node) {
-    Add(Tabs(open_.size()), "<", node.NameView(), node.Parameters().ReadyText());
-    AddLooseParameters(node.Parameters());
-    if (node.Fields().Count() == 0 && node.Childs().Count() == 0) {
-      Add("/>\r\n");
-      return;
-    }
+    const Parameters& parameters = std::as_const(node).Parameters();
+    Add(Tabs(open_.size()), "<", node.NameView(), parameters.ReadyText());
+    AddLooseParameters(parameters);
+    if (node.Fields().Count() == 0 && node.Childs().Count() == 0) return Add("/>\r\n");
     Add(">\r\n");
     open_.push_back({BusyMark(node), 0});
     for (Field* field : node.Fields().Nodes()) WriteField(*field);
@@ -92,17 +90,14 @@ class TreeWriter {
     open_.pop_back();
   }
 
-  void WriteField(Field& field) {
+  void WriteField(const Field& field) {
     const std::string_view name = field.NameView();
     Add(Tabs(open_.size()), "<", name, field.Parameters().ReadyText());
     AddLooseParameters(field.Parameters());
     // The kept form is the value with "<" and ">" escaped already.
     const std::string_view value = field.EscapedValueView();
-    if (value.empty()) {
-      Add("/>\r\n");
-    } else {
-      Add(">", value, "</", name, ">\r\n");
-    }
+    if (value.empty()) return Add("/>\r\n");
+    Add(">", value, "</", name, ">\r\n");
   }
 
   /// The attributes whose text has to be put together.

@@ -1,6 +1,7 @@
 #include "xmldoc/text/xml_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 #include "xmldoc/rules/text_rules.h"
@@ -9,11 +10,20 @@
 namespace tarvo {
 namespace {
 
+/// About how many bytes the nodes of a text take: three for a byte, in small ones perhaps five.
+std::size_t NodeBytes([[maybe_unused]] std::size_t textBytes) {
 #ifdef TARVO_NODES_APART
-constexpr std::size_t kNodeBytesForTextByte = 0;
+  return 0;
 #else
-constexpr std::size_t kNodeBytesForTextByte = 3;
+  return textBytes * 3 + std::min(textBytes * 2, std::size_t{4096});
 #endif
+}
+
+constexpr std::array<bool, 256> kEndsTagName = [] {
+  std::array<bool, 256> ends{};
+  for (const char c : {' ', '>', '\r', '\n'}) ends[static_cast<unsigned char>(c)] = true;
+  return ends;
+}();
 
 /// Most signs are near: only beyond the first few bytes does a search in blocks pay.
 const char* Find(const char* from, const char* end, char wanted) {
@@ -46,25 +56,33 @@ void DropLast(std::string_view& text, char last) {
   if (!text.empty() && text.back() == last) text.remove_suffix(1);
 }
 
+template <typename Take>
+void ForEachAttribute(std::string_view text, Take take) {
+  for (std::string_view name, value; TakeAttribute(text, name, value), !name.empty();) {
+    take(name, value);
+  }
+}
+
 bool IsDeclarationOrComment(std::string_view name) {
   return !name.empty() && (name.front() == '?' || name.front() == '!');
 }
 
-bool IsBlankOrLineEnd(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-
-bool IsClosing(std::string_view name) { return !name.empty() && name.front() == '/'; }
+bool HasOnly(std::string_view signs, std::string_view text) {
+  return text.find_first_not_of(signs) == std::string_view::npos;
+}
 
 }  // namespace
 
 XmlReader::XmlReader(Document& root, std::string_view text)
     : root_(root),
       node_(&root),
-      maker_(text.size() * kNodeBytesForTextByte),
+      maker_(NodeBytes(text.size())),
       encodePassword_(root.EncodePassword()),
       cryptType_(root.CryptType()),
       hasCipher_(cryptType_ != 0 || !encodePassword_.empty()),
       tolerant_(!root.StopOnLoadError()),
-      fieldsBefore_(root.Fields().Count()) {
+      fieldsBefore_(root.Fields().Count()),
+      childsBefore_(root.Childs().Count()) {
   text = WithoutOuterBlanks(text);
   at_ = text.data();
   end_ = at_ + text.size();
@@ -75,6 +93,8 @@ bool XmlReader::Read() {
   Step step = Step::Next;
   while (step == Step::Next) step = ReadTag();
   if (step == Step::Fault && rest_ == Rest::Nothing) rest_ = Rest::Element;
+  const int tops = root_.Fields().Count() + root_.Childs().Count() - fieldsBefore_ - childsBefore_;
+  maker_.Pool().Finish(static_cast<std::size_t>(tops));
   return step == Step::EndOfText;
 }
 
@@ -85,34 +105,28 @@ TextEnd XmlReader::End() const {
   return openElements_ > 0 || rootless ? TextEnd::CutOff : TextEnd::Whole;
 }
 
-const char* XmlReader::FindOpen(const char* from) const { return Find(from, end_, '<'); }
-
 XmlReader::Step XmlReader::ReadTag() {
-  const char* open = FindOpen(at_);
-  if (open == nullptr) return OnlyLineEndsLeft() ? Step::EndOfText : EndAtWords(at_);
+  const char* open = Find(at_, end_, '<');
+  if (open == nullptr)
+    return HasOnly("\r\n\t", Between(at_, end_)) ? Step::EndOfText : EndAtWords(at_);
   if (Between(open + 1, end_).starts_with('/')) return CloseNode(open);
   Tag tag;
-  if (!ScanPlainTag(open, tag) && !ScanTag(open, tag, repairedTag_)) return EndAtElement();
-  if (IsClosing(tag.name)) return CloseNode(open);
-  const char* next = FindOpen(tag.end);
+  if (!ScanPlainTag(open, tag) && !ScanTag(open, tag, repairedTag_)) return EndAt(Rest::Element);
+  if (tag.name.starts_with('/')) return CloseNode(open);
+  const char* next = Find(tag.end, end_, '<');
   if (next == nullptr) return EndAtLastTag(tag);
   if (IsDeclarationOrComment(tag.name)) return ReadDeclaration(tag, next);
   const char* closingEnd = tag.closesItself ? tag.end : EndOfClosing(tag.name, next);
   return closingEnd != nullptr ? ReadLeaf(tag, next, closingEnd) : ReadElement(tag, next);
 }
 
-bool XmlReader::OnlyLineEndsLeft() const {
-  return std::all_of(at_, end_, [](char c) { return c == '\r' || c == '\n' || c == '\t'; });
+XmlReader::Step XmlReader::EndAt(Rest rest) {
+  rest_ = rest;
+  return tolerant_ ? Step::EndOfText : Step::Fault;
 }
 
 XmlReader::Step XmlReader::EndAtWords(const char* words) {
-  if (!std::all_of(words, end_, IsBlankOrLineEnd)) rest_ = Rest::Words;
-  return tolerant_ ? Step::EndOfText : Step::Fault;
-}
-
-XmlReader::Step XmlReader::EndAtElement() {
-  rest_ = Rest::Element;
-  return tolerant_ ? Step::EndOfText : Step::Fault;
+  return EndAt(HasOnly(" \t\r\n", Between(words, end_)) ? rest_ : Rest::Words);
 }
 
 XmlReader::Step XmlReader::EndAtLastTag(const Tag& tag) {
@@ -120,14 +134,14 @@ XmlReader::Step XmlReader::EndAtLastTag(const Tag& tag) {
   const bool rootWithoutContent =
       tag.closesItself && openElements_ == 0 && root_.Fields().Count() == fieldsBefore_;
   rootClosed_ = rootClosed_ || rootWithoutContent;
-  return EndAtElement();
+  return EndAt(Rest::Element);
 }
 
 bool XmlReader::ScanPlainTag(const char* open, Tag& tag) {
   const char* name = open + 1;
   if (name == end_ || *name == '!') return false;
   const char* at = name;
-  while (at != end_ && *at != ' ' && *at != '>' && *at != '\r' && *at != '\n') ++at;
+  while (at != end_ && !kEndsTagName[static_cast<unsigned char>(*at)]) ++at;
   const char* nameEnd = at;
   const char* attributesEnd = packer_.TakeWritten(at, end_);
   at = attributesEnd;
@@ -145,33 +159,20 @@ bool XmlReader::ScanPlainTag(const char* open, Tag& tag) {
 
 bool XmlReader::ScanTag(const char* open, Tag& tag, std::string& repaired) const {
   if (Between(open + 1, end_).starts_with("!--")) return ScanComment(open, tag);
-  const char* blank = nullptr;
-  const char* at = open + 1;
-  bool broken = false;
-  for (; at != end_ && *at != '>'; ++at) {
-    if (*at == ' ') {
-      if (blank == nullptr) blank = at;
-    } else if (*at == '\r' || *at == '\n') {
-      broken = true;
-    }
-  }
-  if (at == end_) return false;
-  tag.end = at + 1;
-  std::string_view inner = Between(open + 1, at);
-  if (broken) {
+  const char* close = Find(open, end_, '>');
+  if (close == nullptr) return false;
+  tag.end = close + 1;
+  std::string_view inner = Between(open + 1, close);
+  if (inner.find_first_of("\r\n") != std::string_view::npos) {
     RepairLineBreaks(inner, repaired);
     inner = repaired;
-    const auto found = inner.find(' ');
-    blank = found == std::string_view::npos ? nullptr : inner.data() + found;
   }
-  tag.closesItself = !inner.empty() && inner.back() == '/';
-  const char* innerEnd = inner.data() + inner.size();
-  tag.name = Between(inner.data(), blank == nullptr ? innerEnd : blank);
-  if (blank != nullptr) {
-    tag.hasBlank = true;
-    tag.attributes = Between(blank + 1, innerEnd);
-    DropLast(tag.attributes, '/');
-  }
+  tag.closesItself = inner.ends_with('/');
+  tag.name = inner.substr(0, inner.find(' '));
+  tag.hasBlank = tag.name.size() < inner.size();
+  if (!tag.hasBlank) return true;
+  tag.attributes = inner.substr(tag.name.size() + 1);
+  DropLast(tag.attributes, '/');
   return true;
 }
 
@@ -193,13 +194,13 @@ const char* XmlReader::EndOfClosing(std::string_view name, const char* next) {
   // Another name, or one that a line break in the tag hides.
   if (ahead.empty() || (ahead[0] != '/' && ahead[0] != '\r' && ahead[0] != '\n')) return nullptr;
   Tag closing;
-  if (!ScanTag(next, closing, repairedNext_) || !IsClosing(closing.name)) return nullptr;
+  if (!ScanTag(next, closing, repairedNext_) || !closing.name.starts_with('/')) return nullptr;
   return closing.name.substr(1) == name ? closing.end : nullptr;
 }
 
 XmlReader::Step XmlReader::CloseNode(const char* open) {
   const char* end = Find(open, end_, '>');
-  if (end == nullptr) return EndAtElement();
+  if (end == nullptr) return EndAt(Rest::Element);
   at_ = end + 1;
   if (openElements_ > 0 && --openElements_ == 0) rootClosed_ = true;
   if (!open_.empty()) {
@@ -214,31 +215,23 @@ XmlReader::Step XmlReader::ReadDeclaration(const Tag& tag, const char* next) {
   if (!IsKeyword(tag.name, "?xml")) return Step::Next;
   std::string_view rest = tag.attributes;
   DropLast(rest, '?');
-  for (;;) {
-    std::string_view name;
-    std::string_view value;
-    TakeAttribute(rest, name, value);
-    if (name.empty()) return Step::Next;
+  ForEachAttribute(rest, [this](std::string_view name, std::string_view value) {
     if (IsKeyword(name, "version")) root_.SetVersion(value);
     if (IsKeyword(name, "encoding")) root_.SetEncoding(value);
-  }
+  });
+  return Step::Next;
 }
 
 bool XmlReader::ReadAttributes(const Tag& tag) {
   if (tag.packed) return true;
   packer_.Clear();
-  std::string_view attributes = tag.attributes;
-  if (attributes.empty()) return true;
-  packer_.Reserve(attributes.size());
-  for (;;) {
-    std::string_view name;
-    std::string_view value;
-    TakeAttribute(attributes, name, value);
-    if (name.empty()) return true;
+  bool accepted = true;
+  ForEachAttribute(tag.attributes, [&](std::string_view name, std::string_view value) {
     name = WithoutOuterBlanks(name);
-    if (name.find(' ') != std::string_view::npos) return false;
-    packer_.Add(name, value);
-  }
+    accepted = accepted && name.find(' ') == std::string_view::npos;
+    if (accepted) packer_.Add(name, value);
+  });
+  return accepted;
 }
 
 std::string_view XmlReader::KeptForm(std::string_view value) {
@@ -254,7 +247,7 @@ XmlReader::Step XmlReader::ReadLeaf(const Tag& tag, const char* next, const char
     if (!tag.hasBlank) DropLast(name, '/');
   } else {
     value = KeptForm(Between(tag.end, next));
-    next = FindOpen(closingEnd);
+    next = Find(closingEnd, end_, '<');
   }
   const bool accepted = ReadAttributes(tag);
   Ref<Field> field = maker_.MakeField(name, value, packer_);
@@ -262,7 +255,7 @@ XmlReader::Step XmlReader::ReadLeaf(const Tag& tag, const char* next, const char
     field->SetEncodePassword(encodePassword_);
     field->SetCryptType(cryptType_);
   }
-  node_->Fields().Append(std::move(field));
+  node_->Fields().Append(std::move(field), PoolOfNode());
   at_ = next == nullptr ? end_ : next;
   return accepted ? Step::Next : Step::Fault;
 }
@@ -280,21 +273,17 @@ XmlReader::Step XmlReader::ReadElement(const Tag& tag, const char* next) {
   if (!tolerant_) child->SetStopOnLoadError(true);
   open_.push_back(node_);
   Document* filled = child.get();
-  node_->Childs().Append(std::move(child));
+  node_->Childs().Append(std::move(child), PoolOfNode());
   node_ = filled;
   return accepted ? Step::Next : Step::Fault;
 }
 
 XmlReader::Step XmlReader::NameNode(const Tag& tag) {
   node_->SetName(tag.name);
-  std::string_view rest = tag.attributes;
-  for (;;) {
-    std::string_view name;
-    std::string_view value;
-    TakeAttribute(rest, name, value);
-    if (name.empty()) return Step::Next;
+  ForEachAttribute(tag.attributes, [this](std::string_view name, std::string_view value) {
     node_->Parameters().AddParameter(name, value);
-  }
+  });
+  return Step::Next;
 }
 
 }  // namespace tarvo

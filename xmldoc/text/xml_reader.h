@@ -48,11 +48,10 @@ class XmlReader {
   bool ScanComment(const char* open, Tag& tag) const;
   /// The end of the closing tag at `next` when that bears this name, else nothing.
   const char* EndOfClosing(std::string_view name, const char* next);
-  bool OnlyLineEndsLeft() const;
   /// The text ends with what begins at `words` and holds no tag.
   Step EndAtWords(const char* words);
-  /// It ends with an element that does not come into the tree.
-  Step EndAtElement();
+  /// It ends with what does not come into the tree.
+  Step EndAt(Rest rest);
   /// It ends with a tag that no other follows.
   Step EndAtLastTag(const Tag& tag);
 
@@ -67,7 +66,8 @@ class XmlReader {
   /// stay.
   bool ReadAttributes(const Tag& tag);
   std::string_view KeptForm(std::string_view value);
-  const char* FindOpen(const char* from) const;
+  /// None for the root, which the maker has not made.
+  NodePool* PoolOfNode() { return node_ == &root_ ? nullptr : &maker_.Pool(); }
 
   Document& root_;
   Document* node_;               // the one being filled
@@ -84,6 +84,7 @@ class XmlReader {
   const bool hasCipher_;
   const bool tolerant_;
   const int fieldsBefore_;
+  const int childsBefore_;
   std::size_t openElements_ = 0;  // start tags without their closing tag
   bool rootClosed_ = false;
   Rest rest_ = Rest::Nothing;

@@ -8,10 +8,8 @@ namespace {
 
 void AddEscaped(std::string& json, char c) {
   const auto byte = static_cast<unsigned char>(c);
-  if (c == '"' || c == '\\') {
-    json += '\\';
-    json += c;
-  } else if (byte < 0x20 || byte > 0x7E) {
+  if (c == '"' || c == '\\') json += '\\';
+  if (byte < 0x20 || byte > 0x7E) {
     std::array<char, 8> code;
     std::snprintf(code.data(), code.size(), "\\u00%02x", static_cast<unsigned>(byte));
     json += code.data();
@@ -24,12 +22,11 @@ std::string PairText(std::string_view name, std::string_view value) {
   return "[" + JsonText(name) + "," + JsonText(value) + "]";
 }
 
-std::string ParametersText(Parameters& parameters) {
+std::string ParametersText(const Parameters& parameters) {
   std::string json = "[";
-  for (int i = 0; i < parameters.Count(); ++i) {
-    const Ref<Parameter> one = parameters.Parameter(i);
-    json += (i > 0 ? "," : "") + PairText(one->NameView(), one->ValueView());
-  }
+  parameters.ForEach([&json](std::string_view name, std::string_view value) {
+    json += (json.size() > 1 ? "," : "") + PairText(name, value);
+  });
   return json + "]";
 }
 

@@ -23,26 +23,16 @@ constexpr const char* kUse =
 XmlToolRun Done(std::string output) { return {0, std::move(output), {}}; }
 XmlToolRun Failed(const std::string& why) { return {kFailed, {}, "xmltool: " + why + "\n"}; }
 
-bool ReadFile(const std::string& path, std::string& text) {
-  return StdioFileReader().ReadText(path, text) == ReadResult::Ok;
-}
-
-XmlToolRun Dump(const std::string& path, bool stopOnLoadError) {
+XmlToolRun DumpOrExport(bool dump, const std::string& path, bool stopOnLoadError) {
   std::string text;
-  if (!ReadFile(path, text)) return Failed("cannot read " + path);
+  if (StdioFileReader().ReadText(path, text) != ReadResult::Ok) {
+    return Failed("cannot read " + path);
+  }
   const Ref<Document> document = Document::Create();
   document->SetStopOnLoadError(stopOnLoadError);
   const bool result = document->XMLImport(text);
-  return Done(JsonDump(result, *document) + "\n");
-}
-
-XmlToolRun Export(const std::string& path) {
-  std::string text;
-  if (!ReadFile(path, text)) return Failed("cannot read " + path);
-  const Ref<Document> document = Document::Create();
-  document->XMLImport(text);
   try {
-    return Done(document->XMLExport());
+    return Done(dump ? JsonDump(result, *document) + "\n" : document->XMLExport());
   } catch (const RuntimeError& error) {
     return Failed(error.Description());
   }
@@ -80,8 +70,8 @@ XmlToolRun RunXmlTool(const std::vector<std::string>& words, ComponentCalls& com
   if ((byRows || byDocument) && words[0] == "render") return RenderTemplate(words, components);
   const bool stop = words.size() == 3 && words[0] == "dump" && words[2] == "--stop-on-load-error";
   if (words.size() != 2 && !stop) return {kWrongUse, {}, kUse};
-  if (words[0] == "dump") return Dump(words[1], stop);
-  if (words[0] == "export") return Export(words[1]);
+  const bool dump = words[0] == "dump";
+  if (dump || words[0] == "export") return DumpOrExport(dump, words[1], stop);
   if (words[0] == "attributes") return ShowAttributes(words[1]);
   return {kWrongUse, {}, kUse};
 }
