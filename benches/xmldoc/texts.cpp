@@ -47,6 +47,15 @@ std::string DeepText(int levels) {
   return text;
 }
 
+std::string SiblingsText(int siblings) {
+  std::string text = kHead + "<root>";
+  for (int i = 0; i < siblings; ++i) {
+    const std::string name = "sibling" + std::to_string(100000 + i);
+    text += "<" + name + "><field>1</field></" + name + ">";
+  }
+  return text + "</root>";
+}
+
 std::string AttributesText(int attributes) {
   std::string text = "<r><f";
   for (int i = 0; i < attributes; ++i) {

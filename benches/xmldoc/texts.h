@@ -11,6 +11,8 @@ std::string SettingsText(std::size_t bytes);
 std::string RecordsText(std::size_t bytes);
 /// Elements within each other, one field in the innermost.
 std::string DeepText(int levels);
+/// So many elements side by side, each of another name, with a field each.
+std::string SiblingsText(int siblings);
 /// One element with so many attributes.
 std::string AttributesText(int attributes);
 
