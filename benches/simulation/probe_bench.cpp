@@ -27,9 +27,8 @@ double ShareBlocked(std::size_t silent, bool patient) {
   }
   launcher.Click("bStart", 3);
   launcher.Pass(1min);
-  const char* const servers[] = {kLogin, kChar, kMap};
   for (std::size_t i = 0; i < silent; ++i) {
-    machine.processes.TheOne(servers[i]).answer = PortAnswer::TimesOut;
+    machine.processes.TheOne(kServers[i]).answer = PortAnswer::TimesOut;
   }
   launcher.Pass(1min);
   const std::uint64_t begin = machine.clock.Age();

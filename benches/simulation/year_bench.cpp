@@ -18,7 +18,6 @@ using namespace std::chrono_literals;
 
 constexpr int kSteps = 12 * 120;  // A fault in each; a twelfth of the year is 120 of them.
 constexpr std::chrono::seconds kStep = 365 * 24h / kSteps;
-constexpr const char* kServers[] = {kLogin, kChar, kMap};
 
 constexpr double kLongestYear = 120;     // Seconds.
 constexpr double kFewestTicks = 400000;  // A second.

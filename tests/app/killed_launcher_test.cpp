@@ -18,9 +18,8 @@ void ArrangeAutoStart(SimMachine& machine) {
 }
 
 void ExpectUnderControl(SimMachine& machine, Launcher& launcher, const std::string& where) {
-  const char* const names[] = {kLogin, kChar, kMap};
   for (ComponentKind kind : kComponents) {
-    const auto ids = machine.processes.Named(names[IndexOf(kind)]);
+    const auto ids = machine.processes.Named(kServers[IndexOf(kind)]);
     ASSERT_EQ(ids.size(), 1u) << where;
     EXPECT_EQ(launcher.Of(kind).ProcessId, ids.front()) << where;
     EXPECT_EQ(launcher.Of(kind).AlarmState, AlarmState::Healthy) << where;
@@ -76,7 +75,7 @@ TEST(KilledLauncher, BetweenAnyTwoCallsOfTheFirstSecondsOfWatching) {
 TEST(KilledLauncher, BetweenAnyTwoCallsOfAnAdoption) {
   ForEveryDeath(
       [](SimMachine& machine) {
-        for (const char* name : {kLogin, kChar, kMap}) machine.processes.StartForeign(name);
+        for (const char* name : kServers) machine.processes.StartForeign(name);
       },
       [](Launcher& launcher) { launcher.Start(); }, 60);
 }

@@ -11,7 +11,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr const char* kNames[] = {kLogin, kChar, kMap};
 constexpr std::chrono::milliseconds kCheck = 5s;
 
 struct Span {
@@ -36,12 +35,12 @@ class RandomWeek : public LauncherStory, public ::testing::WithParamInterface<Sp
     machine.recorder.CountOnly();
   }
 
-  bool OneRuns(std::size_t i) { return machine.processes.Named(kNames[i]).size() == 1; }
+  bool OneRuns(std::size_t i) { return machine.processes.Named(kServers[i]).size() == 1; }
 
   void CheckInvariants() {
     for (std::size_t i = 0; i < 3; ++i) {
-      ASSERT_LE(machine.processes.Named(kNames[i]).size(), 1u) << kNames[i];
-      ASSERT_TRUE(launcher->TheForm().timers.CrashWatch[i].Enabled()) << kNames[i];
+      ASSERT_LE(machine.processes.Named(kServers[i]).size(), 1u) << kServers[i];
+      ASSERT_TRUE(launcher->TheForm().timers.CrashWatch[i].Enabled()) << kServers[i];
     }
     ASSERT_LE(launcher->TheForm().status.RTLog.SourceLength(), kLongestLogSource + 200);
     ASSERT_EQ(machine.network.OpenSockets(), 0u);
@@ -57,7 +56,7 @@ class RandomWeek : public LauncherStory, public ::testing::WithParamInterface<Sp
       CheckInvariants();
       if (HasFatalFailure()) return;
       for (std::size_t i = 0; i < 3; ++i) {
-        ASSERT_TRUE(OneRuns(i) || !gone[i]) << kNames[i];
+        ASSERT_TRUE(OneRuns(i) || !gone[i]) << kServers[i];
         gone[i] = !OneRuns(i);
       }
     }
@@ -67,7 +66,7 @@ class RandomWeek : public LauncherStory, public ::testing::WithParamInterface<Sp
   void Strike(std::mt19937& random) {
     const std::size_t victim = random() % 3;
     if (!OneRuns(victim)) return PassChecked(5s);
-    SimProcess& process = Process(kNames[victim]);
+    SimProcess& process = Process(kServers[victim]);
     const char* const words[] = {"Login", "Char", "Map"};
     const std::string crashLine = std::string(words[victim]) + " Server crashed, restarting...";
     const std::string killLine = std::string("Shuting down ") + words[victim] + "...";
@@ -89,13 +88,13 @@ class RandomWeek : public LauncherStory, public ::testing::WithParamInterface<Sp
         PassChecked(60s);
         EXPECT_GE(launcher->CountInLog(killLine), 1u) << launcher->Log();
         EXPECT_GE(launcher->CountInLog(crashLine), 1u) << launcher->Log();
-        EXPECT_NE(Process(kNames[victim]).id, old);
+        EXPECT_NE(Process(kServers[victim]).id, old);
         break;
       }
       case 3:  // A freeze that passes in time.
         process.answer = PortAnswer::Refuses;
         PassChecked(10s);
-        Process(kNames[victim]).answer = PortAnswer::Listens;
+        Process(kServers[victim]).answer = PortAnswer::Listens;
         break;
       default:  // The operator sets the clock by up to ten hours, back or forth.
         machine.clock.SetLocal(machine.clock.Now() +
@@ -123,7 +122,7 @@ TEST_P(RandomWeek, NoServerTwiceNoneLostEveryCrashToldTheLogBounded) {
     CheckInvariants();
   }
   EXPECT_GT(strikes, run.days * 14);
-  for (std::size_t i = 0; i < 3; ++i) EXPECT_TRUE(OneRuns(i)) << kNames[i];
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_TRUE(OneRuns(i)) << kServers[i];
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomWeek,

@@ -321,7 +321,7 @@ TEST_F(StartUp, ARootWithoutExecutablesReachesReadyAndRefusesToStart) {
 TEST_F(StartUp, ADrivesRootHasOneBackslash) {
   machine.launcherPath = "C:\\tarvo-launcher.exe";
   machine.PutConf("C:", UsualCharConf(), UsualMapConf());
-  for (const char* name : {kLogin, kChar, kMap}) {
+  for (const char* name : kServers) {
     machine.files.Put(std::string("C:\\") + name, "MZ");
   }
   StartLauncher();
@@ -405,7 +405,7 @@ TEST_F(StartUp, LettersOfAnotherCaseAreTheSameRootAndAnotherFolderIsAnother) {
 TEST_F(StartUp, TwoRootsWithOneDigestShareTheirSettings) {
   for (const char* folder : {"C:\\a\\b", "C:\\a_b"}) {
     machine.PutConf(folder, UsualCharConf(), UsualMapConf());
-    for (const char* name : {kLogin, kChar, kMap}) {
+    for (const char* name : kServers) {
       machine.files.Put(std::string(folder) + "\\" + name, "MZ");
     }
   }

@@ -25,7 +25,7 @@ TEST_F(Surroundings, TheServersFindTheirConfWhereverTheLauncherWasStarted) {
   ASSERT_EQ(machine.workingFolder.current, "C:\\Windows\\System32\\");
   StartLauncher();
   launcher->Pass(1min);
-  for (const char* server : {kLogin, kChar, kMap}) {
+  for (const char* server : kServers) {
     EXPECT_EQ(machine.processes.Named(server).size(), 1u) << server;
   }
   EXPECT_EQ(launcher->CountInLog("Login Server crashed, restarting..."), 0u);
@@ -91,7 +91,7 @@ TEST_F(Surroundings, ARootInAnyCodePageIsAServerRoot) {
     machine.codePage.Use(c.codePage);
     machine.launcherPath = c.root + "\\tarvo-launcher.exe";
     machine.PutConf(c.root, UsualCharConf(), UsualMapConf());
-    for (const char* server : {kLogin, kChar, kMap}) {
+    for (const char* server : kServers) {
       machine.files.Put(c.root + "\\" + server, "MZ");
     }
     machine.SetSetting("AutoRandomize", "1");

@@ -77,7 +77,7 @@ TEST_F(RootChecks, APathThatLeavesNoRoomForBackups) {
     const std::string folder = "C:\\" + std::string(259 - rest - 3 + (tooLong ? 1 : 0), 'a');
     other.launcherPath = folder + "\\tarvo-launcher.exe";
     other.PutConf(folder, UsualCharConf(), UsualMapConf());
-    for (const char* name : {kLogin, kChar, kMap}) {
+    for (const char* name : kServers) {
       other.files.Put(folder + "\\" + name, ProgramBytes());
     }
     other.SetSetting("MapAutoKillEnabled", "1");

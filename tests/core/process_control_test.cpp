@@ -12,7 +12,7 @@ class ControlledProcesses : public ::testing::Test {
  protected:
   ControlledProcesses() {
     for (DropDownList& chooser : Exes) {
-      for (const char* name : {kLogin, kChar, kMap}) chooser.AddItem(name);
+      for (const char* name : kServers) chooser.AddItem(name);
     }
     for (ComponentKind kind : kComponents) Exes[kind].SetListIndex(static_cast<int>(kind));
   }

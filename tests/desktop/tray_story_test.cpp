@@ -351,7 +351,7 @@ TEST_F(SessionEnd, SavesTheSettingsAndLeavesTheServersWithoutAWord) {
   EXPECT_EQ(machine.Setting("MapTimeout"), "90");
   EXPECT_TRUE(machine.boxes.Shown().empty());
   EXPECT_EQ(Tip(), "(none)");
-  for (const char* server : {kLogin, kChar, kMap}) {
+  for (const char* server : kServers) {
     EXPECT_EQ(machine.processes.Named(server).size(), 1U) << server;
   }
 }
@@ -378,7 +378,7 @@ TEST_F(SessionEnd, NothingTicksBetweenTheQuestionAndTheEnd) {
   StartWithAllServers();
   const std::size_t launches = machine.processes.Launches();
   launcher->AskForEndOfSession();
-  for (const char* server : {kLogin, kChar, kMap}) Crash(server);
+  for (const char* server : kServers) Crash(server);
   machine.recorder.Forget();
   launcher->Pass(1min);
   EXPECT_EQ(machine.recorder.Calls(), std::vector<std::string>{});

@@ -126,7 +126,7 @@ class ShowWindows : public LauncherStory {
   /// The crash watch has seen every server's window.
   void StartAndLook() {
     StartWithAllServers();
-    for (const char* server : {kLogin, kChar, kMap}) {
+    for (const char* server : kServers) {
       machine.processes.WindowOf(Process(server).id)->visible = true;
     }
     machine.recorder.Forget();
@@ -135,12 +135,11 @@ class ShowWindows : public LauncherStory {
 
 TEST_F(ShowWindows, TheFirstPressHidesTheSecondShows) {
   StartAndLook();
-  const char* const servers[] = {kLogin, kChar, kMap};
   for (std::size_t i = 0; i < 3; ++i) {
     launcher->Click("opt_ShowWin", i);
-    EXPECT_FALSE(Visible(servers[i])) << servers[i];
+    EXPECT_FALSE(Visible(kServers[i])) << kServers[i];
     launcher->Click("opt_ShowWin", i);
-    EXPECT_TRUE(Visible(servers[i])) << servers[i];
+    EXPECT_TRUE(Visible(kServers[i])) << kServers[i];
   }
 }
 

@@ -60,9 +60,8 @@ struct ScarceLauncher {
   }
 
   void ExpectAllUnderControl() {
-    const char* const names[] = {kLogin, kChar, kMap};
     for (ComponentKind kind : kComponents) {
-      const auto ids = machine.processes.Named(names[IndexOf(kind)]);
+      const auto ids = machine.processes.Named(kServers[IndexOf(kind)]);
       ASSERT_EQ(ids.size(), 1U);
       EXPECT_EQ(launcher->Of(kind).ProcessId, ids.front());
       EXPECT_TRUE(launcher->TheForm().timers.CrashWatch[kind].Enabled());

@@ -7,7 +7,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr const char* kServers[] = {kLogin, kChar, kMap};
 constexpr std::int64_t kFirstOfJanuary = 1767225600;  // 2026, universal time.
 constexpr std::int64_t kDay = 86400;
 constexpr char kEnd[] = " (whole)";

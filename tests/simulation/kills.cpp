@@ -15,7 +15,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr const char* kServers[] = {kLogin, kChar, kMap};
 constexpr char kMissing[] = "(none)";
 constexpr unsigned kLongestCheck = 120;  // Seconds of real time; a check takes milliseconds.
 

@@ -33,7 +33,7 @@ std::string UsualBattleConf() {
 SimMachine::SimMachine() {
   PutConf("C:\\srv", UsualCharConf(), UsualMapConf());
   files.Put(launcherPath, "MZ");
-  for (const char* name : {kLogin, kChar, kMap}) {
+  for (const char* name : kServers) {
     files.Put(std::string("C:\\srv\\") + name, ProgramBytes());
   }
   processes.Program(kLogin).conf = "conf\\login_athena.conf";

@@ -28,6 +28,7 @@ namespace tarvo {
 inline constexpr char kLogin[] = "login-server.exe";
 inline constexpr char kChar[] = "char-server.exe";
 inline constexpr char kMap[] = "map-server.exe";
+inline constexpr const char* kServers[] = {kLogin, kChar, kMap};
 
 /// A whole machine in memory. It begins with a server root in C:\srv: the launcher, the three
 /// servers, each listening on its usual port once it is started, and their conf files; the registry

@@ -13,10 +13,9 @@ namespace tarvo {
 /// last check.
 struct CrashDesk {
   CrashDesk() {
-    const char* const names[] = {kLogin, kChar, kMap};
     for (ComponentKind kind : kComponents) {
-      machine.files.Put(std::string("C:\\srv\\") + names[IndexOf(kind)], "");
-      for (const char* name : names) form.servers.Exes[kind].AddItem(name);
+      machine.files.Put(std::string("C:\\srv\\") + kServers[IndexOf(kind)], "");
+      for (const char* name : kServers) form.servers.Exes[kind].AddItem(name);
       form.servers.Exes[kind].SetListIndex(static_cast<int>(kind));
       form.servers.Prior[kind].SetListIndex(0);
     }

@@ -218,7 +218,7 @@ TEST_F(Freezes, WhoeverComesBackSetsTheLoginServersLight) {
 
 TEST_F(Freezes, WithAutokillUncheckedNothingIsProbedAndNothingKilled) {
   StartWithAllServers();
-  for (const char* name : {kLogin, kChar, kMap}) Freeze(name);
+  for (const char* name : kServers) Freeze(name);
   launcher->Pass(1h);
   EXPECT_EQ(launcher->Log(), "");
   EXPECT_TRUE(machine.network.Connects().empty());

@@ -78,7 +78,7 @@ TEST_F(SilentHosts, AFrozenServerWithAFullQueueIsKilledWithinFiveSecondsOfItsTim
     for (milliseconds phase = 0ms; phase < 10s; phase += 370ms) {
       launcher->Pass(phase + 40s);
       launcher->ForgetLog();
-      for (const char* name : {kLogin, kChar, kMap}) {
+      for (const char* name : kServers) {
         if (name != kLogin && !othersToo) continue;
         Process(name).answer = PortAnswer::NobodyAccepts;
         Process(name).queueRoom = 1;

@@ -15,7 +15,7 @@ class UpgradeOnCrash : public UpgradeStory {
   }
   std::size_t Upgrades() { return launcher->CountInLog("Upgrade complete!"); }
   void ExpectAllRunOnce() {
-    for (const char* server : {kLogin, kChar, kMap}) {
+    for (const char* server : kServers) {
       EXPECT_EQ(machine.processes.Named(server).size(), 1u) << server;
     }
   }
@@ -158,7 +158,7 @@ TEST_F(UpgradeOnCrash, OnlyTheCrashedOneIsStartedWhenNothingElseRan) {
 
 TEST_F(UpgradeOnCrash, ThreeCrashesInOneTickAreOneUpgradeAndNobodyIsLeftDown) {
   Start(2);
-  for (const char* server : {kLogin, kChar, kMap}) Crash(server);
+  for (const char* server : kServers) Crash(server);
   launcher->Pass(6s);
   EXPECT_EQ(Upgrades(), 1u);
   EXPECT_EQ(launcher->CountInLog("Upgrade in progress..."), 1u);
@@ -172,7 +172,7 @@ TEST_F(UpgradeOnCrash, ThreeCrashesInOneTickAreOneUpgradeAndNobodyIsLeftDown) {
 TEST_F(UpgradeOnCrash, ThreeCrashesWithARefusedUpgradeAreThreeRestarts) {
   Start(2);
   machine.files.Remove(kNewMap);
-  for (const char* server : {kLogin, kChar, kMap}) Crash(server);
+  for (const char* server : kServers) Crash(server);
   launcher->Pass(6s);
   EXPECT_EQ(launcher->CountInLog(std::string("Update Error: File missing: ") + kNewMap), 3u);
   EXPECT_EQ(Upgrades(), 0u);

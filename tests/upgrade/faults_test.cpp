@@ -26,8 +26,7 @@ struct Step {
 };
 
 Step StepOf(int n) {
-  const char* const servers[] = {kLogin, kChar, kMap};
-  const char* server = servers[(n - 1) % 3];
+  const char* server = kServers[(n - 1) % 3];
   const std::string old = std::string("C:\\srv\\") + server;
   if (n <= 3) return {old, SavedAtTen(server)};
   return {std::string("C:\\new\\") + server, old};
@@ -37,17 +36,16 @@ class EachOfTheSixCopies : public UpgradeFaults, public testing::WithParamInterf
  protected:
   /// What lies there when the copies before this one went through.
   std::string LyingBefore(int n) {
-    const char* const servers[] = {kLogin, kChar, kMap};
     std::string text;
     for (ComponentKind kind : kComponents) {
       const bool replaced = n > 4 + static_cast<int>(IndexOf(kind));
-      text += std::string(servers[IndexOf(kind)]) + " = " +
+      text += std::string(kServers[IndexOf(kind)]) + " = " +
               (replaced ? std::string("new ") + NameOf(kind) : Old(kind)) + "\n";
     }
     for (ComponentKind kind : kComponents) {
       if (n <= 1 + static_cast<int>(IndexOf(kind))) continue;
-      text +=
-          "LBackup\\202611211000_" + std::string(servers[IndexOf(kind)]) + " = " + Old(kind) + "\n";
+      text += "LBackup\\202611211000_" + std::string(kServers[IndexOf(kind)]) + " = " + Old(kind) +
+              "\n";
     }
     return text;
   }
@@ -207,7 +205,7 @@ TEST_F(UpgradeFaults, ALauncherKilledAtAnyCallLeavesNoHalfExecutableAndCanUpgrad
     for (ComponentKind kind : kComponents) {
       EXPECT_EQ(machine.files.TextOf(Target(kind)), std::string("new ") + NameOf(kind)) << call;
     }
-    for (const char* server : {kLogin, kChar, kMap}) {
+    for (const char* server : kServers) {
       EXPECT_EQ(machine.processes.Named(server).size(), 1u) << call << server;
     }
     launcher->Click("bStart", 4);
@@ -329,7 +327,7 @@ TEST_F(UpgradeFaults, AFaultInACrashsUpgradeEndsTheProgramAndStartsNothing) {
   EXPECT_TRUE(launcher->Ended());
   EXPECT_EQ(launcher->CountInLog("Upgrading Char Server..."), 1u);
   EXPECT_EQ(launcher->CountInLog("Upgrading Map Server..."), 0u);
-  for (const char* server : {kLogin, kChar, kMap}) {
+  for (const char* server : kServers) {
     EXPECT_TRUE(machine.processes.Named(server).empty()) << server;
   }
   EXPECT_EQ(machine.files.TextOf(Target(ComponentKind::Login)), "new Login");

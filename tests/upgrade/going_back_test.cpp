@@ -21,8 +21,7 @@ class GoingBackAtOnce : public UpgradeStory {
   void UpgradeAndChooseTheBackups() {
     StartReady();
     PressUpgrade();
-    const char* const servers[] = {kLogin, kChar, kMap};
-    for (ComponentKind kind : kComponents) TypePath(kind, SavedAtTen(servers[IndexOf(kind)]));
+    for (ComponentKind kind : kComponents) TypePath(kind, SavedAtTen(kServers[IndexOf(kind)]));
     NewLines();
     machine.boxes.NewTexts();
   }

@@ -12,12 +12,11 @@ namespace {
 class UpgradeOperations : public ::testing::Test {
  protected:
   UpgradeOperations() {
-    const char* const names[] = {kLogin, kChar, kMap};
     for (ComponentKind kind : kComponents) {
-      const std::string name = names[IndexOf(kind)];
+      const std::string name = kServers[IndexOf(kind)];
       machine.files.Put("C:\\srv\\" + name, "old");
       machine.files.Put("C:\\new\\" + name, "new");
-      for (const char* item : names) form.servers.Exes[kind].AddItem(item);
+      for (const char* item : kServers) form.servers.Exes[kind].AddItem(item);
       form.servers.Exes[kind].SetListIndex(static_cast<int>(kind));
       form.upgrade.nPath[kind].SetText("C:\\new\\" + name);
     }

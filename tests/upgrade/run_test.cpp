@@ -62,7 +62,7 @@ TEST_F(UpgradeByHand, WithEverythingRunningStopsCopiesAndStartsInOrder) {
             "\xBFStop all to Upgrade?\r\nThe server components are running.\n"
             "Upgrade was succesfull!\n");
   EXPECT_EQ(Lying(), kAllUpgraded);
-  for (const char* server : {kLogin, kChar, kMap}) EXPECT_EQ(Process(server).executable, server);
+  for (const char* server : kServers) EXPECT_EQ(Process(server).executable, server);
   launcher->Pass(60s);
   EXPECT_EQ(NewLines(),
             "0 Listening Login Server\n0 Listening Char Server\n0 Listening Map Server\n");

@@ -7,7 +7,6 @@ namespace {
 
 constexpr std::int64_t kFirstOfJanuary = 1767225600;  // 2026, universal time.
 constexpr std::int64_t kDay = 86400;
-const char* const kServers[] = {kLogin, kChar, kMap};
 
 }  // namespace
 
@@ -88,7 +87,7 @@ std::string UpgradeStory::Dates() {
 
 std::string QuietUpgradeLines(const std::string& stamp) {
   std::string lines;
-  for (const char* name : {kLogin, kChar, kMap}) {
+  for (const char* name : kServers) {
     lines += std::string("3 Saving ") + name + " as \\LBackup\\" + stamp + "_" + name + "\n";
   }
   return lines +
