@@ -64,7 +64,9 @@ class Desk {
   void ExpectLogCount(seconds patience, const std::string& part, int times) const;
   /// Between the last lines with these texts lie at most so many seconds.
   void ExpectWithin(seconds limit, const std::string& first, const std::string& second) const;
-  /// A box with this text comes up; its button ("ok", "yes", "no") is pressed.
+  /// The message of the box that comes up; its button ("ok", "yes", "no") is pressed.
+  std::string Answer(const std::string& button);
+  /// The same; the message holds this text.
   void ExpectBox(const std::string& part, const std::string& button);
   void ExpectNoBox() const;
 

@@ -140,10 +140,15 @@ void Desk::ExpectWithin(seconds limit, const std::string& first, const std::stri
                                     first + "\", not within " + std::to_string(limit.count()));
 }
 
-void Desk::ExpectBox(const std::string& part, const std::string& button) {
+std::string Desk::Answer(const std::string& button) {
   const HWND box = WaitForBox(choice_, 20000);
-  const std::string message = MessageOf(box);
+  std::string message = MessageOf(box);
   PressInBox(box, button);
+  return message;
+}
+
+void Desk::ExpectBox(const std::string& part, const std::string& button) {
+  const std::string message = Answer(button);
   Expect(message.find(part) != std::string::npos,
          "the box says \"" + message + "\", not \"" + part + "\"");
 }

@@ -8,6 +8,8 @@ void FirstRun(Desk& desk);
 void SettingsKept(Desk& desk);
 void StartStop(Desk& desk);
 void RefusesToDie(Desk& desk);
+void NoNumbers(Desk& desk);
+void StartRefused(Desk& desk);
 void LogFile(Desk& desk);
 
 void CrashRestart(Desk& desk);

@@ -15,6 +15,8 @@ constexpr Story kStories[] = {
     {"server_fault", "so is one that dies of an access violation", ServerFault},
     {"dies_at_start", "one that dies at each start is started until the operator stops it", DiesAtStart},
     {"refuses_to_die", "a server that cannot be ended is told, and the window lives", RefusesToDie},
+    {"no_numbers", "a port, a setting or a time that is no number is a fault that is told", NoNumbers},
+    {"start_refused", "what the start button refuses, and what it then does not start", StartRefused},
     {"console_window", "a console program as a server: hidden, and watched as any other", ConsoleServer},
     {"freeze_killed", "a server that has closed its port is killed after its seconds and started anew", FreezeKilled},
     {"freeze_returns", "one that answers again in time is left alone", FreezeReturns},
