@@ -92,9 +92,12 @@ void Launcher::CompleteWindow() {
 
 void Launcher::Event(const std::function<void()>& event) {
   if (Ended()) return;
+  const std::uint64_t begun = machine_.clock.Age();
   ++depth_;
   principal_.Dispatch().Run(event);
-  if (--depth_ == 0 && onEventOver) onEventOver();
+  if (--depth_ > 0) return;
+  lastEventTook_ = machine_.clock.Age() - begun;
+  if (onEventOver) onEventOver();
 }
 
 void Launcher::Click(const std::string& name, std::size_t index) {

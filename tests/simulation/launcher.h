@@ -72,6 +72,8 @@ class Launcher final {
   /// Called when an event, a tick or an act of the operator's, is over; not for those within
   /// others.
   std::function<void()> onEventOver;
+  /// Milliseconds that the last of them took.
+  std::uint64_t LastEventTook() const { return lastEventTook_; }
 
   /// The names of the running timers that belong to a component, for example "LCtrl PrepL".
   std::string RunningTimers(ComponentKind kind);
@@ -94,6 +96,7 @@ class Launcher final {
   std::string events_;
   std::size_t ticks_ = 0;
   int depth_ = 0;
+  std::uint64_t lastEventTook_ = 0;
   bool keepLog_ = true;
 };
 

@@ -42,8 +42,12 @@ class SimFileCopies final : public FileCopies {
 
   /// The n-th copy from now on (1 is the next) fails so, once; those before it succeed.
   void FailCopy(int n, FileTrouble trouble, int number, const std::string& words);
+  /// Takes that back.
+  void FailNoCopy() { copiesUntilFault_ = 0; }
   /// Nobody may write into this folder, or below it.
   void DenyWriting(const std::string& folder);
+  /// Everybody may write everywhere again.
+  void AllowWriting() { denied_.clear(); }
   bool Denied(const std::string& path) const;
 
  private:
