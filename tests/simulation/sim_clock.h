@@ -12,6 +12,9 @@ namespace tarvo {
 /// start.
 class SimClock final : public LocalClock, public TickClock {
  public:
+  /// After so many milliseconds the tick count begins anew.
+  static constexpr std::uint64_t kWrap = std::uint64_t{1} << 32;
+
   LocalTime Now() override { return std::chrono::floor<std::chrono::seconds>(local_); }
   std::uint32_t Milliseconds() override { return static_cast<std::uint32_t>(ticks_); }
   void Pause(std::uint32_t milliseconds) override { Advance(milliseconds); }

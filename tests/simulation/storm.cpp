@@ -10,11 +10,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr const char* kServers[] = {kLogin, kChar, kMap};
 constexpr std::uint64_t kLongestAbsence = 8000;
 constexpr std::size_t kServerFaults = static_cast<std::size_t>(StormFault::ExecutableLocked) + 1;
 constexpr std::chrono::milliseconds kClearing = 2min;
-constexpr std::uint64_t kTickCountWrap = 1ULL << 32;
 constexpr std::chrono::milliseconds kBeforeWrap = 1min;
 
 /// The boxes that the guide tells of; the numbers are those of the run time's faults.
@@ -234,7 +232,7 @@ void Storm::Sleep(Time time) {
 }
 
 std::chrono::milliseconds Storm::UntilWrap() const {
-  return Time(kTickCountWrap - Age() % kTickCountWrap);
+  return Time(SimClock::kWrap - Age() % SimClock::kWrap);
 }
 
 StormReport StormsOf(unsigned seed, unsigned days, bool awake) {

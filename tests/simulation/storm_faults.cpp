@@ -6,7 +6,6 @@
 namespace tarvo {
 namespace {
 
-constexpr const char* kServers[] = {kLogin, kChar, kMap};
 constexpr char kRoot[] = "C:\\srv\\";
 constexpr std::uint64_t kLongestFault = 60000;
 

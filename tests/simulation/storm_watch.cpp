@@ -16,7 +16,6 @@ constexpr std::uint64_t kFile = 5100;
 constexpr std::uint64_t kFreezeLook = 5000;
 constexpr std::size_t kMostComplaints = 20;
 constexpr std::size_t kKeptLines = 20;
-constexpr std::uint64_t kTickCountWrap = 1ULL << 32;
 
 }  // namespace
 
@@ -166,7 +165,7 @@ void StormWatch::CheckFreeze(ComponentKind kind) {
   if (!one.frozenSince || Lives(kind) == false) return;
   const std::uint64_t now = machine_.clock.Age();
   // As the guide has it: a freeze that spans the tick count's wrap is not killed.
-  if (now / kTickCountWrap != *one.frozenSince / kTickCountWrap) return one.frozenSince.reset();
+  if (now / SimClock::kWrap != *one.frozenSince / SimClock::kWrap) return one.frozenSince.reset();
   const TextBox& box = launcher_->TheForm().servers.TTO[kind];
   const auto seconds = static_cast<std::uint64_t>(AutokillTime(box, kind));
   const std::uint64_t waited = now - *one.frozenSince;

@@ -32,6 +32,7 @@ foreach(name IN ITEMS crash_restart settings_kept upgrade_on_crash)
 endforeach()
 
 # The longest first, so that none of them is waited for alone at the end.
-set_tests_properties(operator.launcher_fault operator.launcher_out_of_memory operator.randomizer_calendar PROPERTIES COST 70)
+set_tests_properties(operator.launcher_fault operator.launcher_out_of_memory operator.randomizer_calendar
+  operator.events_hang PROPERTIES COST 70)
 set_tests_properties(operator.window_look operator.silent_others operator.upgrade_on_crash operator.crash_restart
   operator.upgrade_on_crash.elsewhere operator.crash_restart.elsewhere PROPERTIES COST 30)
