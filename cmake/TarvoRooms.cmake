@@ -6,6 +6,7 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 option(TARVO_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(TARVO_COVERAGE "Count which lines and branches are run" OFF)
 # The release builds do without it: each source is shown to include what it uses, and GCC, optimising, warns of the
 # standard library in precompiled headers.
 option(TARVO_PRECOMPILE "Precompile the headers that most sources include" OFF)
@@ -27,6 +28,10 @@ if(TARVO_SANITIZE)
   target_compile_options(tarvo_build INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tarvo_build INTERFACE -fsanitize=address,undefined)
+endif()
+if(TARVO_COVERAGE)
+  target_compile_options(tarvo_build INTERFACE --coverage)
+  target_link_options(tarvo_build INTERFACE --coverage)
 endif()
 if(WIN32)
   set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
