@@ -165,6 +165,8 @@ def page_of(files):
 
 
 def main():
+    if len(sys.argv) != 3:
+        sys.exit(__doc__)
     build, page = pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2])
     run_tests(build)
     text, low = page_of(files_of(build))

@@ -224,6 +224,24 @@ TEST(TabView, TellsItsMirrorWhenThePageChanges) {
   EXPECT_EQ(tabs.Page(), 1);
 }
 
+TEST(ListBox, KeepsItsSelectionWhenAnotherItemGoes) {
+  ListBox list;
+  list.AddItems({"a", "b", "c", "d"});
+  list.SetListIndex(2);
+  int selected = 0;
+  list.onSelect = [&] { ++selected; };
+  list.RemoveItem(3);
+  EXPECT_EQ(list.Text(), "c");
+  list.RemoveItem(0);
+  EXPECT_EQ(list.Text(), "c");
+  EXPECT_EQ(list.ListIndex(), 1);
+  for (const int outside : {-1, 2}) list.RemoveItem(outside);
+  EXPECT_EQ(list.Items(), (std::vector<std::string>{"b", "c"}));
+  list.RemoveItem(1);
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_EQ(selected, 0);
+}
+
 TEST(ListBox, TakesOtherItemsInOneStep) {
   ListBox list;
   list.AddItems({"a", "b", "c"});
