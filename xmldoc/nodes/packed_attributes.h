@@ -38,11 +38,11 @@ class PackedAttributes {
   /// Calls visit(name, value) for each, in order.
   template <typename Visit>
   void ForEach(Visit visit) const {
-    const char* lengths = bytes_ + sizeof(Head);
+    const auto count = static_cast<std::size_t>(Count());
     std::string_view text = Text();
-    for (int left = Count(); left > 0; --left, lengths += sizeof(Lengths)) {
+    for (std::size_t i = 0; i < count; ++i) {
       Lengths one;
-      std::memcpy(&one, lengths, sizeof one);
+      std::memcpy(&one, bytes_ + sizeof(Head) + i * sizeof one, sizeof one);
       visit(text.substr(1, one.name), text.substr(one.name + std::size_t{3}, one.value));
       text.remove_prefix(kQuoting + one.name + one.value);
     }
