@@ -19,6 +19,7 @@ declare -A groups=(
   [pictures]="imagemagick xdotool"
   [fuzz]="clang libclang-rt-14-dev nlohmann-json3-dev"
   [mutate]="python3-clang libclang-common-14-dev"
+  [machines]="debootstrap"
   [release]="git cmake ninja-build python3 python3-markdown python3-pefile"
 )
 
