@@ -26,7 +26,7 @@ state=$(median <"$WINE_DIR/state")
 figure "--state json ($state ms) to a bare console program ($bare ms)" "$(ratio "$state" "$bare")" ratio 2
 
 # A conf file of the size that servers have, and settings to look up in it.
-yes '// What the next setting is good for, in a line or two of words.' | head -3000 | sed 's/$/\r/' >>"$ROOT/conf/battle_athena.conf"
+printf '// What the next setting is good for, in a line or two of words.\r\n%.0s' {1..3000} >>"$ROOT/conf/battle_athena.conf"
 measure run tarvo-launcher.exe --check --json >/dev/null
 for _ in $(seq "$runs"); do measure run tarvo-launcher.exe --check --json >>"$WINE_DIR/check"; done
 check=$(median <"$WINE_DIR/check")
