@@ -41,10 +41,10 @@ DWORD CheckTarget(const std::wstring& target) {
 }
 
 DWORD MakeBeside(const std::wstring& target, const std::wstring& beside, SwapSteps& steps,
-                 const Fill& fill) {
+                 const MakeContent& make) {
   // One that a killed launcher has left may have the attributes of its target.
   SetFileAttributesW(beside.c_str(), FILE_ATTRIBUTE_NORMAL);
-  if (const DWORD error = fill(beside)) return error;
+  if (const DWORD error = make(beside)) return error;
   SetFileAttributesW(beside.c_str(), FILE_ATTRIBUTE_NORMAL);
   const KernelHandle file = OpenShared(beside, GENERIC_WRITE);
   if (!file.Valid()) return GetLastError();
@@ -85,11 +85,11 @@ SwapSteps& SystemSteps() {
 }
 
 std::optional<FileFault> SwapContent(const std::string& path, const wchar_t* ending,
-                                     SwapSteps& steps, const Fill& fill) {
+                                     SwapSteps& steps, const MakeContent& make) {
   const std::wstring target = RealName(path);
   if (const DWORD error = CheckTarget(target)) return FileFaultOf(error);
   const std::wstring beside = target + ending;
-  DWORD error = MakeBeside(target, beside, steps, fill);
+  DWORD error = MakeBeside(target, beside, steps, make);
   const bool complete = error == ERROR_SUCCESS;
   if (complete) error = steps.SwapIn(beside, target);
   if (error == ERROR_SUCCESS) return std::nullopt;

@@ -31,9 +31,9 @@ SwapSteps& SystemSteps();
 
 /// Makes a file under the name that it is given, creating or replacing it; the system's error
 /// number, 0 when it is done.
-using Fill = std::function<DWORD(const std::wstring& beside)>;
+using MakeContent = std::function<DWORD(const std::wstring& beside)>;
 
-/// Gives the file `path`, or the one that its link leads to, a new content: `fill` makes it beside
+/// Gives the file `path`, or the one that its link leads to, a new content: `make` makes it beside
 /// that file, under its name and `ending`; it is given the old file's identity, flushed and renamed
 /// over it. A process ended in between leaves the old file as it was, and what lies beside is taken
 /// over by the next call. On a fault nothing is left beside.
@@ -46,6 +46,6 @@ using Fill = std::function<DWORD(const std::wstring& beside)>;
 /// denied at the rename counts as held, since the target could be opened a moment ago: somebody has
 /// opened or started it since.
 std::optional<FileFault> SwapContent(const std::string& path, const wchar_t* ending,
-                                     SwapSteps& steps, const Fill& fill);
+                                     SwapSteps& steps, const MakeContent& make);
 
 }  // namespace tarvo

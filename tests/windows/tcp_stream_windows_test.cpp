@@ -16,18 +16,18 @@ namespace {
 
 constexpr std::uint32_t kPatient = 20000;
 
-std::vector<std::string> LookUp(const std::string& host, StreamOutcome& outcome) {
+std::vector<std::string> AddressesOf(const std::string& host, StreamOutcome& outcome) {
   return WindowsTcpConnector().AddressesOf(host, kPatient, outcome);
 }
 
 TEST(WindowsTcpConnector, LooksUpNamesAndAddresses) {
   StreamOutcome outcome = StreamOutcome::Failed;
-  EXPECT_EQ(LookUp("127.0.0.1", outcome), std::vector<std::string>{"127.0.0.1"});
+  EXPECT_EQ(AddressesOf("127.0.0.1", outcome), std::vector<std::string>{"127.0.0.1"});
   EXPECT_EQ(outcome, StreamOutcome::Done);
-  const auto local = LookUp("localhost", outcome);
+  const auto local = AddressesOf("localhost", outcome);
   EXPECT_EQ(outcome, StreamOutcome::Done);
   EXPECT_EQ(std::count(local.begin(), local.end(), "127.0.0.1"), 1);
-  EXPECT_TRUE(LookUp("no blanks in names", outcome).empty());
+  EXPECT_TRUE(AddressesOf("no blanks in names", outcome).empty());
   EXPECT_EQ(outcome, StreamOutcome::Failed);
 }
 
@@ -63,9 +63,9 @@ TEST(WindowsTcpConnector, TakesANameServiceThatRaisesForOneThatKnowsNothing) {
 }
 
 /// A listening socket on a port of its own of the loopback address. Winsock is to be started.
-class Listener {
+class LocalListener {
  public:
-  Listener() : socket_(socket(AF_INET, SOCK_STREAM, IPPROTO_TCP)) {
+  LocalListener() : socket_(socket(AF_INET, SOCK_STREAM, IPPROTO_TCP)) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -75,9 +75,9 @@ class Listener {
     getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size);
     port_ = ntohs(address.sin_port);
   }
-  ~Listener() { closesocket(socket_); }
-  Listener(const Listener&) = delete;
-  Listener& operator=(const Listener&) = delete;
+  ~LocalListener() { closesocket(socket_); }
+  LocalListener(const LocalListener&) = delete;
+  LocalListener& operator=(const LocalListener&) = delete;
   int Port() const { return port_; }
   SOCKET Accept() const { return accept(socket_, nullptr, nullptr); }
 
@@ -88,7 +88,7 @@ class Listener {
 
 TEST(WindowsTcpConnector, ConnectsByAddressAlone) {
   WindowsTcpConnector connector;
-  const Listener listener;
+  const LocalListener listener;
   StreamOutcome outcome = StreamOutcome::Failed;
   EXPECT_NE(connector.Connect("127.0.0.1", listener.Port(), kPatient, outcome), nullptr);
   EXPECT_EQ(outcome, StreamOutcome::Done);
@@ -98,7 +98,7 @@ TEST(WindowsTcpConnector, ConnectsByAddressAlone) {
 
 TEST(WindowsTcpConnector, TellsThatNobodyListens) {
   WindowsTcpConnector connector;
-  const int port = Listener().Port();
+  const int port = LocalListener().Port();
   StreamOutcome outcome = StreamOutcome::Done;
   EXPECT_EQ(connector.Connect("127.0.0.1", port, kPatient, outcome), nullptr);
   EXPECT_EQ(outcome, StreamOutcome::Failed);
@@ -106,7 +106,7 @@ TEST(WindowsTcpConnector, TellsThatNobodyListens) {
 
 TEST(WindowsTcpStream, TakesWhatHasComeWithoutWaiting) {
   WindowsTcpConnector connector;
-  const Listener listener;
+  const LocalListener listener;
   StreamOutcome outcome = StreamOutcome::Failed;
   const auto stream = connector.Connect("127.0.0.1", listener.Port(), kPatient, outcome);
   ASSERT_NE(stream, nullptr);
