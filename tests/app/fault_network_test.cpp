@@ -1,5 +1,8 @@
 // What befalls the ports of a server and its name, at each moment of the launcher.
 
+#include <functional>
+#include <utility>
+
 #include "tests/app/fault_cell.h"
 
 namespace tarvo {
@@ -7,10 +10,9 @@ namespace {
 
 using enum Moment;
 
-TEST(FaultTable, PortClosed) {
-  ExpectTold(FaultAt{FaultAt::TheServer, nullptr, AtTheMapServer([](FaultCell&, SimProcess& map) {
-                       map.answer = PortAnswer::Refuses;
-                     })},
+/// What is told of every way in which a server that lives does not answer.
+void ExpectAFreeze(std::function<void(FaultCell&, SimProcess&)> fault) {
+  ExpectTold(FaultAt{FaultAt::TheServer, nullptr, AtTheMapServer(std::move(fault))},
              {
                  {{StartUp, Grace, Watching, Restarting, RandomizerWrite}, kFrozenAndRestarted},
                  {{Frozen}, kKilledAndRestarted},
@@ -28,52 +30,18 @@ TEST(FaultTable, PortClosed) {
                   "box: Please, stop servers before close this application\n"
                   "= login char map\n"},
              });
+}
+
+TEST(FaultTable, PortClosed) {
+  ExpectAFreeze([](FaultCell&, SimProcess& map) { map.answer = PortAnswer::Refuses; });
 }
 
 TEST(FaultTable, QueueFull) {
-  ExpectTold(FaultAt{FaultAt::TheServer, nullptr, AtTheMapServer([](FaultCell&, SimProcess& map) {
-                       map.answer = PortAnswer::NobodyAccepts;
-                     })},
-             {
-                 {{StartUp, Grace, Watching, Restarting, RandomizerWrite}, kFrozenAndRestarted},
-                 {{Frozen}, kKilledAndRestarted},
-                 {{Stopping}, kStopped},
-                 {{AfterSwap},
-                  "Map server is freeze!... waiting...\n"
-                  "Shuting down Map...\n"
-                  "Map Server crashed, restarting...\n"
-                  "box: Upgrade was succesfull!\n"
-                  "= login char map\n"},
-                 {{Close},
-                  "Map server is freeze!... waiting...\n"
-                  "Shuting down Map...\n"
-                  "Map Server crashed, restarting...\n"
-                  "box: Please, stop servers before close this application\n"
-                  "= login char map\n"},
-             });
+  ExpectAFreeze([](FaultCell&, SimProcess& map) { map.answer = PortAnswer::NobodyAccepts; });
 }
 
 TEST(FaultTable, SilentHost) {
-  ExpectTold(FaultAt{FaultAt::TheServer, nullptr, AtTheMapServer([](FaultCell&, SimProcess& map) {
-                       map.answer = PortAnswer::TimesOut;
-                     })},
-             {
-                 {{StartUp, Grace, Watching, Restarting, RandomizerWrite}, kFrozenAndRestarted},
-                 {{Frozen}, kKilledAndRestarted},
-                 {{Stopping}, kStopped},
-                 {{AfterSwap},
-                  "Map server is freeze!... waiting...\n"
-                  "Shuting down Map...\n"
-                  "Map Server crashed, restarting...\n"
-                  "box: Upgrade was succesfull!\n"
-                  "= login char map\n"},
-                 {{Close},
-                  "Map server is freeze!... waiting...\n"
-                  "Shuting down Map...\n"
-                  "Map Server crashed, restarting...\n"
-                  "box: Please, stop servers before close this application\n"
-                  "= login char map\n"},
-             });
+  ExpectAFreeze([](FaultCell&, SimProcess& map) { map.answer = PortAnswer::TimesOut; });
 }
 
 TEST(FaultTable, DeadNameServer) {

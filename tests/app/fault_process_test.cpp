@@ -1,5 +1,8 @@
 // What befalls a server, at each moment of the launcher.
 
+#include <functional>
+#include <utility>
+
 #include "tests/app/fault_cell.h"
 
 namespace tarvo {
@@ -7,10 +10,9 @@ namespace {
 
 using enum Moment;
 
-TEST(FaultTable, ProcessGone) {
-  ExpectTold(FaultAt{FaultAt::TheServer, nullptr, AtTheMapServer([](FaultCell& c, SimProcess& map) {
-                       c.machine.processes.Crash(map.id);
-                     })},
+/// What is told of every way in which a server is gone.
+void ExpectACrash(std::function<void(FaultCell&, SimProcess&)> fault) {
+  ExpectTold(FaultAt{FaultAt::TheServer, nullptr, AtTheMapServer(std::move(fault))},
              {
                  {{StartUp, Grace, Watching, Frozen, Restarting, RandomizerWrite}, kRestarted},
                  {{Stopping}, kStopped},
@@ -23,43 +25,21 @@ TEST(FaultTable, ProcessGone) {
                   "box: Please, stop servers before close this application\n"
                   "= login char map\n"},
              });
+}
+
+TEST(FaultTable, ProcessGone) {
+  ExpectACrash([](FaultCell& c, SimProcess& map) { c.machine.processes.Crash(map.id); });
 }
 
 TEST(FaultTable, AccessViolation) {
-  ExpectTold(FaultAt{FaultAt::TheServer, nullptr, AtTheMapServer([](FaultCell& c, SimProcess& map) {
-                       c.machine.processes.Fault(map.id);
-                     })},
-             {
-                 {{StartUp, Grace, Watching, Frozen, Restarting, RandomizerWrite}, kRestarted},
-                 {{Stopping}, kStopped},
-                 {{AfterSwap},
-                  "Map Server crashed, restarting...\n"
-                  "box: Upgrade was succesfull!\n"
-                  "= login char map\n"},
-                 {{Close},
-                  "Map Server crashed, restarting...\n"
-                  "box: Please, stop servers before close this application\n"
-                  "= login char map\n"},
-             });
+  ExpectACrash([](FaultCell& c, SimProcess& map) { c.machine.processes.Fault(map.id); });
 }
 
 TEST(FaultTable, ProcessKilled) {
-  ExpectTold(FaultAt{FaultAt::TheServer, nullptr, AtTheMapServer([](FaultCell& c, SimProcess& map) {
-                       map.program.dyingTime = 300;
-                       c.machine.processes.End(map.id);
-                     })},
-             {
-                 {{StartUp, Grace, Watching, Frozen, Restarting, RandomizerWrite}, kRestarted},
-                 {{Stopping}, kStopped},
-                 {{AfterSwap},
-                  "Map Server crashed, restarting...\n"
-                  "box: Upgrade was succesfull!\n"
-                  "= login char map\n"},
-                 {{Close},
-                  "Map Server crashed, restarting...\n"
-                  "box: Please, stop servers before close this application\n"
-                  "= login char map\n"},
-             });
+  ExpectACrash([](FaultCell& c, SimProcess& map) {
+    map.program.dyingTime = 300;
+    c.machine.processes.End(map.id);
+  });
 }
 
 TEST(FaultTable, ProcessSuspended) {
@@ -88,40 +68,14 @@ TEST(FaultTable, ProcessSuspended) {
 }
 
 TEST(FaultTable, WindowGone) {
-  ExpectTold(FaultAt{FaultAt::TheServer, nullptr, AtTheMapServer([](FaultCell& c, SimProcess& map) {
-                       c.machine.processes.CloseWindows(map.id);
-                     })},
-             {
-                 {{StartUp, Grace, Watching, Frozen, Restarting, RandomizerWrite}, kRestarted},
-                 {{Stopping}, kStopped},
-                 {{AfterSwap},
-                  "Map Server crashed, restarting...\n"
-                  "box: Upgrade was succesfull!\n"
-                  "= login char map\n"},
-                 {{Close},
-                  "Map Server crashed, restarting...\n"
-                  "box: Please, stop servers before close this application\n"
-                  "= login char map\n"},
-             });
+  ExpectACrash([](FaultCell& c, SimProcess& map) { c.machine.processes.CloseWindows(map.id); });
 }
 
 TEST(FaultTable, ConsoleClosed) {
-  ExpectTold(FaultAt{FaultAt::TheServer, nullptr, AtTheMapServer([](FaultCell& c, SimProcess& map) {
-                       c.machine.processes.CloseWindows(map.id);
-                       c.machine.processes.Crash(map.id);
-                     })},
-             {
-                 {{StartUp, Grace, Watching, Frozen, Restarting, RandomizerWrite}, kRestarted},
-                 {{Stopping}, kStopped},
-                 {{AfterSwap},
-                  "Map Server crashed, restarting...\n"
-                  "box: Upgrade was succesfull!\n"
-                  "= login char map\n"},
-                 {{Close},
-                  "Map Server crashed, restarting...\n"
-                  "box: Please, stop servers before close this application\n"
-                  "= login char map\n"},
-             });
+  ExpectACrash([](FaultCell& c, SimProcess& map) {
+    c.machine.processes.CloseWindows(map.id);
+    c.machine.processes.Crash(map.id);
+  });
 }
 
 TEST(FaultTable, DiesAtOnce) {
