@@ -51,6 +51,7 @@ tidy() {
 # tidy_folder FILE...: some sources of one folder. The system's headers take most of the time, so the sources are read
 # as one; where that cannot be, two of them having a name in common, or finds something, each is read by itself.
 tidy_folder() {
+  (($# > 1)) || { tidy "$1"; return; }
   local together
   together=$(mktemp "build/lint/$([[ $1 != */windows/* ]] || echo windows_)XXXXXX.cpp")
   printf '#include "%s"\n' "$@" >"$together"
@@ -71,8 +72,8 @@ else
 fi
 [[ $sources != */windows/* ]] || scripts/install-packages.sh windows
 
-# A line of at most eight sources of one folder; what stands alone goes last.
-awk -F/ '{ folder = $0; sub(/[^\/]*$/, "", folder); if ($0 == "app/main.cpp") folder = $0
-    if (folder != last || ++count == 8) { if (NR > 1) printf "\n"; count = 0 } last = folder; printf "%s ", $0 }' \
+# A line of at most forty sources of one folder; what stands alone goes last.
+awk -F/ '{ folder = $0; sub(/[^\/]*$/, "", folder); if ($0 == "app/main.cpp" || /form\/windows\/.*_panel/) folder = $0
+    if (folder != last || ++count > 40) { if (NR > 1) printf "\n"; count = 0 } last = folder; printf "%s ", $0 }' \
   <<<"$sources" | sed '/^ *$/d' | xargs -r -P "$(nproc)" -d '\n' -I{} bash -c 'set -f; tidy_folder {}'
 [[ $passed == 0 ]] || git rev-parse HEAD >build/lint/passed

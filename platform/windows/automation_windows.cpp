@@ -11,7 +11,7 @@ namespace {
 constexpr const char* kCom = "ole32.dll";
 constexpr const char* kAutomation = "oleaut32.dll";
 
-AutomationCalls LookUp() {
+AutomationCalls LookUpCalls() {
   return {LateCall<decltype(&::CoInitializeEx)>(kCom, "CoInitializeEx"),
           LateCall<decltype(&::CoUninitialize)>(kCom, "CoUninitialize"),
           LateCall<decltype(&::CLSIDFromProgID)>(kCom, "CLSIDFromProgID"),
@@ -31,7 +31,7 @@ bool Whole(const AutomationCalls& calls) {
 }  // namespace
 
 const AutomationCalls* LoadAutomationCalls() {
-  static const AutomationCalls calls = LookUp();
+  static const AutomationCalls calls = LookUpCalls();
   return Whole(calls) ? &calls : nullptr;
 }
 

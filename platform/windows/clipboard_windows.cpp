@@ -9,11 +9,11 @@
 namespace tarvo {
 namespace {
 
-constexpr int kMostTries = 10;
+constexpr int kMostOpenings = 10;
 constexpr DWORD kBetweenTries = 20;  // Milliseconds.
 
 bool OpenPatiently() {
-  for (int i = 0; i < kMostTries; ++i) {
+  for (int i = 0; i < kMostOpenings; ++i) {
     if (OpenClipboard(nullptr) != 0) return true;
     Sleep(kBetweenTries);
   }

@@ -5,7 +5,7 @@
 namespace tarvo {
 namespace {
 
-constexpr std::size_t kLongestText = 31839;
+constexpr std::size_t kLongestRecord = 31839;
 constexpr const char* kSource = "Tarvo Launcher";
 
 struct EventSourceTraits {
@@ -23,7 +23,7 @@ void WindowsEventLog::WriteUnicodeError(std::u16string_view text) { ReportUnicod
 bool WindowsEventLog::Report(const std::string& text) {
   const UniqueHandle<EventSourceTraits> source(RegisterEventSourceA(nullptr, kSource));
   if (!source.Valid()) return false;
-  const std::string shown = text.substr(0, kLongestText);
+  const std::string shown = text.substr(0, kLongestRecord);
   const char* strings[] = {shown.c_str()};
   return ReportEventA(source.Get(), EVENTLOG_ERROR_TYPE, 0, 0, nullptr, 1, 0, strings, nullptr) !=
          0;
@@ -32,7 +32,7 @@ bool WindowsEventLog::Report(const std::string& text) {
 bool WindowsEventLog::ReportUnicode(std::u16string_view text) {
   const UniqueHandle<EventSourceTraits> source(RegisterEventSourceA(nullptr, kSource));
   if (!source.Valid()) return false;
-  const std::u16string_view shown = text.substr(0, kLongestText);
+  const std::u16string_view shown = text.substr(0, kLongestRecord);
   const std::wstring wide(shown.begin(), shown.end());
   const wchar_t* strings[] = {wide.c_str()};
   return ReportEventW(source.Get(), EVENTLOG_ERROR_TYPE, 0, 0, nullptr, 1, 0, strings, nullptr) !=

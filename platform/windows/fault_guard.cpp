@@ -9,6 +9,7 @@
 #include <new>
 
 #include "platform/fault_text.h"
+#include "platform/windows/path_length.h"
 
 namespace tarvo {
 namespace {
@@ -19,7 +20,6 @@ constexpr ULONG kStackAfterOverflow = 128 * 1024;
 constexpr DWORD kNoMemory = 0xC0000017;      // STATUS_NO_MEMORY
 constexpr DWORD kFatalAppExit = 0x40000015;  // STATUS_FATAL_APP_EXIT
 constexpr DWORD kCxxException = 0x20474343;  // As the compiler's own throw raises it.
-constexpr std::size_t kLongestPath = 32768;
 
 /// Everything that a fault needs, in the program's own image. It begins as zeros.
 struct Guard {

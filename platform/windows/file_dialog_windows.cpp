@@ -8,24 +8,24 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/windows/path_length.h"
 #include "platform/windows/system_libraries.h"
 
 namespace tarvo {
 namespace {
 
-constexpr std::size_t kLongestPath = 32768;
-
-constexpr char kLibrary[] = "comdlg32.dll";
+constexpr char kDialogLibrary[] = "comdlg32.dll";
 
 /// The system's open dialog. No start needs its library, and that brings many others with it.
 bool OpenDialog(OPENFILENAMEA& record) {
-  static const auto call = LateCall<decltype(&GetOpenFileNameA)>(kLibrary, "GetOpenFileNameA");
+  static const auto call =
+      LateCall<decltype(&GetOpenFileNameA)>(kDialogLibrary, "GetOpenFileNameA");
   return call && call(&record) != 0;
 }
 
 DWORD WhyNoFile() {
   static const auto call =
-      LateCall<decltype(&CommDlgExtendedError)>(kLibrary, "CommDlgExtendedError");
+      LateCall<decltype(&CommDlgExtendedError)>(kDialogLibrary, "CommDlgExtendedError");
   return call ? call() : 0;
 }
 

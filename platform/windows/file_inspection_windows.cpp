@@ -7,6 +7,7 @@
 #include "platform/windows/file_identity_windows.h"
 #include "platform/windows/file_swap_windows.h"
 #include "platform/windows/handle_windows.h"
+#include "platform/windows/system_message_windows.h"
 
 namespace tarvo {
 namespace {
@@ -78,9 +79,7 @@ ReadResult WindowsFileInspection::ReadBeginning(const std::string& path, std::si
   const KernelHandle file =
       OpenShared(WideTextOf(path), GENERIC_READ, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
   if (!file.Valid()) {
-    const DWORD error = GetLastError();
-    const bool missing = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
-    return missing ? ReadResult::Missing : ReadResult::Failed;
+    return MeansMissing(GetLastError()) ? ReadResult::Missing : ReadResult::Failed;
   }
   LARGE_INTEGER size{};
   if (GetFileSizeEx(file.Get(), &size) == 0) return ReadResult::Failed;

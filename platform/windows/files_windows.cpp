@@ -16,12 +16,8 @@
 namespace tarvo {
 namespace {
 
-constexpr std::int64_t kLongestText = std::numeric_limits<std::int32_t>::max() - 1;
+constexpr std::int64_t kLargestText = std::numeric_limits<std::int32_t>::max() - 1;
 constexpr DWORD kLongestRead = 16 * 1024 * 1024;
-
-bool MeansMissing(DWORD error) {
-  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
-}
 
 bool ReadUpTo(HANDLE file, std::size_t size, std::string& content) {
   content.resize(size);
@@ -57,7 +53,7 @@ ReadResult WindowsFileReader::ReadText(const std::string& path, std::string& tex
   if (!file.Valid()) return MeansMissing(GetLastError()) ? ReadResult::Missing : ReadResult::Failed;
   LARGE_INTEGER size{};
   if (GetFileSizeEx(file.Get(), &size) == 0) return ReadResult::Failed;
-  if (size.QuadPart > kLongestText) return ReadResult::Failed;
+  if (size.QuadPart > kLargestText) return ReadResult::Failed;
   try {
     std::string content;
     if (!ReadUpTo(file.Get(), static_cast<std::size_t>(size.QuadPart), content)) {
@@ -98,7 +94,7 @@ std::optional<FileFault> WindowsFileDiagnosis::WhyUnreadable(const std::string& 
   const KernelHandle file = OpenShared(WideTextOf(path), GENERIC_READ);
   if (file.Valid()) return std::nullopt;
   const DWORD error = GetLastError();
-  if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return std::nullopt;
+  if (MeansMissing(error)) return std::nullopt;
   return FileFault{static_cast<int>(error), SystemMessage(error)};
 }
 

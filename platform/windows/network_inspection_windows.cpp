@@ -11,15 +11,15 @@
 namespace tarvo {
 namespace {
 
-constexpr char kLibrary[] = "iphlpapi.dll";
-constexpr int kMostTries = 4;
+constexpr char kAddressLibrary[] = "iphlpapi.dll";
+constexpr int kMostReadings = 4;
 
 /// Asks for a table until it fits, since it may grow between two questions. Its bytes, suitably
 /// aligned; none where the system has no such table.
 template <typename Ask>
 std::vector<std::max_align_t> ReadTable(Ask ask) {
   std::vector<std::max_align_t> bytes(64);
-  for (int i = 0; i < kMostTries; ++i) {
+  for (int i = 0; i < kMostReadings; ++i) {
     auto size = static_cast<DWORD>(bytes.size() * sizeof(std::max_align_t));
     const DWORD error = ask(bytes.data(), &size);
     if (error == NO_ERROR) return bytes;
@@ -33,7 +33,7 @@ std::vector<std::max_align_t> ReadTable(Ask ask) {
 
 std::vector<Listener> WindowsNetworkInspection::Listeners() {
   using Call = DWORD(WINAPI*)(void*, DWORD*, BOOL, ULONG, TCP_TABLE_CLASS, ULONG);
-  static const auto call = LateCall<Call>(kLibrary, "GetExtendedTcpTable");
+  static const auto call = LateCall<Call>(kAddressLibrary, "GetExtendedTcpTable");
   std::vector<Listener> listeners;
   if (!call) return listeners;
   const auto bytes = ReadTable([](void* table, DWORD* size) {
@@ -51,7 +51,7 @@ std::vector<Listener> WindowsNetworkInspection::Listeners() {
 
 std::vector<std::uint32_t> WindowsNetworkInspection::OwnAddresses() {
   using Call = DWORD(WINAPI*)(MIB_IPADDRTABLE*, ULONG*, BOOL);
-  static const auto call = LateCall<Call>(kLibrary, "GetIpAddrTable");
+  static const auto call = LateCall<Call>(kAddressLibrary, "GetIpAddrTable");
   std::vector<std::uint32_t> addresses;
   if (!call) return addresses;
   const auto bytes = ReadTable([](void* table, DWORD* size) {

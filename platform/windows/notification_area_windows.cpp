@@ -14,7 +14,7 @@ namespace {
 
 constexpr char kClass[] = "TarvoSysTray";
 
-HWND ToNative(std::intptr_t window) { return reinterpret_cast<HWND>(window); }
+HWND AsWindow(std::intptr_t window) { return reinterpret_cast<HWND>(window); }
 
 LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
   auto* area = OwnerOf<WindowsNotificationArea>(window);
@@ -71,7 +71,7 @@ void WindowsNotificationArea::OpenWindow(const std::string& title) {
 void WindowsNotificationArea::CloseWindow() {
   if (window_ == 0) return;
   if (menuIsUp_) EndMenu();
-  const HWND window = ToNative(std::exchange(window_, 0));
+  const HWND window = AsWindow(std::exchange(window_, 0));
   SetOwner<WindowsNotificationArea>(window, nullptr);
   DestroyWindow(window);
 }
@@ -91,7 +91,7 @@ void WindowsNotificationArea::Delete() {
 }
 
 bool WindowsNotificationArea::Notify(std::uint32_t order, const NotificationIcon& icon) const {
-  NOTIFYICONDATAA record = NotificationRecord(ToNative(window_), icon);
+  NOTIFYICONDATAA record = NotificationRecord(AsWindow(window_), icon);
   return Shell_NotifyIconA(order, &record) != FALSE;
 }
 
@@ -100,7 +100,7 @@ std::optional<std::size_t> WindowsNotificationArea::ShowMenu(
   if (menuIsUp_ || window_ == 0) return std::nullopt;
   menuIsUp_ = true;
   const HMENU menu = MakeMenu(entries);
-  const int chosen = TrackAtCursor(menu, ToNative(window_));
+  const int chosen = TrackAtCursor(menu, AsWindow(window_));
   DestroyMenu(menu);
   menuIsUp_ = false;
   if (chosen <= 0) return std::nullopt;

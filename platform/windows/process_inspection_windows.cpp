@@ -2,11 +2,11 @@
 
 #include "platform/windows/code_page_windows.h"
 #include "platform/windows/handle_windows.h"
+#include "platform/windows/path_length.h"
 
 namespace tarvo {
 namespace {
 
-constexpr DWORD kLongestName = 32768;
 constexpr std::uint16_t kArm64 = 0xAA64;
 constexpr WORD kSystemOfArm64 = 12;
 
@@ -15,8 +15,8 @@ constexpr WORD kSystemOfArm64 = 12;
 std::string WindowsProcessInspection::PathOf(ProcessId id) {
   const KernelHandle process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, id));
   if (!process.Valid()) return {};
-  std::wstring path(kLongestName, L'\0');
-  DWORD length = kLongestName;
+  std::wstring path(kLongestPath, L'\0');
+  DWORD length = kLongestPath;
   if (QueryFullProcessImageNameW(process.Get(), 0, path.data(), &length) == 0) return {};
   path.resize(length);
   return TextOf(path);

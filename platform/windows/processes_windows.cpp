@@ -15,10 +15,6 @@ namespace {
 
 constexpr DWORD kLongestEnding = 500;
 
-bool MeansMissing(DWORD error) {
-  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
-}
-
 /// The system names a missing file, too, when the file is there and something that it needs is not.
 bool IsMissing(const std::string& path) {
   return GetFileAttributesA(path.c_str()) == INVALID_FILE_ATTRIBUTES &&

@@ -14,7 +14,7 @@ namespace {
 constexpr wchar_t kPathVariable[] = L"TARVO_SCRIPT";
 constexpr wchar_t kArguments[] = L"cmd.exe /d /v:off /s /c \"\"%TARVO_SCRIPT%\"\"";
 
-constexpr DWORD kFlags =
+constexpr DWORD kCreation =
     CREATE_SUSPENDED | CREATE_NO_WINDOW | CREATE_UNICODE_ENVIRONMENT | BELOW_NORMAL_PRIORITY_CLASS;
 
 struct LetterCaseAside {
@@ -67,7 +67,7 @@ PROCESS_INFORMATION StartSuspended(const std::wstring& path, std::wstring enviro
   if (interpreter.empty() || end == std::wstring::npos) return started;
   std::wstring arguments = kArguments;  // The call may write into it.
   const std::wstring folder = path.substr(0, end + 1);
-  if (CreateProcessW(interpreter.c_str(), arguments.data(), nullptr, nullptr, FALSE, kFlags,
+  if (CreateProcessW(interpreter.c_str(), arguments.data(), nullptr, nullptr, FALSE, kCreation,
                      environment.data(), folder.c_str(), &startup, &started) == 0) {
     return {};
   }

@@ -28,7 +28,7 @@ static_assert(sizeof(InitialRto) == 4);
 constexpr UCHAR kNoRepeat = 0xFE;  ///< From Windows 10, build 16299, on.
 constexpr UCHAR kFewestRepeats = 1;
 
-SOCKET ToNative(SocketHandle socket) { return static_cast<SOCKET>(socket); }
+SOCKET AsSocket(SocketHandle socket) { return static_cast<SOCKET>(socket); }
 
 bool LimitRepeats(SOCKET socket, UCHAR repeats) {
   InitialRto wanted;
@@ -54,13 +54,13 @@ SocketHandle WindowsSockets::Create(int addressFamily, int type, int protocol) {
   return static_cast<SocketHandle>(socket(addressFamily, type, protocol));
 }
 
-void WindowsSockets::Close(SocketHandle socket) { closesocket(ToNative(socket)); }
+void WindowsSockets::Close(SocketHandle socket) { closesocket(AsSocket(socket)); }
 
 std::optional<ProtocolRecord> WindowsSockets::ReadOption(SocketHandle socket, int level,
                                                          int option) {
   ProtocolRecord record{};
   int length = static_cast<int>(record.size());
-  if (getsockopt(ToNative(socket), level, option, reinterpret_cast<char*>(record.data()),
+  if (getsockopt(AsSocket(socket), level, option, reinterpret_cast<char*>(record.data()),
                  &length) != 0) {
     return std::nullopt;
   }
@@ -77,15 +77,15 @@ HostAnswer WindowsSockets::FirstAddressOf(const std::string& host, std::uint32_t
 }
 
 bool WindowsSockets::SendFirstPacketOnce(SocketHandle socket) {
-  return LimitRepeats(ToNative(socket), kNoRepeat) ||
-         LimitRepeats(ToNative(socket), kFewestRepeats);
+  return LimitRepeats(AsSocket(socket), kNoRepeat) ||
+         LimitRepeats(AsSocket(socket), kFewestRepeats);
 }
 
 int WindowsSockets::ConnectTo(SocketHandle socket, const SocketAddress& address,
                               std::uint32_t milliseconds) {
   sockaddr native{};
   std::memcpy(&native, address.data(), sizeof(native));
-  const SOCKET own = ToNative(socket);
+  const SOCKET own = AsSocket(socket);
   const std::optional<int> error =
       ConnectWithin(own, native, static_cast<int>(sizeof(native)), milliseconds);
   SetBlocking(own, true);

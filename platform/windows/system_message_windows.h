@@ -10,4 +10,9 @@ namespace tarvo {
 /// its end; its number when it has no words for it.
 std::string SystemMessage(DWORD error);
 
+/// Whether an error number says that a file, or a folder on the way to it, is not there.
+constexpr bool MeansMissing(DWORD error) {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
+
 }  // namespace tarvo

@@ -7,19 +7,12 @@ namespace tarvo {
 namespace {
 
 constexpr char kBoxTitle[] = "Tarvo Launcher";
-constexpr DWORD kPoll = 30;
 
 struct BoxSearch {
   const LauncherChoice& choice;
   HWND launcher;
   HWND found;
 };
-
-std::string ClassOf(HWND window) {
-  char name[64] = "";
-  GetClassNameA(window, name, sizeof name);
-  return name;
-}
 
 BOOL CALLBACK TakeBox(HWND window, LPARAM parameter) {
   auto& search = *reinterpret_cast<BoxSearch*>(parameter);

@@ -10,7 +10,6 @@
 namespace tarvo {
 namespace {
 
-constexpr DWORD kPoll = 30;
 constexpr DWORD kFilling = 300;  ///< Until a dialog that has just come up has filled its boxes.
 
 /// The box for the file's name; nullptr for a dialog that has none, a message box for example.

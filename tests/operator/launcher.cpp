@@ -108,6 +108,12 @@ DWORD ProcessOf(HWND window) {
   return pid;
 }
 
+std::string ClassOf(HWND window) {
+  char name[64] = "";
+  GetClassNameA(window, name, sizeof name);
+  return name;
+}
+
 std::optional<FoundControl> FindControl(HWND launcher, const ControlId& entry, int index) {
   Search search{entry.firstId + index, nullptr};
   EnumChildWindows(launcher, TakeIfIt, reinterpret_cast<LPARAM>(&search));

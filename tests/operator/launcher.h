@@ -32,9 +32,12 @@ HWND FindLauncher(const LauncherChoice& choice);
 HWND NeedLauncher(const LauncherChoice& choice);
 
 DWORD ProcessOf(HWND window);
+std::string ClassOf(HWND window);
 
 /// Milliseconds that a launcher that is busy is waited for.
 inline constexpr UINT kPatience = 30000;
+/// Milliseconds between two looks at what is waited for.
+inline constexpr DWORD kPoll = 30;
 
 /// One control of the form, found on the running launcher's window.
 struct FoundControl {

@@ -25,12 +25,6 @@ struct Leaf {
   DWORD style;
 };
 
-std::string ClassOf(HWND window) {
-  char name[64] = "";
-  GetClassNameA(window, name, sizeof name);
-  return name;
-}
-
 bool IsOneOf(const std::string& name, std::initializer_list<const char*> names) {
   return std::any_of(names.begin(), names.end(),
                      [&](const char* one) { return lstrcmpiA(one, name.c_str()) == 0; });
