@@ -29,7 +29,8 @@ void CheckUpFrame::Detach() {
 
 void CheckUpFrame::Create() {
   RegisterOnce([this] {
-    WNDCLASSEXA record = WindowClass(stage_.instance, kCheckUpWindowClass, Procedure);
+    WNDCLASSEXA record = WindowClass(stage_.instance, kCheckUpWindowClass,
+                                     ProcedureOf<CheckUpFrame, &CheckUpFrame::Handle>);
     record.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
     return record;
   }());
@@ -145,12 +146,6 @@ std::optional<LRESULT> CheckUpFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       break;
   }
   return std::nullopt;
-}
-
-LRESULT CALLBACK CheckUpFrame::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-  auto* frame = OwnerOf<CheckUpFrame>(window);
-  const std::optional<LRESULT> answer = frame ? frame->Handle(message, w, l) : std::nullopt;
-  return answer ? *answer : DefWindowProcA(window, message, w, l);
 }
 
 }  // namespace tarvo

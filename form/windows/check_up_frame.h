@@ -29,7 +29,6 @@ class CheckUpFrame : private ControlMirror {
   void Detach();
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
   std::optional<LRESULT> Handle(UINT message, WPARAM w, LPARAM l);
   void Refresh(const Control& control) override;
   void Create();

@@ -35,7 +35,8 @@ Stage& Begun(Stage& stage, HWND window) {
 
 HWND MainFrame::CreateMainWindow(HINSTANCE instance) {
   LoadCommonControls();
-  WNDCLASSEXA record = WindowClass(instance, kMainWindowClass, Procedure);
+  WNDCLASSEXA record =
+      WindowClass(instance, kMainWindowClass, ProcedureOf<MainFrame, &MainFrame::Handle>);
   record.hIcon = LoadLauncherIcon(instance, SM_CXICON, SM_CYICON);
   record.hIconSm = LoadLauncherIcon(instance, SM_CXSMICON, SM_CYSMICON);
   record.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
@@ -311,12 +312,6 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       break;
   }
   return std::nullopt;
-}
-
-LRESULT CALLBACK MainFrame::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-  auto* frame = OwnerOf<MainFrame>(window);
-  const std::optional<LRESULT> answer = frame ? frame->Handle(message, w, l) : std::nullopt;
-  return answer ? *answer : DefWindowProcA(window, message, w, l);
 }
 
 }  // namespace tarvo

@@ -43,7 +43,6 @@ class MainFrame : private ControlMirror {
   /// Messages that wait at most; more are not taken.
   static constexpr std::size_t kMostReceived = 16;
 
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
   static HWND CreateMainWindow(HINSTANCE instance);
   std::optional<LRESULT> Handle(UINT message, WPARAM w, LPARAM l);
   void Refresh(const Control& control) override;

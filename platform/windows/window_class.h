@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <optional>
+
 namespace tarvo {
 
 /// A class of windows with the arrow as their cursor, handled by `procedure`; more can be filled in
@@ -32,6 +34,15 @@ Owner* OwnerOf(HWND window) {
 template <class Owner>
 void SetOwner(HWND window, Owner* owner) {
   SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(owner));
+}
+
+/// A window procedure: what the owner's member does not answer, and all before it has one, the
+/// system does. Name it inside of the owner, where its member is accessible.
+template <class Owner, std::optional<LRESULT> (Owner::*Handle)(UINT, WPARAM, LPARAM)>
+LRESULT CALLBACK ProcedureOf(HWND window, UINT message, WPARAM w, LPARAM l) {
+  auto* owner = OwnerOf<Owner>(window);
+  const std::optional<LRESULT> answer = owner ? (owner->*Handle)(message, w, l) : std::nullopt;
+  return answer ? *answer : DefWindowProcA(window, message, w, l);
 }
 
 }  // namespace tarvo

@@ -35,7 +35,7 @@ void Shrink(Place& place, int gap) {
 
 /// A page is shown when its tab is chosen, what is around the pages at once.
 HWND Panel::CreatePanelWindow(HINSTANCE instance, HWND parent, bool shown) {
-  RegisterOnce(WindowClass(instance, kClass, Procedure));
+  RegisterOnce(WindowClass(instance, kClass, ProcedureOf<Panel, &Panel::Handle>));
   return CreateWindowExA(WS_EX_CONTROLPARENT, kClass, "",
                          WS_CHILD | WS_CLIPCHILDREN | (shown ? WS_VISIBLE : 0), 0, 0, 0, 0, parent,
                          nullptr, instance, nullptr);
@@ -226,12 +226,6 @@ std::optional<LRESULT> Panel::Handle(UINT message, WPARAM w, LPARAM l) {
       break;
   }
   return std::nullopt;
-}
-
-LRESULT CALLBACK Panel::Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-  auto* panel = OwnerOf<Panel>(window);
-  const std::optional<LRESULT> answer = panel ? panel->Handle(message, w, l) : std::nullopt;
-  return answer ? *answer : DefWindowProcA(window, message, w, l);
 }
 
 }  // namespace tarvo

@@ -92,7 +92,6 @@ class Panel final {
     RECT frame;
   };
 
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l);
   static HWND CreatePanelWindow(HINSTANCE instance, HWND parent, bool shown);
   std::optional<LRESULT> Handle(UINT message, WPARAM w, LPARAM l);
   void Keep(std::optional<Slot> slot, std::unique_ptr<Widget> widget);
