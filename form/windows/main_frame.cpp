@@ -104,12 +104,14 @@ void MainFrame::ShowAsWanted() {
   } else if (wanted.State() == WindowState::Minimized) {
     if (!visible || !iconic) ShowWindow(window_, SW_SHOWMINNOACTIVE);
   } else if (iconic) {
-    ShowWindow(window_, SW_RESTORE);
+    // A restore would maximize once more what was minimized while maximized, and a second one that
+    // follows at once is lost where the desktop hears of both later. This command forgets that the
+    // window was maximized.
+    ShowWindow(window_, toFront ? SW_SHOWNOACTIVATE : SW_RESTORE);
   } else if (!visible) {
     ShowFirst();
   }
   if (!toFront) return;
-  // A window that was minimized while maximized is maximized again now; it is restored once more.
   if (IsZoomed(window_)) ShowWindow(window_, SW_RESTORE);
   frontRequests_ = wanted.FrontRequests();
   SetForegroundWindow(window_);

@@ -6,8 +6,9 @@
 #   expect_shown | expect_hidden   # the launcher's window
 #   window_seen TITLE              # true when a window of that title is to be seen
 
-# Wine shows notification icons in a window of its own.
-tray_window() { xdotool search --onlyvisible --name '^Wine System Tray$' 2>/dev/null | head -1; }
+# Wine shows notification icons in a window of its explorer's, which bears a title in some versions alone. The tool tip of an
+# icon is one more, which the window manager does not keep; those that it keeps are found last.
+tray_window() { xdotool search --onlyvisible --class '^explorer' 2>/dev/null | tail -1; }
 tray_there() { [[ -n $(tray_window) ]]; }
 tray_gone() { [[ -z $(tray_window) ]]; }
 
