@@ -187,6 +187,9 @@ bool RunOnWindow(const Order& order) {
     const std::vector<std::string> faults = LayoutFaults(NeedLauncher(order.choice));
     PrintLines(faults);
     if (!faults.empty()) throw OperatorError("the layout has faults");
+  } else if (verb == "repaint") {
+    RedrawWindow(NeedLauncher(order.choice), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
   } else if (verb == "page") {
     GoToPage(NeedLauncher(order.choice), ToNumber(OnlyWord(order)));
   } else if (verb == "close") {

@@ -29,6 +29,7 @@ inline constexpr char kManual[] =
   operator state                         prints one line for the window and one for each control
   operator clipboard                     prints the text on the clipboard
   operator captions                      prints the names of the pages, and what the page shown says
+  operator repaint                       has everything of the window drawn anew
   operator layout                        prints what overlaps, is cut or has no name; 1 if any
   operator follow NAME [INDEX] SECONDS   prints the lines of a control as they come
 

@@ -111,16 +111,22 @@ void Panel::Occupy(const RECT& area) {
     place->left -= entry.widget->Overhang();
     place->width += 2 * entry.widget->Overhang();
     if (entry.widget->Framed()) Shrink(*place, stage_.look.Px(kFramedGap));
-    MoveWindow(entry.widget->Window(), place->left, place->top, place->width, place->height, TRUE);
+    // Nothing is drawn in between: a widget would take along what it has of another on its way.
+    MoveWindow(entry.widget->Window(), place->left, place->top, place->width, place->height, FALSE);
     tips_.Placed(*entry.widget);
     ++place;
   }
+  RedrawAll();
 }
 
 void Panel::TakeLook() {
   tips_.TakeLook();
   for (Entry& entry : entries_) entry.widget->TakeLook();
-  RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  RedrawAll();
+}
+
+void Panel::RedrawAll() {
+  RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 HBRUSH Panel::Brush() const {
@@ -159,7 +165,6 @@ void Panel::PlaceCards(const Grid& grid, const Place& area) {
     cards_[i].frame = {place.left, place.top, place.left + place.width, place.top + place.height};
     InflateRect(&cards_[i].frame, padding, padding);
   }
-  InvalidateRect(window_, nullptr, TRUE);
 }
 
 void Panel::PaintCards(HDC target) const {

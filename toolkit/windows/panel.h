@@ -99,6 +99,8 @@ class Panel final {
   HBRUSH Brush() const;
   LRESULT ColourOfText(HDC target) const;
   void Commanded(HWND from, int code);
+  /// Has everything drawn anew before long.
+  void RedrawAll();
   void PlaceCards(const Grid& grid, const Place& area);
   void PaintCards(HDC target) const;
   void Paint();

@@ -1,10 +1,12 @@
 # How a story looks at the window: it compares what is on the screen with kept pictures.
 #
 #   look_fonts                  behind story_begin: no font counts but those that the look is made of
+#   look_has_kept_fonts         they are those that the pictures were kept with
 #   look_at_scale 150           from the next launcher on
 #   look_with dark.reg          system colours and the like, from the next launcher on
 #   look NAME                   the window as it stands is that of look/NAME.png
 #   LOOK_KEEP=1                 keeps the window as that picture instead
+#   look_painted                what is on the screen is what the window draws when it draws everything anew
 #
 # What changes from day to day is blotted out: the log's stamps, the strips, the memory, the last failure.
 
@@ -41,6 +43,12 @@ look_fonts() {
 </fontconfig>
 XML
   export FONTCONFIG_FILE=$WINE_DIR/fonts/fonts.conf
+}
+
+look_sums() { (cd /usr/share && sha256sum wine/fonts/tahoma*.ttf fonts/truetype/liberation/LiberationSans-*.ttf); }
+look_has_kept_fonts() {
+  [[ $LOOK_KEEP == 0 ]] || look_sums >"$LOOK_KEPT/fonts.sha256"
+  look_sums | cmp -s "$LOOK_KEPT/fonts.sha256" -
 }
 
 # Both count from the next start of Windows, so they end all programs.
@@ -122,6 +130,19 @@ look() {
   mkdir -p "$LOOK_SEEN"
   convert "$seen" "$LOOK_SEEN/$1.png"
   LOOK_FAULTS+="$1: a square differs by $LOOK_DIFFERENCE %, see ${LOOK_SEEN#"$E2E_REPOSITORY/"}/$1.png"$'\n'
+}
+
+# What moves while the window is laid out is not to leave anything behind.
+look_painted() {
+  local before=$WINE_DIR/before.ppm after=$WINE_DIR/after.ppm end=$((SECONDS + LOOK_PATIENCE)) blots
+  xdotool mousemove 4000 4000
+  blots=$(look_blots)
+  look_take "$before" "$blots"
+  operate repaint
+  until look_take "$after" "$blots" && look_alike "$before" "$after"; do
+    ((SECONDS < end)) || fail "the window draws itself otherwise than it stands there: $LOOK_DIFFERENCE %"
+    sleep 0.5
+  done
 }
 
 look_end() {

@@ -5,8 +5,12 @@ source "$(dirname "$0")/story.sh"
 source "$(dirname "$0")/look.bash"
 story_begin "$0" "$@"
 
-# Sets X, Y, WIDTH and HEIGHT of the window's client.
-measure() { eval "$(xdotool getwindowgeometry --shell "$(look_window)" | grep -E '^(X|Y|WIDTH|HEIGHT)=')"; }
+# Sets X, Y, WIDTH and HEIGHT of the window's client. Of a window in a frame xdotool tells a wrong place.
+measure() {
+  eval "$(xdotool getwindowgeometry --shell "$(look_window)" | grep -E '^(WIDTH|HEIGHT)=')"
+  xdotool mousemove --window "$(look_window)" 0 0
+  eval "$(xdotool getmouselocation --shell | grep -E '^(X|Y)=')"
+}
 
 # within CONTROL [INDEX]: all of it is in view.
 within() {
@@ -17,9 +21,8 @@ within() {
 
 expect_on_screen() {
   measure
-  # The display's own title bar is not as high as the one that Windows counts with.
-  ((X >= 0 && Y >= 0 && X < 100 && Y < 100 && WIDTH <= 1280 && HEIGHT <= 1024)) ||
-    fail "$WIDTH x $HEIGHT at $X,$Y"
+  ((X >= 0 && Y >= 0 && X + WIDTH <= 1280 && Y + HEIGHT <= 1024)) || fail "$WIDTH x $HEIGHT at $X,$Y"
+  look_painted
 }
 
 look_at_scale 200
