@@ -144,9 +144,8 @@ wine_start() {
 # Ends every Windows program of this prefix and waits until the last is gone.
 wine_end_programs() {
   [[ -n ${WINEPREFIX:-} && -d $WINEPREFIX ]] || return 0
-  "$WINE_SERVER" -k >/dev/null 2>&1
-  timeout 20 "$WINE_SERVER" -w >/dev/null 2>&1
-  return 0
+  "$WINE_SERVER" -k >/dev/null 2>&1 || true
+  timeout 20 "$WINE_SERVER" -w >/dev/null 2>&1 || true
 }
 
 wine_stop() {
@@ -155,8 +154,8 @@ wine_stop() {
   [[ -n ${WINE_DIR:-} && ${WINEPREFIX:-} == "$WINE_DIR"/* ]] && wine_end_programs
   local process
   for process in ${WINE_MANAGER_PROCESS:-} ${WINE_DISPLAY_PROCESS:-}; do
-    kill "$process" 2>/dev/null
-    wait "$process" 2>/dev/null
+    kill "$process" 2>/dev/null || true
+    wait "$process" 2>/dev/null || true
   done
   WINE_MANAGER_PROCESS= WINE_DISPLAY_PROCESS=
   if [[ -n ${WINE_DIR:-} ]]; then

@@ -3,6 +3,8 @@
 source "$(dirname "$0")/story.sh"
 source "$(dirname "$0")/randomizer_verbs.bash"
 press() { xdotool key --delay 40 "$@"; }
+# Of letters that the keyboard lacks: they have a key for as long as the delay, in which Wine has to look at it.
+press_lent() { xdotool key --delay 300 "$@"; }
 is_text() { [[ $(text "${@:2}") == "$1" ]]; }
 expect_text() { await 5 is_text "$@" || fail "${*:2} is '$(text "${@:2}")', not '$1'"; }
 has_items() { [[ $(items "$2") == "$1" ]]; }
@@ -21,11 +23,16 @@ press alt+x 0 0 9 Tab
 expect_text 9 rEnd
 
 # Characters outside of 8 bits are no digits; a box that takes every key takes them.
-press alt+i BackSpace minus 7 U2030 U2039 5
+press alt+i BackSpace minus 7
+press_lent U2030 U2039
+press 5
 expect_text -75 rIni
-press BackSpace alt+t 1 U2030 2
+press BackSpace alt+t 1
+press_lent U2030
+press 2
 expect_text 12 txt_Time 0
-press alt+h 4 2 U2030
+press alt+h 4 2
+press_lent U2030
 expect_text $'42\x89' txtMxD 0
 
 # What a box would not take by keys is not pasted by keys, but by its menu.

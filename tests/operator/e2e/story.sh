@@ -10,6 +10,7 @@
 #   server crash map             # tells a sample server how to behave (see server-control)
 #   expect_count map 1           # so many processes of this server are there
 #   fail "what went wrong"
+#   skip "what this machine lacks"
 #
 # A story ends with exit code 0 when its last line is reached.
 #
@@ -27,6 +28,12 @@ fail() {
   operate text RTLog >&2 || true
   operate box >&2 || true
   exit 1
+}
+
+# No fault of the launcher's: what the story is about cannot be seen here.
+skip() {
+  echo "skipped, $*"
+  exit 77
 }
 
 story_begin() {

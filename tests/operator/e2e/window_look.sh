@@ -8,6 +8,7 @@ source "$(dirname "$0")/look.bash"
 export WINE_SCREEN=2560x1600
 story_begin "$0" "$@"
 look_fonts
+look_has_kept_fonts || skip "the pictures were kept with other fonts than this Wine's"
 ROOT=$WINEPREFIX/drive_c/servers/aurora
 
 # As if nobody had ever started a launcher there. Login is watched closely and forgiven much.
