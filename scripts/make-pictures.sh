@@ -4,6 +4,8 @@
 #
 #   scripts/make-pictures.sh
 set -euo pipefail
+[[ $# == 0 ]] || { sed -n '2,5s/^# \{0,1\}//p' "$0" >&2; exit 2; }
+"$(dirname "$0")/install-packages.sh" wine pictures
 source "$(dirname "$0")/../tests/operator/e2e/story.sh"
 DOCS=$E2E_REPOSITORY/docs
 story_begin "$0" "$@"

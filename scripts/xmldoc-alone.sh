@@ -3,6 +3,8 @@
 # in build/xmldoc-alone, and runs that. Exit code 1 when it prints something else than the page says.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
+[[ $# == 0 ]] || { sed -n '2,3s/^# \{0,1\}//p' "$0" >&2; exit 2; }
+"$root/scripts/install-packages.sh" native
 build=$root/build/xmldoc-alone
 mkdir -p "$build/project"
 fence() { sed -n "/^\`\`\`$1\$/,/^\`\`\`\$/p" "$root/docs/xml-library.md" | sed '1d;$d'; }

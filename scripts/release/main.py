@@ -115,10 +115,14 @@ def write_sums(target):
     return "".join(lines)
 
 
-def main():
+def arguments():
     parser = argparse.ArgumentParser(prog="./release", description=__doc__)
     parser.add_argument("--twice", action="store_true", help="build again elsewhere and compare")
-    twice = parser.parse_args().twice
+    return parser.parse_args()
+
+
+def main():
+    twice = arguments().twice
     if output("git", "status", "--porcelain"):
         raise SystemExit("The tree has changes that are in no commit; a release is built from a clean one.")
     commit = output("git", "rev-parse", "HEAD")

@@ -21,7 +21,7 @@ expect_equal "$(json 'state["components"]["map"]["port"]')" "${PORTS[2]}" "the m
 expect_equal "$(json 'state["components"]["map"]["process_id"]')" "$(server_pid map)" "its process"
 expect_equal "$(json 'state["components"]["map"]["memory_bytes"] > 500000')" True "its memory"
 expect_equal "$(json 'state["root"]')" "$(wine_path "$ROOT")" "the root"
-ask --state
+ask --state text
 grep -qE '^Map: listening since [0-9: -]+, process [0-9]+, [0-9.,]+ MB, no restarts, at ' <<<"$SAID" ||
   fail "the state says: $SAID"
 [[ $(operate tooltip Sem 2 | tr -d '\r') == *"listening since "* ]] || fail "$(operate tooltip Sem 2)"
