@@ -55,7 +55,8 @@ HolderShown HolderBehind(DWORD error) {
 }
 
 bool WindowsInstanceLock::Acquire(const std::string& name) {
-  for (DWORD waited = 0; waited <= kLongestWait; waited += kStep) {
+  const ULONGLONG begin = GetTickCount64();
+  for (ULONGLONG waited = 0; waited <= kLongestWait; waited = GetTickCount64() - begin) {
     // Opened again at each step: another user's mutex can be had once he is gone.
     KernelHandle mutex(CreateMutexA(nullptr, FALSE, MutexName(name).c_str()));
     refused_ = !mutex.Valid() && GetLastError() == ERROR_ACCESS_DENIED;
