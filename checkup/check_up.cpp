@@ -52,6 +52,7 @@ void CheckUp::Begin(std::optional<Choices> choices) {
   hosts_ = {};
   executables_ = {};
   upgrade_ = {};
+  namesakes_ = {};
 }
 
 bool CheckUp::Step() {
@@ -99,9 +100,11 @@ bool CheckUp::LookAtRoot(ComponentKind /*once*/) {
 bool CheckUp::TakeChoices(ComponentKind /*once*/) {
   PerUserRegistry registry(with_.registry);
   SettingsStore store(registry, root_.SettingsKey());
-  choices_ = given_
-                 ? *given_
-                 : StoredChoices(store, with_.folders.FilesEndingWith(root_.AppFolder(), ".exe"));
+  if (given_) {
+    choices_ = *given_;
+  } else {
+    choices_ = StoredChoices(store, with_.folders.FilesEndingWith(root_.AppFolder(), ".exe"));
+  }
   Tell(CheckWatch(choices_));
   return true;
 }
@@ -115,8 +118,7 @@ bool CheckUp::LookAtExecutable(ComponentKind kind) {
   upgrade_[kind].atTarget = *look;
   folder_.executablesSize += look->size;
   facts.present = look->outcome == FileLook::Outcome::There && !look->isFolder;
-  facts.isLauncher =
-      with_.codePage.Lowered(facts.name) == with_.codePage.Lowered(root_.ExecutableName() + ".exe");
+  facts.isLauncher = SameName(facts.name, root_.ExecutableName() + ".exe");
   std::string bytes;
   facts.readable =
       with_.inspection.ReadBeginning(PathOf(facts.name), kHeaderBytes, bytes) == ReadResult::Ok;
@@ -187,28 +189,27 @@ bool CheckUp::SameName(const std::string& one, const std::string& other) {
 
 /// The session of the launcher that runs in this root; when none but this one does, of this one.
 std::optional<std::uint32_t> CheckUp::SessionOfLauncher() {
-  const std::string name = with_.codePage.Lowered(root_.ExecutableName() + ".exe");
-  const std::string own = with_.codePage.Lowered(executablePath_);
+  const std::string name = root_.ExecutableName() + ".exe";
   ProcessInspection& inspection = with_.processInspection;
   for (const ProcessEntry& entry : snapshot_) {
-    if (entry.id == inspection.OwnId() || with_.codePage.Lowered(entry.executable) != name) {
-      continue;
-    }
-    if (with_.codePage.Lowered(inspection.PathOf(entry.id)) == own) {
-      return inspection.SessionOf(entry.id);
-    }
+    if (entry.id == inspection.OwnId()) continue;
+    if (!SameName(entry.executable, name)) continue;
+    if (!SameName(inspection.PathOf(entry.id), executablePath_)) continue;
+    return inspection.SessionOf(entry.id);
   }
   return inspection.SessionOf(inspection.OwnId());
 }
 
-NamesakeFacts CheckUp::FactsOf(ProcessId id, ComponentKind kind) {
+/// After a look that was not `answered` no other one is waited for.
+NamesakeFacts CheckUp::FactsOf(ProcessId id, ComponentKind kind, bool& answered) {
   NamesakeFacts facts;
   facts.process = id;
   facts.path = with_.processInspection.PathOf(id);
   const std::string target = PathOf(choices_.of[kind].executable);
-  facts.fromRoot = with_.codePage.Lowered(facts.path) == with_.codePage.Lowered(target);
-  if (!facts.fromRoot && !facts.path.empty()) {
+  facts.fromRoot = SameName(facts.path, target);
+  if (!facts.fromRoot && !facts.path.empty() && answered) {
     const FileLook look = with_.inspection.LookAt(facts.path, kLongestWait);
+    answered = look.outcome != FileLook::Outcome::NotAnswered;
     const std::string& identity = upgrade_[kind].atTarget.identity;
     facts.fromRoot = !identity.empty() && look.identity == identity;
   }
@@ -233,11 +234,12 @@ bool CheckUp::LookAtProcesses(ComponentKind kind) {
   const std::string& executable = choices_.of[kind].executable;
   if (executable.empty()) return true;
   const std::string wanted = with_.codePage.Lowered(executable);
-  std::vector<NamesakeFacts> namesakes;
+  std::vector<NamesakeFacts>& namesakes = namesakes_[kind];
+  bool answered = true;
   for (const ProcessEntry& entry : snapshot_) {
     if (with_.codePage.Lowered(entry.executable) != wanted) continue;
     if (namesakes.size() == kMostNamesakes) break;
-    namesakes.push_back(FactsOf(entry.id, kind));
+    namesakes.push_back(FactsOf(entry.id, kind, answered));
     ExecutableFacts& facts = executables_[kind];
     facts.ownsWindow = facts.ownsWindow || OwnsWindow(entry.id);
   }
@@ -250,24 +252,30 @@ bool CheckUp::CheckChosen(ComponentKind /*once*/) {
   return true;
 }
 
+/// A holder that nobody names is taken for the component, if that one runs.
+bool CheckUp::IsComponent(ComponentKind kind, const HolderFacts& holder) {
+  const std::vector<NamesakeFacts>& namesakes = namesakes_[kind];
+  if (holder.process == 0) return !namesakes.empty();
+  for (const NamesakeFacts& namesake : namesakes) {
+    if (namesake.process == holder.process) return namesake.fromRoot || namesake.path.empty();
+  }
+  return SameName(holder.executable, choices_.of[kind].executable);
+}
+
 bool CheckUp::LookAtListeners(ComponentKind /*once*/) {
   const std::vector<Listener> listeners = with_.network.Listeners();
   for (ComponentKind kind : kComponents) {
     const HostFacts& host = hosts_[kind];
-    const std::string& executable = choices_.of[kind].executable;
     const std::int32_t port = endpoints_[kind].port.value_or(0);
-    if (executable.empty() || host.outcome != HostFacts::Outcome::Address || !host.own) continue;
+    if (choices_.of[kind].executable.empty()) continue;
+    if (host.outcome != HostFacts::Outcome::Address || !host.own) continue;
     const auto listener = ListenerAt(listeners, host.address, port);
     if (!listener) continue;
     HolderFacts holder{listener->process, {}};
-    bool runs = false;
     for (const ProcessEntry& entry : snapshot_) {
       if (entry.id == holder.process) holder.executable = entry.executable;
-      runs = runs || SameName(entry.executable, executable);
     }
-    // A holder that nobody names is taken for the component, if that one runs.
-    if (SameName(holder.executable, executable) || (holder.process == 0 && runs)) continue;
-    Tell(CheckPortHeld(kind, port, holder));
+    if (!IsComponent(kind, holder)) Tell({PortHeldFinding(kind, port, holder)});
   }
   return true;
 }

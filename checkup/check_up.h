@@ -100,7 +100,8 @@ class CheckUp {
   std::string PathOf(const std::string& name) const { return root_.WithSeparator() + name; }
   std::optional<FileLook> LookPatiently(const std::string& path);
   void ReadConfFile(const std::string& file);
-  NamesakeFacts FactsOf(ProcessId id, ComponentKind kind);
+  NamesakeFacts FactsOf(ProcessId id, ComponentKind kind, bool& answered);
+  bool IsComponent(ComponentKind kind, const HolderFacts& holder);
   std::optional<std::uint32_t> SessionOfLauncher();
   bool OwnsWindow(ProcessId id);
   bool SameName(const std::string& one, const std::string& other);
@@ -123,6 +124,7 @@ class CheckUp {
   PerComponent<ExecutableFacts> executables_;
   PerComponent<UpgradeFacts> upgrade_;
   std::vector<ProcessEntry> snapshot_;
+  PerComponent<std::vector<NamesakeFacts>> namesakes_;
 };
 
 }  // namespace tarvo

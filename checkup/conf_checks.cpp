@@ -11,6 +11,7 @@ namespace {
 
 constexpr char kBlanks[] = " \t";
 constexpr std::size_t kLongestShown = 200;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// A line as an editor shows it.
 struct ShownLine {
@@ -41,6 +42,10 @@ void SkipBlanks(std::string_view& text) {
 /// Why a line that is meant to give the key does not; "" when it does, nothing for any other line.
 std::optional<std::string> WhyMissed(std::string_view line, std::string_view key) {
   if (RestAfterKey(line, key)) return std::string();
+  if (line.starts_with(kByteOrderMark)) {
+    if (!RestAfterKey(line.substr(kByteOrderMark.size()), key)) return std::nullopt;
+    return "a byte order mark stands before it";
+  }
   const std::string_view name = key.substr(0, key.size() - 1);
   std::string_view rest = line;
   SkipBlanks(rest);
@@ -111,8 +116,12 @@ bool IsNumberOf32Bits(std::string_view text) {
   }
 }
 
-std::string Counted(std::size_t count, const char* what) {
-  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+std::string WhatBareFeedsDo(const LineEnds& ends) {
+  if (ends.whole == 0) return "The file has bare line feeds and counts as one single line.";
+  const char* const lines = ends.bare == 1 ? " line" : " lines";
+  return std::to_string(ends.bare) + lines + ", the first of them line " +
+         std::to_string(ends.firstBare) +
+         ", end with a bare line feed and count as one line with what follows.";
 }
 
 }  // namespace
@@ -144,13 +153,8 @@ Findings CheckLineEnds(const ConfText& conf) {
   const bool loses = std::any_of(searches.begin(), searches.end(), [](const KeySearch& search) {
     return search.hidden && !search.counts;
   });
-  const std::string wrong =
-      ends.whole == 0 ? "The file has bare line feeds and counts as one single line."
-                      : Counted(ends.bare, "line") + ", the first of them line " +
-                            std::to_string(ends.firstBare) +
-                            ", end with a bare line feed and count as one line with what follows.";
-  findings.push_back({"conf-line-ends", loses ? Severity::Error : Severity::Warning, conf.About(),
-                      wrong,
+  const Severity severity = loses ? Severity::Error : Severity::Warning;
+  findings.push_back({"conf-line-ends", severity, conf.About(), WhatBareFeedsDo(ends),
                       "Press \"Repair\" in the check-up, or save the file with line ends of "
                       "Windows (CR LF)."});
   return findings;

@@ -46,14 +46,26 @@ std::optional<Finding> FindingOfPort(ComponentKind kind, const EndpointFacts& en
   return std::nullopt;
 }
 
-bool SameEndpoint(const EndpointFacts& one, const EndpointFacts& other) {
-  return one.port && one.port == other.port && *one.port > 0 &&
-         LowerCase(one.host) == LowerCase(other.host);
+bool SamePort(const EndpointFacts& one, const EndpointFacts& other) {
+  return one.port && one.port == other.port && *one.port > 0;
 }
 
-Finding HostFinding(ComponentKind kind, Severity severity, const std::string& wrong,
-                    const std::string& advice) {
-  return {"host", severity, NameOf(kind), wrong, advice};
+Finding FindingOfBoth(ComponentKind one, ComponentKind other, std::int32_t port, bool oneHost) {
+  const std::string both = "Both have the port " + std::to_string(port);
+  const char* const why = oneHost
+                              ? ", which only one of them can listen at."
+                              : ", so one that listens at every address keeps the other from it.";
+  return {"port", oneHost ? Severity::Error : Severity::Warning,
+          std::string(NameOf(one)) + " and " + NameOf(other), both + why,
+          "Give each component a port of its own in the conf files."};
+}
+
+/// What is wrong with a host that has no address.
+std::string WhyNoAddress(HostFacts::Outcome outcome) {
+  if (outcome == HostFacts::Outcome::Unknown) {
+    return "does not resolve, so each probe fails as if the server were frozen.";
+  }
+  return "was not resolved within a second, which is as long as a probe waits for it.";
 }
 
 }  // namespace
@@ -91,56 +103,38 @@ Findings CheckPorts(const PerComponent<EndpointFacts>& endpoints) {
   }
   for (ComponentKind one : kComponents) {
     for (ComponentKind other : kComponents) {
-      if (one >= other || !SameEndpoint(endpoints[one], endpoints[other])) continue;
-      findings.push_back({"port", Severity::Error,
-                          std::string(NameOf(one)) + " and " + NameOf(other),
-                          "Both have the port " + std::to_string(*endpoints[one].port) +
-                              ", which only one of them can listen at.",
-                          "Give each component a port of its own in the conf files."});
+      if (one >= other || !SamePort(endpoints[one], endpoints[other])) continue;
+      const bool oneHost = LowerCase(endpoints[one].host) == LowerCase(endpoints[other].host);
+      findings.push_back(FindingOfBoth(one, other, *endpoints[one].port, oneHost));
     }
   }
   return findings;
 }
 
 Findings CheckHost(ComponentKind kind, const std::string& host, const HostFacts& facts) {
-  const ConfigurationKey& key = KeyOf(kind, Says::Host);
-  const std::string advice =
-      std::string("Correct \"") + key.key + "\" in conf\\" + key.file + ", or the name server.";
-  switch (facts.outcome) {
-    case HostFacts::Outcome::NotAsked:
-      return {};
-    case HostFacts::Outcome::Unknown:
-      return {HostFinding(kind, Severity::Error,
-                          "The host \"" + Shown(host) +
-                              "\" does not resolve, so each probe fails as if the server were "
-                              "frozen.",
-                          advice)};
-    case HostFacts::Outcome::NotAnswered:
-      return {HostFinding(kind, Severity::Warning,
-                          "The host \"" + Shown(host) +
-                              "\" was not resolved within a second, which is as long as a probe "
-                              "waits for it.",
-                          advice)};
-    case HostFacts::Outcome::Address:
-      break;
+  const std::string quoted = "The host \"" + Shown(host) + "\" ";
+  if (facts.outcome != HostFacts::Outcome::Address) {
+    const bool unknown = facts.outcome == HostFacts::Outcome::Unknown;
+    const ConfigurationKey& key = KeyOf(kind, Says::Host);
+    return {{"host", unknown ? Severity::Error : Severity::Warning, NameOf(kind),
+             quoted + WhyNoAddress(facts.outcome),
+             std::string("Correct \"") + key.key + "\" in conf\\" + key.file +
+                 ", or the name server."}};
   }
   if (facts.own) return {};
-  return {HostFinding(kind, Severity::Note,
-                      "The host \"" + Shown(host) +
-                          "\" is an address of another machine, where this launcher starts and "
-                          "ends nothing.",
-                      "Leave it so if the probe is to go through that address.")};
+  return {{"host", Severity::Note, NameOf(kind),
+           quoted + "is an address of another machine, where this launcher starts and ends "
+                    "nothing.",
+           "Leave it so if the probe is to go through that address."}};
 }
 
-Findings CheckPortHeld(ComponentKind kind, std::int32_t port,
-                       const std::optional<HolderFacts>& holder) {
-  if (!holder) return {};
-  std::string who = holder->executable.empty() ? "A program that the system does not name"
-                                               : "\"" + holder->executable + "\"";
-  if (holder->process != 0) who += " (process " + std::to_string(holder->process) + ")";
-  return {{"port-held", Severity::Error, NameOf(kind),
-           who + " holds the port " + std::to_string(port) + ".",
-           "End that program, or give the component another port."}};
+Finding PortHeldFinding(ComponentKind kind, std::int32_t port, const HolderFacts& holder) {
+  std::string who = "A program that the system does not name";
+  if (!holder.executable.empty()) who = "\"" + holder.executable + "\"";
+  if (holder.process != 0) who += " (process " + std::to_string(holder.process) + ")";
+  return {"port-held", Severity::Error, NameOf(kind),
+          who + " holds the port " + std::to_string(port) + ".",
+          "End that program, or give the component another port."};
 }
 
 std::optional<Listener> ListenerAt(const std::vector<Listener>& listeners, std::uint32_t address,

@@ -25,28 +25,27 @@ void TakeEndpoints(const std::vector<KeyValues>& values, bool whole,
                    PerComponent<EndpointFacts>& endpoints);
 
 /// A port that no server can listen at, that ends the launcher's next start, or that two components
-/// share at one host.
+/// share: an error at one host, a warning at two, since most servers listen at all addresses.
 Findings CheckPorts(const PerComponent<EndpointFacts>& endpoints);
 
 /// How a host's name was resolved.
 struct HostFacts {
-  enum class Outcome { Address, Unknown, NotAnswered, NotAsked };
+  enum class Outcome { Address, Unknown, NotAnswered };
 
-  Outcome outcome = Outcome::NotAsked;
+  Outcome outcome = Outcome::Unknown;
   std::uint32_t address = 0;  ///< In network order.
   bool own = true;            ///< An address of this machine.
 };
 
 Findings CheckHost(ComponentKind kind, const std::string& host, const HostFacts& facts);
 
-/// Who takes connections at a component's port, if it is not the component.
+/// Who takes connections at a component's port, and is not the component.
 struct HolderFacts {
   ProcessId process = 0;   ///< 0 when the system does not tell.
   std::string executable;  ///< Bare file name; "" when the system does not tell.
 };
 
-Findings CheckPortHeld(ComponentKind kind, std::int32_t port,
-                       const std::optional<HolderFacts>& holder);
+Finding PortHeldFinding(ComponentKind kind, std::int32_t port, const HolderFacts& holder);
 
 /// The first listener at this port whom a server at this address would collide with.
 std::optional<Listener> ListenerAt(const std::vector<Listener>& listeners, std::uint32_t address,

@@ -70,6 +70,9 @@ INSTANTIATE_TEST_SUITE_P(
         MissedKey{"map_ip : 10.0.0.1", MISSED("warning", "a blank stands before its colon")},
         MissedKey{"//map_ip: 10.0.0.1", MISSED("note", "it is commented out")},
         MissedKey{"// map_ip: 10.0.0.1", MISSED("note", "it is commented out")},
+        MissedKey{"\xEF\xBB\xBFmap_ip: 10.0.0.1",
+                  MISSED("warning", "a byte order mark stands before it")},
+        MissedKey{"\xEF\xBB\xBFthe_map_ip: 10.0.0.1", ""}, MissedKey{"map_ip", ""},
         MissedKey{"map_ip 10.0.0.1", ""}, MissedKey{"the_map_ip: 10.0.0.1", ""},
         MissedKey{"map_ips: 10.0.0.1", ""}, MissedKey{"", ""}));
 

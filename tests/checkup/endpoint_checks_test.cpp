@@ -49,13 +49,34 @@ TEST_F(EndpointChecks, AValueThatBareLineFeedsMakeLongerIsShownCut) {
   EXPECT_NE(Told().find("The host \"127.0.0.1...\" does not resolve"), std::string::npos) << Told();
 }
 
+TEST_F(EndpointChecks, AValueOfMoreThanFortyLettersIsShownCut) {
+  PutMapHost(std::string(40, 'a'));
+  EXPECT_NE(Told().find("\"" + std::string(40, 'a') + "\""), std::string::npos) << Told();
+  PutMapHost(std::string(41, 'a'));
+  EXPECT_NE(Told().find("\"" + std::string(40, 'a') + "...\""), std::string::npos) << Told();
+}
+
 TEST_F(EndpointChecks, OnePortForTwoComponentsOfOneHost) {
   PutMapPort("6121");
   EXPECT_EQ(Told(),
             "error port [Char and Map] Both have the port 6121, which only one of them can listen "
             "at.\n");
+  PutMapConf("map_ip: 127.0.0.1 \r\nmap_port: 6121\r\n");
+  EXPECT_TRUE(Told().starts_with("error port [Char and Map]")) << Told();
+}
+
+TEST_F(EndpointChecks, OnePortForTwoHostsHoldsUnlessAServerListensAtAllAddresses) {
   PutMapConf("map_ip:10.0.0.1\r\nmap_port:6121\r\n");
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Told(),
+            "warning port [Char and Map] Both have the port 6121, so one that listens at every "
+            "address keeps the other from it.\n");
+}
+
+TEST_F(EndpointChecks, TwoPortsThatAreMissingAreNoSharedPort) {
+  PutCharConf("login_ip:127.0.0.1\r\n");
+  EXPECT_EQ(Told(),
+            "error port [Login] The port is 0, so nothing can be probed.\n"
+            "error port [Char] The port is 0, so nothing can be probed.\n");
 }
 
 TEST_F(EndpointChecks, AHostThatDoesNotResolve) {
@@ -127,10 +148,63 @@ TEST_F(EndpointChecks, TheComponentItselfHoldsItsPortInAnyLetterCase) {
   EXPECT_EQ(Told(), "");
 }
 
+TEST_F(EndpointChecks, AServerOfThatNameFromAnotherFolderHoldsThePortAsAnyOtherProgramDoes) {
+  const ProcessId map = machine.processes.StartForeign(kMap, "D:\\other\\");
+  const std::string process = "(process " + std::to_string(map) + ")";
+  EXPECT_EQ(Told(),
+            "error port-held [Map] \"map-server.exe\" " + process +
+                " holds the port 5121.\n"
+                "warning same-name [Map: map-server.exe " +
+                process +
+                "] A process of that name runs as D:\\other\\map-server.exe, and \"Stop\" would "
+                "end it as well.\n");
+}
+
+TEST_F(EndpointChecks, OfTwoServersOfThatNameTheOneThatHoldsThePortIsTold) {
+  machine.processes.Program(kMap).port = 0;
+  machine.processes.StartForeign(kMap);
+  machine.processes.Program(kMap).port = 5121;
+  const ProcessId other = machine.processes.StartForeign(kMap, "D:\\other\\");
+  EXPECT_TRUE(Told().starts_with("error port-held [Map] \"map-server.exe\" (process " +
+                                 std::to_string(other) + ") holds the port 5121.\n"))
+      << Told();
+}
+
+TEST_F(EndpointChecks, AHolderOfThatNameThatTellsNoPathIsTakenForTheComponent) {
+  machine.processes.StartForeign(kMap);
+  machine.processes.TheOne(kMap).path.clear();
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(EndpointChecks, NobodyIsAskedForThePortOfAComponentWithoutAnExecutable) {
+  machine.SetSetting("MapExe", "no-such");
+  machine.inspection.HoldPort(5121, 4711);
+  EXPECT_EQ(Told(), "error executable [Map] No executable is chosen.\n");
+}
+
+TEST_F(EndpointChecks, AServerThatDoesNotListenHoldsNoPort) {
+  machine.processes.Program("other.exe").port = 5122;
+  machine.processes.StartForeign("other.exe");
+  EXPECT_EQ(Told(), "");
+}
+
 TEST_F(EndpointChecks, APortOfAnotherMachineIsNotLookedFor) {
   PutMapHost("10.0.0.2");
   machine.inspection.HoldPort(5121, 4711);
   EXPECT_EQ(Told().find("port-held"), std::string::npos);
+}
+
+TEST_F(EndpointChecks, APortOfAHostThatDoesNotResolveIsNotLookedFor) {
+  PutMapHost("nowhere.example");
+  machine.inspection.HoldPort(5121, 4711);
+  EXPECT_EQ(Told().find("port-held"), std::string::npos);
+}
+
+TEST_F(EndpointChecks, AnAnswerThatIsTooShortForAnAddressIsNone) {
+  PutMapHost("odd.example");
+  machine.network.AddServedName("odd.example", {127, 0, 0});
+  EXPECT_TRUE(Told().starts_with("error host [Map] The host \"odd.example\" does not resolve"))
+      << Told();
 }
 
 TEST(ListenerAt, IsAtEveryAddressOrAtThisOne) {

@@ -31,7 +31,8 @@ TEST_F(ExecutableChecks, NoProgramOfWindows) {
       "error executable [Map: map-server.exe] The file is no program of Windows.\n";
   for (const std::string& bytes :
        {std::string("MZ"), std::string(), std::string(4096, 'x'), ProgramBytes(0x8664, 3, true),
-        "MZ" + std::string(0x3A, '\0') + "\xFF\xFF\xFF\x7F"}) {
+        "MZ" + std::string(0x3A, '\0') + "\xFF\xFF\xFF\x7F", ProgramBytes().substr(0, 200),
+        ProgramBytes().replace(128, 2, "NE")}) {
     Put(kMap, bytes);
     EXPECT_EQ(Told(), told);
   }
@@ -57,6 +58,16 @@ TEST_F(ExecutableChecks, AProgramOfWindowsUnlessItRunsAndOwnsOne) {
   EXPECT_EQ(Told(), "");
   machine.processes.CloseWindows(map);
   EXPECT_EQ(Told(), told);
+  machine.processes.OpenWindow(map, machine.processes.First());
+  EXPECT_EQ(Told(), told) << "a window of another window's is none that the crash watch sees";
+}
+
+TEST_F(ExecutableChecks, WindowsInACircleAreWalkedOnlySoLong) {
+  Put(kMap, ProgramBytes(0x8664, 2));
+  const ProcessId map = machine.processes.StartForeign(kMap);
+  machine.processes.CloseWindows(map);
+  machine.processes.TurnInACircle();
+  EXPECT_TRUE(Told().starts_with("note executable [Map: map-server.exe]")) << Told();
 }
 
 TEST_F(ExecutableChecks, AFileThatCannotBeReadIsNotJudged) {
@@ -76,6 +87,7 @@ TEST(Executables, OneThatIsMissing) {
 }
 
 TEST_F(ExecutableChecks, AProcessOfThatNameFromAnotherFolder) {
+  machine.processes.Program("Map-Server.exe").port = 0;
   const ProcessId map = machine.processes.StartForeign("Map-Server.exe");
   machine.processes.TheOne("map-server.exe").path = "D:\\other\\Map-Server.exe";
   EXPECT_EQ(Told(), "warning same-name [Map: map-server.exe (process " + std::to_string(map) +
@@ -88,6 +100,33 @@ TEST_F(ExecutableChecks, AnotherNameOfTheRootsOwnFileIsNone) {
   machine.files.Link("X:\\map-server.exe", "C:\\srv\\map-server.exe");
   machine.processes.TheOne(kMap).path = "X:\\map-server.exe";
   EXPECT_EQ(Told(), "");
+}
+
+TEST_F(ExecutableChecks, WithoutIdentitiesAnotherPathIsAnotherFile) {
+  machine.inspection.TellNoIdentity();
+  machine.processes.StartForeign(kMap);
+  EXPECT_EQ(Told(), "");
+  machine.files.Link("X:\\map-server.exe", "C:\\srv\\map-server.exe");
+  machine.processes.TheOne(kMap).path = "X:\\map-server.exe";
+  EXPECT_NE(Told().find("runs as X:\\map-server.exe"), std::string::npos) << Told();
+}
+
+TEST_F(ExecutableChecks, OfAHundredProcessesOfThatNameTwentyAreTold) {
+  for (int i = 0; i < 100; ++i) machine.processes.StartForeign(kMap, "D:\\other\\");
+  const std::string told = Told();
+  std::size_t count = 0;
+  for (std::size_t at = told.find("same-name"); at != std::string::npos;
+       at = told.find("same-name", at + 1)) {
+    ++count;
+  }
+  EXPECT_EQ(count, 20u);
+}
+
+TEST_F(ExecutableChecks, ProcessesFromAShareThatWentAwayAreWaitedForOnce) {
+  machine.inspection.Silence("Z:\\");
+  for (int i = 0; i < 3; ++i) machine.processes.StartForeign(kMap, "Z:\\srv\\");
+  EXPECT_NE(Told().find("runs as Z:\\srv\\map-server.exe"), std::string::npos);
+  EXPECT_EQ(machine.inspection.Waited(), CheckUp::kLongestWait);
 }
 
 TEST_F(ExecutableChecks, AProcessThatTellsNoPathIsNotJudged) {
@@ -103,6 +142,35 @@ TEST_F(ExecutableChecks, AProcessOfAnotherSession) {
             "warning same-name [Map: map-server.exe (process " + std::to_string(map) +
                 ")] The process runs in another session, where its window cannot be seen, so "
                 "it would count as crashed.\n");
+}
+
+TEST_F(ExecutableChecks, AProcessWhoseSessionTheSystemDoesNotTellIsNotJudged) {
+  machine.processes.StartForeign(kMap);
+  machine.processes.TheOne(kMap).session.reset();
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(ExecutableChecks, TheSessionOfALauncherOfAnotherRootDoesNotCount) {
+  machine.processes.StartForeign("tarvo-launcher.exe", "D:\\other\\");
+  machine.processes.TheOne("tarvo-launcher.exe").session = 5;
+  machine.processes.StartForeign(kMap);
+  EXPECT_EQ(Told(), "");
+  machine.processes.TheOne(kMap).session = 5;
+  EXPECT_NE(Told().find("The process runs in another session"), std::string::npos) << Told();
+}
+
+TEST_F(ExecutableChecks, TheSessionOfWhoeverAsksDoesNotCountBesideTheLauncher) {
+  machine.processes.StartForeign("asks.exe");
+  machine.processes.StartForeign("tarvo-launcher.exe");
+  const SimProcess& launcher = machine.processes.TheOne("tarvo-launcher.exe");
+  machine.processes.TheOne("tarvo-launcher.exe").session = 5;
+  SimProcess& asks = machine.processes.TheOne("asks.exe");
+  asks.path = launcher.path;
+  asks.executable = launcher.executable;
+  asks.id = SimInspection::kOwnId;
+  machine.processes.StartForeign(kMap);
+  machine.processes.TheOne(kMap).session = 5;
+  EXPECT_EQ(Told(), "");
 }
 
 TEST_F(ExecutableChecks, TheSessionIsThatOfTheLauncherThatRunsHere) {

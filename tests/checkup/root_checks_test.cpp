@@ -61,6 +61,11 @@ TEST_F(RootChecks, RoomForLessThanThreeTimesTheExecutables) {
             "executables.\n");
 }
 
+TEST_F(RootChecks, ADriveThatDoesNotTellItsRoomIsNotJudged) {
+  machine.inspection.SetFreeSpace(std::nullopt);
+  EXPECT_EQ(Told(), "");
+}
+
 TEST_F(RootChecks, LettersOutsideTheCodePage) {
   machine.launcherPathInCodePage = false;
   EXPECT_EQ(Told(),
@@ -115,6 +120,40 @@ TEST_F(RootChecks, SetsThatCannotBeReadWhole) {
             "error sets [randomize.xml] " + wrong + "error sets [rndcalendar.xml] " + wrong);
 }
 
+TEST_F(RootChecks, SetsThatThisUserMayNotRead) {
+  PutRanges("<base_exp_rate Min=\"1\" Max=\"2\"/>\r\n");
+  machine.files.LockForReading("C:\\srv\\randomize.xml");
+  EXPECT_TRUE(Told().starts_with("error sets [randomize.xml] The file cannot be read whole"))
+      << Told();
+}
+
+TEST_F(RootChecks, FilesOfTheRandomizerThatAreEndlessAreReadNoFurtherThanOthers) {
+  const std::string endless(CheckUp::kMostBytes + 100, '\t');
+  Put("randomize.xml", "<Randomize>" + endless + "</Randomize>\r\n");
+  Put("conf\\battle_athena.conf", UsualBattleConf() + endless);
+  EXPECT_EQ(Told(),
+            "note conf-line-ends [conf\\battle_athena.conf] The file is so large that only its "
+            "beginning was checked.\n"
+            "error sets [randomize.xml] The file cannot be read whole, so its entries can be "
+            "neither all used nor changed.\n");
+  EXPECT_EQ(machine.inspection.LongestRead(), CheckUp::kMostBytes + 1);
+}
+
+TEST_F(RootChecks, OfSettingsThatWereNotReadToTheirEndNoneIsMissed) {
+  Put("conf\\battle_athena.conf", std::string(CheckUp::kMostBytes + 100, '/'));
+  PutRanges("<no_such_rate Min=\"100\" Max=\"300\"/>\r\n");
+  EXPECT_EQ(Told().find("no_such_rate"), std::string::npos) << Told();
+}
+
+TEST_F(RootChecks, OfThousandRangesOfNoSettingFiftyAreTold) {
+  std::string ranges;
+  for (int i = 0; i < 1000; ++i) {
+    ranges += "<no_such_" + std::to_string(i) + " Min=\"1\" Max=\"2\"/>\r\n";
+  }
+  PutRanges(ranges);
+  EXPECT_EQ(Find().size(), 50u);
+}
+
 TEST_F(RootChecks, SetsInOrder) {
   PutRanges("<base_exp_rate Min=\"100\" Max=\"300\"/>\r\n");
   PutEntries("<Mon_08:30 Restart=\"Yes\"/>\r\n<Sun_23:59 Restart=\"No\"/>\r\n");
@@ -162,6 +201,24 @@ TEST_F(RootChecks, ANewFileThatIsMissing) {
   PutNewFiles();
   machine.files.Remove("D:\\new\\Map.exe");
   EXPECT_EQ(Told(), "warning upgrade [Map: D:\\new\\Map.exe] The new executable is missing.\n");
+}
+
+TEST_F(RootChecks, ANewFileThatIsAFolder) {
+  PutNewFiles();
+  machine.SetSetting("MapFrom", "D:\\new");
+  EXPECT_EQ(Told(), "warning upgrade [Map: D:\\new] The new executable is missing.\n");
+}
+
+TEST_F(RootChecks, ANewFileForAComponentWithoutAnExecutableIsComparedWithNone) {
+  PutNewFiles();
+  machine.SetSetting("MapExe", "no-such");
+  EXPECT_EQ(Told(), "error executable [Map] No executable is chosen.\n");
+}
+
+TEST_F(RootChecks, WhereTheSystemTellsNoIdentitiesTwoFilesAreTwo) {
+  PutNewFiles();
+  machine.inspection.TellNoIdentity();
+  EXPECT_EQ(Told(), "");
 }
 
 TEST_F(RootChecks, ANewFileThatIsOlderThanItsTarget) {

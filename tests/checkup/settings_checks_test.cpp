@@ -62,6 +62,22 @@ TEST_F(SettingsChecks, AValueOfThisUserThatHidesTheMachines) {
             "have.\n");
 }
 
+TEST_F(SettingsChecks, AValueThatIsNoTextIsNone) {
+  machine.SetSetting("LDATE", "x");
+  machine.registry.Put(Hive::CurrentUser, machine.SettingsKey(), "LDATE", {4, "\1"});
+  machine.registry.Put(Hive::CurrentUser, machine.SettingsKey(), "MapPri", {4, "\x9"});
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(SettingsChecks, ThisUsersOwnCopyDecidesWhetherTheNextStartEnds) {
+  machine.SetSetting("MapPri", "fast");
+  PutOfUser("MapPri", "2");
+  EXPECT_EQ(Told().find("ends the launcher's next start"), std::string::npos) << Told();
+  machine.SetSetting("MapPri", "2");
+  PutOfUser("MapPri", "fast");
+  EXPECT_TRUE(Told().starts_with("error settings [MapPri]")) << Told();
+}
+
 TEST_F(SettingsChecks, ManyOfThemAreOneFinding) {
   for (const SettingName& setting : SettingNames()) {
     if (setting.rule == ValueRule::AnyText) PutOfUser(setting.name, "1");

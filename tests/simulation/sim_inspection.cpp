@@ -49,7 +49,7 @@ FileLook SimInspection::LookAt(const std::string& path, std::uint32_t millisecon
   look.identity = lower;
   if (look.isFolder) return look;
   if (!files_.Has(path)) return {FileLook::Outcome::Missing, false, 0, {}, {}};
-  look.identity = LowerCase(files_.RealPath(path));
+  look.identity = tellsIdentity_ ? LowerCase(files_.RealPath(path)) : "";
   look.size = files_.TextOf(path).size();
   look.modified = std::chrono::sys_seconds(std::chrono::seconds(copies_.DateOf(path)));
   return look;

@@ -43,7 +43,9 @@ class SimInspection final : public FileInspection,
 
   /// Whoever looks at something of that beginning gets no answer, or gets one again.
   void Silence(const std::string& beginning, bool silent = true);
-  void SetFreeSpace(std::uint64_t bytes) { freeSpace_ = bytes; }
+  void SetFreeSpace(std::optional<std::uint64_t> bytes) { freeSpace_ = bytes; }
+  /// As on a drive whose system cannot tell two names of one file.
+  void TellNoIdentity() { tellsIdentity_ = false; }
   /// A program whose name is not listed, or an old system, holds a port of every address.
   void HoldPort(std::uint16_t port, ProcessId holder) { held_[port] = holder; }
   /// Milliseconds that all looks together have waited.
@@ -61,7 +63,8 @@ class SimInspection final : public FileInspection,
   SimProcesses& processes_;
   std::set<std::string> silent_;
   std::map<std::uint16_t, ProcessId> held_;
-  std::uint64_t freeSpace_ = 1ULL << 40;
+  std::optional<std::uint64_t> freeSpace_ = 1ULL << 40;
+  bool tellsIdentity_ = true;
   std::uint64_t waited_ = 0;
   std::size_t longestRead_ = 0;
 };

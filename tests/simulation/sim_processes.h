@@ -47,8 +47,9 @@ FileFault NoMemory();
 struct SimProcess {
   ProcessId id = 0;
   std::string executable;
-  std::string path;           ///< Of its file; "" when the system does not tell.
-  std::uint32_t session = 1;  ///< The operator's; 0 is that of the services.
+  std::string path;  ///< Of its file; "" when the system does not tell.
+  /// The operator's; 0 is that of the services; nothing when the system does not tell.
+  std::optional<std::uint32_t> session = 1;
   SimProgram program;
   PortAnswer answer = PortAnswer::Listens;
   std::uint32_t queueRoom = 0;  ///< Callers that are still let in when nobody accepts.
