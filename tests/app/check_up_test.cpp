@@ -113,6 +113,14 @@ TEST_F(CheckUpStory, NoTickOfItTakesLongerThanItsWaits) {
   EXPECT_EQ(longest, CheckUp::kLongestWait);
 }
 
+TEST_F(CheckUpStory, OneThatTheOperatorHasBegunIsNotBegunAnewByTheCompleteWindow) {
+  StartLauncher();
+  launcher->Click("cmdCheckUp");
+  launcher->CompleteWindow();
+  launcher->Pass(milliseconds(900));
+  EXPECT_EQ(View().lblCheck.Caption(), "Nothing to complain about.");
+}
+
 TEST_F(CheckUpStory, TheButtonOpensTheWindowWithTheFindings) {
   PutBareConf();
   StartLauncher();
@@ -134,6 +142,16 @@ TEST_F(CheckUpStory, WhatTheWindowShowsCountsAndNotWhatIsStored) {
   launcher->Pass(seconds(2));
   ASSERT_FALSE(View().lstCheck.Items().empty());
   EXPECT_EQ(View().lstCheck.Items()[0], "error: executable: Char and Map: char-server.exe");
+}
+
+TEST_F(CheckUpStory, AnExecutableThatIsGoneSinceItWasChosenIsMissing) {
+  StartLauncher();
+  machine.files.Remove("C:\\srv\\map-server.exe");
+  launcher->Click("cmdCheckUp");
+  launcher->Pass(seconds(2));
+  ASSERT_EQ(View().lstCheck.Items().size(), 3u);
+  EXPECT_EQ(View().lstCheck.Items()[0], "error: executable: Map: map-server.exe");
+  EXPECT_EQ(View().lstCheck.Items()[1], "    The file is missing in the server root.");
 }
 
 TEST_F(CheckUpStory, CopyPutsAllOfItOnTheClipboard) {
@@ -161,6 +179,36 @@ TEST_F(CheckUpStory, RepairAsksFirst) {
   EXPECT_TRUE(machine.boxes.Shown()[0].noIsDefault);
   EXPECT_NE(machine.boxes.Shown()[0].text.find("conf\\map_athena.conf"), std::string::npos);
   EXPECT_EQ(machine.files.TextOf(kConf), before);
+}
+
+TEST_F(CheckUpStory, RepairAsksOnceHoweverOftenItIsPressed) {
+  PutBareConf();
+  StartLauncher();
+  launcher->Click("cmdCheckUp");
+  launcher->Pass(seconds(2));
+  machine.boxes.whileNextIsOpen = [this] { View().cmdRepair.Click(); };
+  launcher->Click("cmdRepair");
+  EXPECT_EQ(machine.boxes.Shown().size(), 1u);
+  launcher->Click("cmdRepair");
+  EXPECT_EQ(machine.boxes.Shown().size(), 2u) << "a No is no last word";
+}
+
+TEST_F(CheckUpStory, RepairTakesEachFileThatWantsItAndNoOther) {
+  PutBareConf();
+  std::string bare = UsualBattleConf();
+  std::erase(bare, '\r');
+  machine.files.Put("C:\\srv\\conf\\battle_athena.conf", bare);
+  const std::string endless = UsualCharConf() + std::string(CheckUp::kMostBytes, '/');
+  machine.files.Put("C:\\srv\\conf\\char_athena.conf", endless);
+  StartLauncher();
+  launcher->Click("cmdCheckUp");
+  launcher->Pass(seconds(2));
+  machine.boxes.AnswerNext(Answer::Yes);
+  launcher->Click("cmdRepair");
+  EXPECT_EQ(machine.boxes.Shown()[0].text.find("char_athena.conf"), std::string::npos);
+  EXPECT_EQ(machine.files.TextOf(kConf), UsualMapConf());
+  EXPECT_EQ(machine.files.TextOf("C:\\srv\\conf\\battle_athena.conf"), UsualBattleConf());
+  EXPECT_EQ(machine.files.TextOf("C:\\srv\\conf\\char_athena.conf"), endless);
 }
 
 TEST_F(CheckUpStory, RepairKeepsADatedCopyAndChecksAgain) {
