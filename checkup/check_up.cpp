@@ -265,11 +265,9 @@ bool CheckUp::IsComponent(ComponentKind kind, const HolderFacts& holder) {
 bool CheckUp::LookAtListeners(ComponentKind /*once*/) {
   const std::vector<Listener> listeners = with_.network.Listeners();
   for (ComponentKind kind : kComponents) {
-    const HostFacts& host = hosts_[kind];
+    if (choices_.of[kind].executable.empty() || !hosts_[kind].own) continue;
     const std::int32_t port = endpoints_[kind].port.value_or(0);
-    if (choices_.of[kind].executable.empty()) continue;
-    if (host.outcome != HostFacts::Outcome::Address || !host.own) continue;
-    const auto listener = ListenerAt(listeners, host.address, port);
+    const auto listener = ListenerAt(listeners, hosts_[kind].address, port);
     if (!listener) continue;
     HolderFacts holder{listener->process, {}};
     for (const ProcessEntry& entry : snapshot_) {

@@ -34,7 +34,7 @@ struct HostFacts {
 
   Outcome outcome = Outcome::Unknown;
   std::uint32_t address = 0;  ///< In network order.
-  bool own = true;            ///< An address of this machine.
+  bool own = false;           ///< An address of this machine.
 };
 
 Findings CheckHost(ComponentKind kind, const std::string& host, const HostFacts& facts);

@@ -17,7 +17,6 @@ std::optional<std::string> FaultOf(const UpgradeFacts& facts) {
   if (facts.atNew.outcome == Outcome::Missing || facts.atNew.isFolder) {
     return "The new executable is missing.";
   }
-  if (facts.atTarget.outcome != Outcome::There) return std::nullopt;
   if (!facts.atNew.identity.empty() && facts.atNew.identity == facts.atTarget.identity) {
     return "The new executable is the very file that it would replace.";
   }

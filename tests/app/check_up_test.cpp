@@ -154,6 +154,19 @@ TEST_F(CheckUpStory, AnExecutableThatIsGoneSinceItWasChosenIsMissing) {
   EXPECT_EQ(View().lstCheck.Items()[1], "    The file is missing in the server root.");
 }
 
+TEST_F(CheckUpStory, CheckedAgainItSaysTheSameAndNothingTwice) {
+  PutBareConf();
+  StartLauncher();
+  machine.processes.StartForeign(kMap, "D:\\other\\");
+  launcher->Click("cmdCheckUp");
+  launcher->Pass(seconds(2));
+  const std::vector<std::string> first = View().lstCheck.Items();
+  EXPECT_GT(first.size(), 9u);
+  launcher->Click("cmdAgain");
+  launcher->Pass(seconds(2));
+  EXPECT_EQ(View().lstCheck.Items(), first);
+}
+
 TEST_F(CheckUpStory, CopyPutsAllOfItOnTheClipboard) {
   PutBareConf();
   StartLauncher();

@@ -178,7 +178,8 @@ TEST_F(EndpointChecks, AHolderOfThatNameThatTellsNoPathIsTakenForTheComponent) {
 
 TEST_F(EndpointChecks, NobodyIsAskedForThePortOfAComponentWithoutAnExecutable) {
   machine.SetSetting("MapExe", "no-such");
-  machine.inspection.HoldPort(5121, 4711);
+  machine.processes.Program("other.exe").port = 5121;
+  machine.processes.StartForeign("other.exe");
   EXPECT_EQ(Told(), "error executable [Map] No executable is chosen.\n");
 }
 

@@ -129,7 +129,7 @@ TEST_F(RootChecks, SetsThatThisUserMayNotRead) {
 
 TEST_F(RootChecks, FilesOfTheRandomizerThatAreEndlessAreReadNoFurtherThanOthers) {
   const std::string endless(CheckUp::kMostBytes + 100, '\t');
-  Put("randomize.xml", "<Randomize>" + endless + "</Randomize>\r\n");
+  Put("randomize.xml", "<Randomize></Randomize>\r\n" + endless);
   Put("conf\\battle_athena.conf", UsualBattleConf() + endless);
   EXPECT_EQ(Told(),
             "note conf-line-ends [conf\\battle_athena.conf] The file is so large that only its "
