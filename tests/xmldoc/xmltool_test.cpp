@@ -5,6 +5,8 @@
 
 #include <cstdio>
 
+#include "xmldoc/tool/stdio_file_reader.h"
+
 namespace tarvo {
 namespace {
 
@@ -69,6 +71,14 @@ TEST_F(XmlTool, AFileOfNoBytesIsRead) {
   Write("");
   EXPECT_EQ(RunXmlTool({"export", path}).exitCode, 0);
   EXPECT_EQ(RunXmlTool({"export", path}).output, "");
+}
+
+TEST_F(XmlTool, TheReaderTellsWhatIsThereAndWhatIsMissing) {
+  StdioFileReader reader;
+  EXPECT_FALSE(reader.Exists(path));
+  Write("");
+  EXPECT_TRUE(reader.Exists(path));
+  EXPECT_TRUE(reader.Exists(TARVO_SCRATCH)) << "a folder is there, and cannot be read";
 }
 
 TEST_F(XmlTool, WrongUseEndsWithTwo) {
