@@ -107,12 +107,11 @@ Severity SeverityOf(const KeySearch& search) {
   return search.comment && !port ? Severity::Note : Severity::Warning;
 }
 
-bool IsNumberOf32Bits(std::string_view text) {
+std::optional<std::int32_t> NumberOf32Bits(std::string_view text) {
   try {
-    ToInteger(text);
-    return true;
+    return ToInteger(text);
   } catch (const RuntimeError&) {
-    return false;  // The reader of the file would end the program with it.
+    return std::nullopt;  // The reader of the file would end the program with it.
   }
 }
 
@@ -177,16 +176,17 @@ Findings CheckMissedKeys(const ConfText& conf) {
 std::vector<KeyValues> ValuesOf(const ConfText& conf) {
   std::vector<KeyValues> values;
   for (const ConfigurationKey& key : kConfigurationKeys) {
-    if (key.file == conf.file) values.push_back({&key, 0, {}, {}});
+    if (key.file == conf.file) values.push_back({&key, 0, {}, {}, {}});
   }
   ForEachLine(conf.text, [&](std::string_view line) {
     for (KeyValues& value : values) {
       const auto rest = RestAfterKey(line, value.key->key);
       if (!rest) continue;
       ++value.lines;
-      value.last = rest->substr(0, kLongestShown);
-      const bool port = value.key->says == ConfigurationKey::Says::Port;
-      if (port && !value.noNumber && !IsNumberOf32Bits(*rest)) value.noNumber = value.last;
+      value.last = Trimmed(*rest).substr(0, kLongestShown);
+      if (value.key->says != ConfigurationKey::Says::Port) continue;
+      value.number = NumberOf32Bits(*rest);
+      if (!value.number && !value.noNumber) value.noNumber = value.last;
     }
   });
   return values;

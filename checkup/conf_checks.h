@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -40,7 +41,8 @@ Findings CheckMissedKeys(const ConfText& conf);
 struct KeyValues {
   const ConfigurationKey* key = nullptr;
   std::size_t lines = 0;
-  std::string last;                     ///< Of the last line, which counts; cut at 200 bytes.
+  std::string last;  ///< Of the last line, which counts; trimmed, and cut at 200 bytes.
+  std::optional<std::int32_t> number;   ///< Of the last line of a port, when it is one.
   std::optional<std::string> noNumber;  ///< The first line of a port that is no 32-bit number.
 };
 

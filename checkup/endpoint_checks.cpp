@@ -5,7 +5,6 @@
 #include <iterator>
 #include <limits>
 
-#include "support/number_text.h"
 #include "support/text.h"
 
 namespace tarvo {
@@ -82,17 +81,13 @@ void TakeEndpoints(const std::vector<KeyValues>& values, bool whole,
     if (value.key->says == Says::ServerName) continue;
     EndpointFacts& endpoint = endpoints[value.key->component];
     if (value.key->says == Says::Host) {
-      if (value.lines > 0) endpoint.host = Trimmed(value.last);
+      if (value.lines > 0) endpoint.host = value.last;
       continue;
     }
     endpoint.known = whole;
     endpoint.portText = value.noNumber.value_or(value.last);
-    endpoint.port = 0;
-    if (value.noNumber) {
-      endpoint.port.reset();
-    } else if (value.lines > 0) {
-      endpoint.port = ToInteger(value.last);
-    }
+    endpoint.port = value.number.value_or(0);
+    if (value.noNumber) endpoint.port.reset();
   }
 }
 

@@ -49,6 +49,14 @@ TEST_F(EndpointChecks, AValueThatBareLineFeedsMakeLongerIsShownCut) {
   EXPECT_NE(Told().find("The host \"127.0.0.1...\" does not resolve"), std::string::npos) << Told();
 }
 
+TEST_F(EndpointChecks, AValueFarBehindItsKeyIsReadAsTheStartReadsIt) {
+  const std::string blanks(300, ' ');
+  PutMapConf("map_ip:" + blanks + "127.0.0.1\r\nmap_port:" + blanks + "5121" + blanks + "\r\n");
+  EXPECT_EQ(Told(), "");
+  PutMapConf("map_ip:127.0.0.1\r\nmap_port:" + blanks + "70000\r\n");
+  EXPECT_EQ(Told(), "error port [Map] The port 70000 is out of range.\n");
+}
+
 TEST_F(EndpointChecks, AValueOfMoreThanFortyLettersIsShownCut) {
   PutMapHost(std::string(40, 'a'));
   EXPECT_NE(Told().find("\"" + std::string(40, 'a') + "\""), std::string::npos) << Told();
