@@ -1,6 +1,7 @@
 #include "tests/app/fault_cell.h"
 
 #include <algorithm>
+#include <iterator>
 #include <sstream>
 #include <utility>
 #include <vector>
@@ -204,6 +205,25 @@ FaultCell::Strike AtTheMapServer(std::function<void(FaultCell&, SimProcess&)> fa
   return [fault](FaultCell& cell) {
     if (cell.MapOrNone() != 0) fault(cell, cell.Process(kMap));
   };
+}
+
+std::vector<ToldAt> NothingNew(std::vector<ToldAt> others) {
+  using enum Moment;
+  std::vector<ToldAt> row = {
+      {{StartUp, Grace, Watching, Restarting, RandomizerWrite}, kAsEver},
+      {{Frozen}, kKilledAndRestarted},
+      {{Stopping}, kStopped},
+      {{BeforeSwap, DuringSwap}, kUpgraded},
+      {{AfterSwap}, kUpgradedNow},
+      {{Close}, kClosed},
+  };
+  for (const ToldAt& other : others) {
+    for (const Moment moment : other.moments) {
+      for (ToldAt& one : row) std::erase(one.moments, moment);
+    }
+  }
+  std::move(others.begin(), others.end(), std::back_inserter(row));
+  return row;
 }
 
 void ExpectTold(const FaultAt& fault, const std::vector<ToldAt>& row) {

@@ -113,6 +113,9 @@ struct ToldAt {
   std::string told;
 };
 
+/// The row of a fault with which all goes on as it does without any, but for these cells.
+std::vector<ToldAt> NothingNew(std::vector<ToldAt> others = {});
+
 /// Plays each cell of a fault's row.
 void ExpectTold(const FaultAt& fault, const std::vector<ToldAt>& row);
 
