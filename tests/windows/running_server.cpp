@@ -51,6 +51,9 @@ RunningServer::RunningServer(const std::string& role, const std::string& behavio
   id_ = WindowsProcesses().LaunchHidden(executable).id;
   process_.Reset(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, id_));
   Within(5000, [this] { return Window() != 0 || !Runs(); });
+  // It listens before it takes its first message.
+  DWORD_PTR answer = 0;
+  SendMessageTimeoutA(reinterpret_cast<HWND>(Window()), WM_NULL, 0, 0, SMTO_NORMAL, 5000, &answer);
 }
 
 RunningServer::~RunningServer() {

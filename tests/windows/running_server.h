@@ -16,7 +16,8 @@ unsigned short FreePort();
 /// copy of its executable there. Ended when it goes out of scope, whatever it was told before.
 class RunningServer {
  public:
-  /// `behaviour`: the lines of its behaviour file. Returns when its window is there, or 5 s later.
+  /// `behaviour`: the lines of its behaviour file. Returns when its window is there and has
+  /// answered, or 5 s later each.
   explicit RunningServer(const std::string& role, const std::string& behaviour = "");
   ~RunningServer();
   RunningServer(const RunningServer&) = delete;
