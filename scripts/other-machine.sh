@@ -59,6 +59,8 @@ in_root() {
     mkdir -p "$ROOT$REPOSITORY"
     mount --bind "$REPOSITORY" "$ROOT$REPOSITORY"
     mount --bind /tmp "$ROOT/tmp"
+    touch "$ROOT/etc/hosts"
+    mount --bind /etc/hosts "$ROOT/etc/hosts"
     mount --rbind /dev "$ROOT/dev"
     mount -t proc proc "$ROOT/proc"
     mount --rbind /sys "$ROOT/sys"

@@ -131,6 +131,8 @@ wine_copy_prefix() {
 }
 
 wine_start() {
+  # Wine takes the names of files from the locale.
+  export LC_ALL=C.UTF-8
   wine_find
   WINE_DIR=$(mktemp -d "${TMPDIR:-/tmp}/tarvo-wine.XXXXXX")
   trap wine_stop EXIT

@@ -13,8 +13,6 @@ source "$here/../e2e/silent.bash"
 build=${TARVO_WINDOWS_BUILD:-$WINE_REPOSITORY/build/windows-64}
 [[ -f $build/tarvo-acceptance.exe ]] || wine_fail "build the preset windows-64 first"
 TARVO_NETNS=${TARVO_NETNS:-1} wine_own_network "$0" "$@"
-# Wine takes the names of files from the locale.
-export LC_ALL=C.UTF-8
 wine_start
 mkdir "$WINE_DIR/unpacked"
 cp "$build"/{tarvo-acceptance,tarvo-launcher}.exe "$build"/servers/{login,char,map,console}-server.exe "$WINE_DIR/unpacked/"

@@ -39,8 +39,6 @@ skip() {
 story_begin() {
   [[ -f $WINDOWS_BUILD/tarvo-launcher.exe ]] || wine_fail "build the preset windows-64 first"
   TARVO_NETNS=${TARVO_NETNS:-1} wine_own_network "$@"
-  # Wine takes the names of files from the locale.
-  export LC_ALL=C.UTF-8
   wine_start
   ROOT=$WINE_DIR/${TARVO_STORY_ROOT:-root}
   # Without a network of its own each story has ports of its own all the same.
