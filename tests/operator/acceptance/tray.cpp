@@ -19,6 +19,13 @@ void TellIcon(HWND launcher, std::initializer_list<UINT> messages) {
   }
 }
 
+/// The window of Wine's that holds the icons, which is hidden when there is none. It bears a title
+/// where it is a window of the display's, and is the shell's in newer versions.
+bool WineShowsIcons() {
+  return IsWindowVisible(FindWindowA(nullptr, "Wine System Tray")) != FALSE ||
+         IsWindowVisible(FindWindowA("Shell_TrayWnd", nullptr)) != FALSE;
+}
+
 HWND MenuOf(HWND launcher) {
   HWND menu = nullptr;
   while ((menu = FindWindowExA(nullptr, menu, "#32768", nullptr)) != nullptr) {
@@ -38,7 +45,7 @@ HWND IconWindow(HWND launcher) {
 }
 
 bool IconIsShown(HWND iconWindow) {
-  if (UnderWine()) return IsWindowVisible(FindWindowA(nullptr, "Wine System Tray")) != FALSE;
+  if (UnderWine()) return WineShowsIcons();
   NOTIFYICONIDENTIFIER icon{};
   icon.cbSize = sizeof icon;
   icon.hWnd = iconWindow;
