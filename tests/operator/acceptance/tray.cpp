@@ -19,11 +19,12 @@ void TellIcon(HWND launcher, std::initializer_list<UINT> messages) {
   }
 }
 
-/// The window of Wine's that holds the icons, which is hidden when there is none. It bears a title
-/// where it is a window of the display's, and is the shell's in newer versions.
+/// Wine holds the icons in a window that is hidden when there is none; or, in newer versions, each is
+/// a window in that of the shell, which may be seen without any.
 bool WineShowsIcons() {
+  const HWND shell = FindWindowA("Shell_TrayWnd", nullptr);
   return IsWindowVisible(FindWindowA(nullptr, "Wine System Tray")) != FALSE ||
-         IsWindowVisible(FindWindowA("Shell_TrayWnd", nullptr)) != FALSE;
+         IsWindowVisible(FindWindowExA(shell, nullptr, "__wine_tray_icon", nullptr)) != FALSE;
 }
 
 HWND MenuOf(HWND launcher) {
