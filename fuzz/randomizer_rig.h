@@ -79,6 +79,7 @@ class RandomizerRig final : public tarvo::FileReader,
   bool IsLeadByte(unsigned char) override { return false; }
   std::string Lowered(std::string text) override { return text; }
   std::string Raised(std::string text) override { return text; }
+  std::string ToUtf8(std::string_view text) override { return std::string(text); }
   void Reseed() override {}
   double Fraction() override { return 0.5; }
   tarvo::Answer Ask(const tarvo::MessageBoxRequest&) override { return tarvo::Answer::Ok; }
