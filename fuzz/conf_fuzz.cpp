@@ -1,5 +1,6 @@
 // Any text as a conf file: the start reads it or ends with its own error, the check-up says the
-// same beforehand, and a repair of its line ends changes nothing else. corpus: conf
+// same beforehand, and a repair of its line ends changes nothing else.
+// corpus: conf
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
