@@ -44,7 +44,7 @@ TEST(ScarceMemoryForDocuments, ATextThatIsReadGivesFalseAndTheTreeKeepsWhatItHad
     EXPECT_TRUE(root->XMLImport(text));
     EXPECT_EQ(TreeText(*root->Childs().Child(1)), TreeText(*Imported(text)));
   });
-  EXPECT_GT(failed, 10);
+  EXPECT_GT(failed, 5);  // Few, where nodes come in chunks.
 }
 
 TEST(ScarceMemoryForDocuments, AFileThatIsReadGivesFalseWithOneEntryInTheEventLog) {
