@@ -17,9 +17,9 @@ void Document::FreeWholeImport() {
   if (import == nullptr || import == Import() || import->strangers > 0 || import->tops != nodes) {
     return;
   }
-  NodePool::FreeAll(import);
   fields_.list_.Abandon();
   childs_.list_.Abandon();
+  NodePool::FreeAll(import);
 }
 
 void Document::Die() {

@@ -55,14 +55,14 @@ class Documents {
   /// equal names stay in order.
   void Sort(bool ascending);
 
-  /// Adds a node of whatever name at the end. Others may hold it as well. `pool`: see NodeList.
-  void Append(Ref<Document> node, NodePool* pool = nullptr) { list_.Append(std::move(node), pool); }
+  /// Adds a node of whatever name at the end. Others may hold it as well.
+  void Append(Ref<Document> node) { list_.Append(std::move(node)); }
   /// The nodes in place, for loops that count no references. Valid until the list changes.
   const NodeList<Document>& Nodes() const { return list_; }
 
  private:
   friend class Document;   // takes a dying tree apart, whose lists forget their nodes
-  friend class NodeMaker;  // starts the lists of its nodes in the pool
+  friend class NodeMaker;  // keeps the lists of its nodes in the pool
 
   NodeList<Document> list_;
 };

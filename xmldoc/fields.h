@@ -43,10 +43,8 @@ class Fields {
   /// equal names stay in order.
   void Sort(bool ascending);
 
-  /// Adds a field of whatever name at the end. Others may hold it as well. `pool`: see NodeList.
-  void Append(Ref<tarvo::Field> field, NodePool* pool = nullptr) {
-    list_.Append(std::move(field), pool);
-  }
+  /// Adds a field of whatever name at the end. Others may hold it as well.
+  void Append(Ref<tarvo::Field> field) { list_.Append(std::move(field)); }
   /// The fields in place, for loops that count no references. Valid until the list changes.
   const NodeList<tarvo::Field>& Nodes() const { return list_; }
 

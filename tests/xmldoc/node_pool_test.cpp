@@ -48,10 +48,11 @@ TEST(NodeMaker, NodesOfOneChunkGoInAnyOrder) {
   std::vector<Ref<Field>> fields;
   Ref<Document> document;
   {
+    const Ref<Document> root = Document::Create();
     NodeMaker maker(50000);
-    document = maker.MakeDocument("d", packer);
+    document = Ref<Document>(&maker.AddChild(*root, "d", packer));
     for (int i = 0; i < 1000; ++i) {
-      fields.push_back(maker.MakeField("f" + std::to_string(i), "v", packer));
+      fields.emplace_back(&maker.AddField(*root, "f" + std::to_string(i), "v", packer));
     }
   }
   for (std::size_t i = 0; i < fields.size(); i += 2) fields[i] = Ref<Field>();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <new>
 #include <utility>
 
 #include "xmldoc/nodes/node_pool.h"
@@ -11,7 +12,7 @@
 namespace tarvo {
 
 /// The array in `Documents`, `Fields` and `Parameters`: it owns one reference to each of its nodes.
-/// 16 bytes; a list of one node needs no array. Positions run from 0 to Size() - 1; any other is
+/// One word; a list of one node needs no array. Positions run from 0 to Size() - 1; any other is
 /// the caller's mistake. What adds a node raises std::bad_alloc, and the list is as it was then.
 /// The list of a node that an import has made stays in its pool until somebody changes it.
 template <typename Node>
@@ -25,37 +26,39 @@ class NodeList {
   NodeList(const NodeList&) = delete;
   NodeList& operator=(const NodeList&) = delete;
 
-  int Size() const { return static_cast<int>(size_); }
+  int Size() const {
+    if (HasArray()) return static_cast<int>(ArrayHead().size);
+    return slot_.single == nullptr || IsEmptyInPool() ? 0 : 1;
+  }
   bool Has(int index) const { return index >= 0 && index < Size(); }
   Node* At(int index) const { return begin()[index]; }
-  Node* const* begin() const { return Capacity() == 0 ? &slot_.single : slot_.array; }
-  Node* const* end() const { return begin() + size_; }
-  Node** begin() { return Capacity() == 0 ? &slot_.single : slot_.array; }
-  Node** end() { return begin() + size_; }
+  Node* const* begin() const { return HasArray() ? Array() : &slot_.single; }
+  Node* const* end() const { return begin() + Size(); }
+  Node** begin() { return HasArray() ? Array() : &slot_.single; }
+  Node** end() { return begin() + Size(); }
+  /// Of a list with a node at least.
+  Node*& Last() { return HasArray() ? Array()[ArrayHead().size - 1] : slot_.single; }
   /// The position of the last node for which `matches(node)` is true; -1 for none.
   template <typename Matches>
   int LastThat(Matches matches) const {
+    Node* const* nodes = begin();
     int index = Size() - 1;
-    while (index >= 0 && !matches(*At(index))) --index;
+    while (index >= 0 && !matches(*nodes[index])) --index;
     return index;
   }
 
   /// For an empty list; `import` may be none.
   void StartInPool(NodeChunk* import) {
-    slot_.import = import;
-    capacity_ = import != nullptr ? kInPool : 0;
+    if (import != nullptr) slot_.word = reinterpret_cast<std::uintptr_t>(import) + kEmptyInPool;
   }
-  /// `pool`: that of the import which is still at work on the list's node.
+  /// `pool`: of an import at work, whose nodes the list gets.
   void Append(Ref<Node> node, NodePool* pool = nullptr) {
     Reserve(pool);
-    begin()[size_++] = node.Detach();
+    (HasArray() ? Array()[ArrayHead().size++] : slot_.single) = node.Detach();
   }
   void Insert(int index, Ref<Node> node) {
-    Reserve(nullptr);
-    Node** place = begin() + index;
-    std::memmove(place + 1, place, static_cast<std::size_t>(Size() - index) * sizeof(Node*));
-    *place = node.Detach();
-    ++size_;
+    Append(std::move(node));
+    std::rotate(begin() + index, end() - 1, end());
   }
   Ref<Node> Replace(int index, Ref<Node> node) {
     LeavePool();
@@ -63,35 +66,43 @@ class NodeList {
   }
   Ref<Node> Remove(int index) {
     LeavePool();
-    Node** place = begin() + index;
-    Ref<Node> node = Taken(*place);
-    --size_;
-    std::memmove(place, place + 1, static_cast<std::size_t>(Size() - index) * sizeof(Node*));
+    std::rotate(begin() + index, begin() + index + 1, end());
+    Ref<Node> node = Taken(Last());
+    HasArray() ? --ArrayHead().size : slot_.word = 0;
     return node;
   }
   void Swap(NodeList& other) {
     LeavePool();
     other.LeavePool();
     std::swap(slot_, other.slot_);
-    std::swap(size_, other.size_);
-    std::swap(capacity_, other.capacity_);
   }
   /// Forgets the nodes without dropping their references, which the caller has taken over.
   void Abandon() {
-    size_ = 0;
     FreeArray();
-    capacity_ = 0;
+    slot_.single = nullptr;
   }
 
  private:
-  static constexpr std::uint32_t kInPool = std::uint32_t{1} << 31;
+  static constexpr std::uintptr_t kEmptyInPool = 1;  // added to the import's address
+  static constexpr std::uintptr_t kArray = 2;        // added to that of the array's head
+  struct alignas(8) Head {
+    std::uint32_t size;
+    std::uint32_t capacity;
+    std::uint16_t place;  // of its memory, as in a node's header
+  };
 
-  std::uint32_t Capacity() const { return capacity_ & ~kInPool; }
+  bool IsEmptyInPool() const { return (slot_.word & kEmptyInPool) != 0; }
+  bool HasArray() const { return (slot_.word & kArray) != 0; }
+  Head& ArrayHead() const { return *reinterpret_cast<Head*>(slot_.word - kArray); }
+  Node** Array() const { return reinterpret_cast<Node**>(&ArrayHead() + 1); }
   /// Lets the import know that its nodes do not lie in its chunks alone any more.
   void LeavePool() {
-    if ((capacity_ & kInPool) == 0) return;
-    NodePool::CountStrangers(size_ == 0 ? slot_.import : (*begin())->Import(), 1);
-    capacity_ = Capacity();
+    if (IsEmptyInPool()) {
+      NodePool::CountStrangers(reinterpret_cast<NodeChunk*>(slot_.word - kEmptyInPool), 1);
+      slot_.single = nullptr;
+    } else if (Size() > 0) {
+      NodePool::CountStrangers((*begin())->Import(), 1);
+    }
   }
   /// The reference to a node that has been in the list, which the import still counts as that.
   static Ref<Node> Taken(Node* node) {
@@ -100,34 +111,28 @@ class NodeList {
   }
   void Reserve(NodePool* pool) {
     if (pool == nullptr) LeavePool();
-    if (size_ == std::max(Capacity(), 1U)) Grow(pool);
+    if (HasArray() ? ArrayHead().size == ArrayHead().capacity : Size() == 1) Grow(pool);
   }
   void Grow(NodePool* pool) {
-    const std::uint32_t capacity = std::max(Capacity() * 2, 4U);
-    const std::size_t bytes = (capacity + std::size_t{1}) * sizeof(Node*);
+    const auto size = static_cast<std::uint32_t>(Size());
+    const std::uint32_t capacity = std::max(size * 2, 4U);
+    const std::size_t bytes = sizeof(Head) + std::size_t{capacity} * sizeof(Node*);
     std::uint16_t place = 0;
     void* memory = pool ? pool->Allocate(bytes, place) : NodePool::AllocateAlone(bytes);
-    Node** array = static_cast<Node**>(memory) + 1;
-    array[-1] = reinterpret_cast<Node*>(std::uintptr_t{place});
-    std::memcpy(array, begin(), std::size_t{size_} * sizeof(Node*));
+    Head* head = new (memory) Head{size, capacity, place};
+    std::memcpy(head + 1, begin(), std::size_t{size} * sizeof(Node*));
     FreeArray();
-    slot_.array = array;
-    capacity_ = capacity | (capacity_ & kInPool);
+    slot_.word = reinterpret_cast<std::uintptr_t>(head) + kArray;
   }
   void FreeArray() {
-    if (Capacity() == 0) return;
-    Node** memory = slot_.array - 1;
-    NodePool::Free(memory, static_cast<std::uint16_t>(reinterpret_cast<std::uintptr_t>(*memory)));
+    if (HasArray()) NodePool::Free(&ArrayHead(), ArrayHead().place);
   }
 
   union Slot {
-    Node* single = nullptr;  // while there is no capacity
-    Node** array;            // behind the place of its memory, as in a node's header
-    NodeChunk* import;       // of an empty list in the pool
+    Node* single = nullptr;  // or none
+    std::uintptr_t word;     // of an address whose lowest bits are free
   };
   Slot slot_;
-  std::uint32_t size_ = 0;
-  std::uint32_t capacity_ = 0;  // and whether the list is in the pool
 };
 
 }  // namespace tarvo

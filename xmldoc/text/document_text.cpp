@@ -39,7 +39,7 @@ bool Document::ReadText(std::string_view text, TextEnd& end) {
   if (text.size() >= kTooLong) return false;
   try {
     if (text.size() > AppendString::kStepCharacters) RareValues().textLength = text.size();
-    XmlReader reader(*this, text);
+    XmlReader reader(Changed(*this), text);
     const bool result = reader.Read();
     end = reader.End();
     return result;

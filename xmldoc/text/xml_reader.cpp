@@ -10,12 +10,12 @@
 namespace tarvo {
 namespace {
 
-/// About how many bytes the nodes of a text take: three for a byte, in small ones perhaps five.
+/// About how many bytes the nodes of a text take: two for a byte, in small ones perhaps four.
 std::size_t NodeBytes([[maybe_unused]] std::size_t textBytes) {
 #ifdef TARVO_NODES_APART
   return 0;
 #else
-  return textBytes * 3 + std::min(textBytes * 2, std::size_t{4096});
+  return textBytes * 2 + std::min(textBytes * 2, std::size_t{4096});
 #endif
 }
 
@@ -76,6 +76,7 @@ bool HasOnly(std::string_view signs, std::string_view text) {
 XmlReader::XmlReader(Document& root, std::string_view text)
     : root_(root),
       node_(&root),
+      around_(&root),
       maker_(NodeBytes(text.size())),
       encodePassword_(root.EncodePassword()),
       cryptType_(root.CryptType()),
@@ -86,6 +87,10 @@ XmlReader::XmlReader(Document& root, std::string_view text)
   text = WithoutOuterBlanks(text);
   at_ = text.data();
   end_ = at_ + text.size();
+}
+
+XmlReader::~XmlReader() {
+  while (node_ != &root_) NodeMaker::Leave(node_, around_);
 }
 
 bool XmlReader::Read() {
@@ -203,10 +208,7 @@ XmlReader::Step XmlReader::CloseNode(const char* open) {
   if (end == nullptr) return EndAt(Rest::Element);
   at_ = end + 1;
   if (openElements_ > 0 && --openElements_ == 0) rootClosed_ = true;
-  if (!open_.empty()) {
-    node_ = open_.back();
-    open_.pop_back();
-  }
+  if (node_ != &root_) NodeMaker::Leave(node_, around_);
   return Step::Next;
 }
 
@@ -250,12 +252,8 @@ XmlReader::Step XmlReader::ReadLeaf(const Tag& tag, const char* next, const char
     next = Find(closingEnd, end_, '<');
   }
   const bool accepted = ReadAttributes(tag);
-  Ref<Field> field = maker_.MakeField(name, value, packer_);
-  if (hasCipher_) {
-    field->SetEncodePassword(encodePassword_);
-    field->SetCryptType(cryptType_);
-  }
-  node_->Fields().Append(std::move(field), PoolOfNode());
+  Field& field = maker_.AddField(*node_, name, value, packer_);
+  if (hasCipher_) SetCipher(field);
   at_ = next == nullptr ? end_ : next;
   return accepted ? Step::Next : Step::Fault;
 }
@@ -265,16 +263,10 @@ XmlReader::Step XmlReader::ReadElement(const Tag& tag, const char* next) {
   ++openElements_;
   if (node_->NameView().empty()) return NameNode(tag);
   const bool accepted = ReadAttributes(tag);
-  Ref<Document> child = maker_.MakeDocument(tag.name, packer_);
-  if (hasCipher_) {
-    child->SetEncodePassword(encodePassword_);
-    child->SetCryptType(cryptType_);
-  }
-  if (!tolerant_) child->SetStopOnLoadError(true);
-  open_.push_back(node_);
-  Document* filled = child.get();
-  node_->Childs().Append(std::move(child), PoolOfNode());
-  node_ = filled;
+  Document& child = maker_.AddChild(*node_, tag.name, packer_);
+  if (hasCipher_) SetCipher(child);
+  if (!tolerant_) child.SetStopOnLoadError(true);
+  NodeMaker::Enter(node_, around_);
   return accepted ? Step::Next : Step::Fault;
 }
 

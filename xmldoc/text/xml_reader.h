@@ -2,7 +2,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "xmldoc/document.h"
 #include "xmldoc/nodes/packed_attributes.h"
@@ -11,12 +10,15 @@
 namespace tarvo {
 
 /// Reads one text into a document: a scanner that looks for "<" and ">" and one tag ahead. It keeps
-/// a position in the text and a stack of open nodes, so time is in proportion to the text, whatever
-/// its depth. See docs/xml-library.md for the dialect and Document::XMLImport for the result.
+/// a position in the text and the open node, so time is in proportion to the text, whatever its
+/// depth. See docs/xml-library.md for the dialect and Document::XMLImport for the result.
 class XmlReader {
  public:
   /// Both have to outlive the reader. The text is shorter than 1 GiB.
   XmlReader(Document& root, std::string_view text);
+  ~XmlReader();
+  XmlReader(const XmlReader&) = delete;
+  XmlReader& operator=(const XmlReader&) = delete;
 
   /// To be called once. Raises RuntimeError for a name that the root refuses, and std::bad_alloc;
   /// what was read before is in the tree.
@@ -38,16 +40,16 @@ class XmlReader {
     const char* end = nullptr;    ///< After the closer in the text.
   };
 
-  Step ReadTag();
+  inline Step ReadTag();
   /// Scans a tag as the writer writes them, which most are: its attributes are in packer_ then.
   /// False for any other tag, sound or not.
-  bool ScanPlainTag(const char* open, Tag& tag);
+  inline bool ScanPlainTag(const char* open, Tag& tag);
   /// False when the tag has no closer. The parts of `tag` are in the text, or in `repaired` when
   /// the tag has line breaks.
   bool ScanTag(const char* open, Tag& tag, std::string& repaired) const;
   bool ScanComment(const char* open, Tag& tag) const;
   /// The end of the closing tag at `next` when that bears this name, else nothing.
-  const char* EndOfClosing(std::string_view name, const char* next);
+  inline const char* EndOfClosing(std::string_view name, const char* next);
   /// The text ends with what begins at `words` and holds no tag.
   Step EndAtWords(const char* words);
   /// It ends with what does not come into the tree.
@@ -56,22 +58,25 @@ class XmlReader {
   Step EndAtLastTag(const Tag& tag);
 
   /// Whatever the name of the closing tag at `open`.
-  Step CloseNode(const char* open);
+  inline Step CloseNode(const char* open);
   Step ReadDeclaration(const Tag& tag, const char* next);
-  Step ReadLeaf(const Tag& tag, const char* next, const char* closingEnd);
-  Step ReadElement(const Tag& tag, const char* next);
+  inline Step ReadLeaf(const Tag& tag, const char* next, const char* closingEnd);
+  inline Step ReadElement(const Tag& tag, const char* next);
   /// Gives the node being filled its name and attributes. Raises what the setters raise.
   Step NameNode(const Tag& tag);
   /// Gathers the attributes in packer_. False at a name that the setter refuses; those before it
   /// stay.
   bool ReadAttributes(const Tag& tag);
   std::string_view KeptForm(std::string_view value);
-  /// None for the root, which the maker has not made.
-  NodePool* PoolOfNode() { return node_ == &root_ ? nullptr : &maker_.Pool(); }
+  template <typename Node>
+  void SetCipher(Node& node) const {
+    node.SetEncodePassword(encodePassword_);
+    node.SetCryptType(cryptType_);
+  }
 
   Document& root_;
-  Document* node_;               // the one being filled
-  std::vector<Document*> open_;  // those around it; their parents hold them
+  Document* node_;    // the one being filled
+  Document* around_;  // its parent, see NodeMaker::Enter; the root's is the root
   const char* at_;
   const char* end_;
   NodeMaker maker_;
