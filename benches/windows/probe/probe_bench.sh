@@ -57,3 +57,4 @@ figure "two silent: death to successor, worst of $rounds" "$WORST" ms 9000
 figure "two silent: longest time without an answer" "$ANSWER" ms 2500
 operate click bStart 4
 close_launcher
+figures_held
