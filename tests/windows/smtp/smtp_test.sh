@@ -35,7 +35,7 @@ cases=(
   "cut message|message: connection closed; the mail may have been taken all the same"
   "half message|sent"
   "leave message|sent"
-  "refuse body|message: 554 5.7.1 refused at body"
+  "linger body|message: 554 5.7.1 refused at body"
   "silent body|message: no answer in time"
 )
 

@@ -6,8 +6,9 @@
 MODE: accept, refuse, silent, cut (the connection, within the code of an answer), half (the same, behind
 the code 250), drip (an answer that comes byte by byte and never ends), late (by a second), leave (the
 right answer and the connection closed). STEP: greeting, ehlo, mail, rcpt, data, body, message; "refuse
-body" says so amid the mail and closes. Its first line of output is its port; then one line of JSON for
-each mail that it takes, and one with "QUIT" for each farewell. It ends when its input does.
+body" says so amid the mail and closes, "linger body" once it has read what is still sent: closed before, the
+connection is reset, and Windows forgets what it had to tell. Its first line of output is its port; then one line of
+JSON for each mail that it takes, and one with "QUIT" for each farewell. It ends when its input does.
 """
 import asyncio
 import email
@@ -22,7 +23,7 @@ mode, step = sys.argv[1], sys.argv[2]
 
 
 async def misbehave(server):
-    if mode == "refuse":
+    if mode in ("refuse", "linger"):
         await server.push("554 5.7.1 refused at " + step)
     elif mode in ("cut", "half"):
         server._writer.write(b"25" if mode == "cut" else b"250-half an ans")
@@ -66,6 +67,8 @@ class Server(SMTP):
             await self.push("354 go on")
             await self._reader.readexactly(100000)
             await misbehave(self)
+            while mode == "linger" and await self._reader.read(65536):
+                pass
             self.transport.close()
             await asyncio.sleep(3600)  # what is left of the mail is no command
         else:
