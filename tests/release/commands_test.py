@@ -18,7 +18,7 @@ COMMAND = re.compile(rf"(?:[A-Z_]+=\S+ )?(?:{SCRIPTS}|{PROGRAMS}(?:\.exe)? [a-z-
 
 # What stands for a word of the reader's own in the documents, and such a word.
 SAMPLES = {"SECONDS": "30", "MINUTES": "10", "N": "5", "YEARS": "2", "SEED": "7", "DIR": ".", "FOLDER": ".",
-           "NAME": "xmldoc", "ROOM": "core", "STORY": "start_stop", "KIND": "fault"}
+           "NAME": "xmldoc", "ROOM": "core", "STORY": "start_stop", "KIND": "fault", "TARGET": "xml_reader_fuzz"}
 COMPONENTS = {"login", "char", "map", "all"}
 
 # With this exit code the first step of a script ends it, behind its parser.
@@ -154,7 +154,8 @@ class Commands(unittest.TestCase):
             return acceptance_takes(words[1:])
         if program.startswith("./") or program == "fuzz/run":
             return script_takes(words, self.folder)
-        if all(word in SAMPLES for word in words[1:]) and (run_by_the_tests(program) or run_with_its_folder(program)):
+        samples_alone = all(word in SAMPLES or word.isdigit() for word in words[1:])
+        if samples_alone and (run_by_the_tests(program) or run_with_its_folder(program)):
             return True
         return script_takes(words, self.folder)
 

@@ -19,8 +19,8 @@ void TellIcon(HWND launcher, std::initializer_list<UINT> messages) {
   }
 }
 
-/// Wine holds the icons in a window that is hidden when there is none; or, in newer versions, each is
-/// a window in that of the shell, which may be seen without any.
+/// Wine holds the icons in a window that is hidden when there is none; or, in newer versions, each
+/// is a window in that of the shell, which may be seen without any.
 bool WineShowsIcons() {
   const HWND shell = FindWindowA("Shell_TrayWnd", nullptr);
   return IsWindowVisible(FindWindowA(nullptr, "Wine System Tray")) != FALSE ||
