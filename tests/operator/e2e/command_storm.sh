@@ -28,7 +28,8 @@ read -r handles_after gdi_after windows_after memory_after < <(burden | xargs)
 echo "$count questions: handles $handles to $handles_after, GDI objects $gdi to $gdi_after," \
   "windows $windows to $windows_after, KiB $memory to $memory_after, slowest $slowest ms"
 ((handles_after <= handles + 2)) || fail "handles"
-((gdi_after <= gdi && windows_after <= windows)) || fail "objects"
+# What the window draws with for the first time meanwhile it keeps: a few, not one for each thousand questions.
+((gdi_after <= gdi + 5 && windows_after <= windows)) || fail "objects"
 ((memory_after <= memory + 256)) || fail "memory"
 ((slowest <= 2000)) || fail "an answer took $slowest ms"
 storm garbage "$count" || fail "no answer after messages of others"
