@@ -20,18 +20,21 @@ burden() {
   awk '/^Private/ { sum += $2 } END { print sum }' "/proc/$LAUNCHER_PROCESS/smaps_rollup"
 }
 storm asks "$((count / 10))" >/dev/null || fail "a question was not answered"
-read -r handles gdi windows memory < <(burden | xargs)
-((handles > 10 && memory > 1000)) || fail "no figures: $handles handles, $memory KiB"
-read -r _ slowest < <(storm asks "$count")
-[[ -n ${slowest:-} ]] || fail "a question was not answered"
-read -r handles_after gdi_after windows_after memory_after < <(burden | xargs)
-echo "$count questions: handles $handles to $handles_after, GDI objects $gdi to $gdi_after," \
-  "windows $windows to $windows_after, KiB $memory to $memory_after, slowest $slowest ms"
-((handles_after <= handles + 2)) || fail "handles"
-# What the window draws with for the first time meanwhile it keeps: a few, not one for each thousand questions.
-((gdi_after <= gdi + 5 && windows_after <= windows)) || fail "objects"
-((memory_after <= memory + 256)) || fail "memory"
-((slowest <= 2000)) || fail "an answer took $slowest ms"
+flat=0
+# What is made at its first use is made once; what is lost with each question is lost in every round.
+for ((round = 0; round < 3 && !flat; ++round)); do
+  read -r handles gdi windows memory < <(burden | xargs)
+  ((handles > 10 && memory > 1000)) || fail "no figures: $handles handles, $memory KiB"
+  read -r _ slowest < <(storm asks "$count")
+  [[ -n ${slowest:-} ]] || fail "a question was not answered"
+  ((slowest <= 2000)) || fail "an answer took $slowest ms"
+  read -r handles_after gdi_after windows_after memory_after < <(burden | xargs)
+  echo "$count questions: handles $handles to $handles_after, GDI objects $gdi to $gdi_after," \
+    "windows $windows to $windows_after, KiB $memory to $memory_after, slowest $slowest ms"
+  ((flat = handles_after <= handles + 2 && gdi_after <= gdi && windows_after <= windows &&
+    memory_after <= memory + 256)) || true
+done
+((flat)) || fail "handles, objects or memory grow with the questions"
 storm garbage "$count" || fail "no answer after messages of others"
 expect_count login 1
 expect_no_log "Login Server Stopped!"
