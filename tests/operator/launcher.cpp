@@ -40,6 +40,11 @@ BOOL CALLBACK TakeIfIt(HWND window, LPARAM search) {
   return FALSE;
 }
 
+BOOL CALLBACK TakeEach(HWND window, LPARAM windows) {
+  reinterpret_cast<std::map<int, HWND>*>(windows)->emplace(GetDlgCtrlID(window), window);
+  return TRUE;
+}
+
 std::string Range(const ControlId& entry) { return "0 to " + std::to_string(entry.count - 1); }
 
 int CheckedIndex(const ControlId& entry, int index) {
@@ -121,6 +126,14 @@ std::optional<FoundControl> FindControl(HWND launcher, const ControlId& entry, i
   if (beside) EnumChildWindows(beside, TakeIfIt, reinterpret_cast<LPARAM>(&search));
   if (!search.found) return std::nullopt;
   return FoundControl{&entry, index, search.found};
+}
+
+std::map<int, HWND> ControlWindows(HWND launcher) {
+  std::map<int, HWND> windows;
+  EnumChildWindows(launcher, TakeEach, reinterpret_cast<LPARAM>(&windows));
+  const HWND beside = CheckUpWindowOf(launcher);
+  if (beside) EnumChildWindows(beside, TakeEach, reinterpret_cast<LPARAM>(&windows));
+  return windows;
 }
 
 FoundControl NeedControl(HWND launcher, const std::string& name, int index) {

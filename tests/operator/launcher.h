@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -48,6 +49,9 @@ struct FoundControl {
 
 /// A control of an entry, at an index that the entry has; nothing when the window does not have it.
 std::optional<FoundControl> FindControl(HWND launcher, const ControlId& entry, int index);
+
+/// The windows of all controls, by their ids.
+std::map<int, HWND> ControlWindows(HWND launcher);
 
 /// Finds a control by name and index, -1 for an index left out. Unknown names, an index that is
 /// missing or out of range, and a control that the window does not have are errors.

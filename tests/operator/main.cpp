@@ -120,6 +120,18 @@ void ShowBox(const Order& order) {
   std::fputs(WordsOf(box).c_str(), stdout);
 }
 
+void ShowState(const Order& order) {
+  const HWND launcher = NeedLauncher(order.choice);
+  if (order.words.empty()) {
+    PrintState(launcher);
+  } else if (order.words[0] == "window") {
+    PrintWindowState(launcher);
+  } else {
+    const Named named = TakeName(order, 0);
+    PrintControlState(launcher, named.name, named.index);
+  }
+}
+
 void PrintLines(const std::vector<std::string>& lines) {
   for (const std::string& line : lines) std::printf("%s\n", line.c_str());
 }
@@ -178,7 +190,7 @@ bool RunWait(const Order& order) {
 bool RunOnWindow(const Order& order) {
   const std::string& verb = order.verb;
   if (verb == "state") {
-    PrintState(NeedLauncher(order.choice));
+    ShowState(order);
   } else if (verb == "clipboard") {
     std::printf("%s\n", ReadClipboard().c_str());
   } else if (verb == "captions") {

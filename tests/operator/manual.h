@@ -27,6 +27,7 @@ inline constexpr char kManual[] =
   operator items NAME [INDEX]            prints the entries of a list, one a line
   operator tooltip NAME [INDEX]          prints the tool tip that the control would show
   operator state                         prints one line for the window and one for each control
+  operator state window | NAME [INDEX]   prints that line alone
   operator clipboard                     prints the text on the clipboard
   operator captions                      prints the names of the pages, and what the page shown says
   operator repaint                       has everything of the window drawn anew

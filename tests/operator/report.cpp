@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <map>
 
 #include "actions.h"
 
@@ -72,6 +73,15 @@ void PrintControl(HWND launcher, const FoundControl& control) {
   std::printf("%s place=%s\n", Details(control).c_str(), PlaceOf(launcher, control.window).c_str());
 }
 
+void PrintEntry(HWND launcher, const std::map<int, HWND>& windows, const ControlId& entry,
+                int only = -1) {
+  for (int i = 0; i < entry.count; ++i) {
+    const auto window = windows.find(entry.firstId + i);
+    if (window == windows.end() || (only >= 0 && i != only)) continue;
+    PrintControl(launcher, {&entry, i, window->second});
+  }
+}
+
 }  // namespace
 
 std::string ReadText(const FoundControl& control) {
@@ -88,15 +98,21 @@ std::string ReadText(const FoundControl& control) {
 }
 
 void PrintState(HWND launcher) {
+  PrintWindowState(launcher);
+  const std::map<int, HWND> windows = ControlWindows(launcher);
+  for (const ControlId& entry : kControlIds) PrintEntry(launcher, windows, entry);
+}
+
+void PrintWindowState(HWND launcher) {
   std::printf("window title=%s visible=%d minimized=%d enabled=%d page=%d pid=%lu\n",
               Quoted(TextOf(launcher)).c_str(), IsWindowVisible(launcher) != 0,
               IsIconic(launcher) != 0, IsWindowEnabled(launcher) != 0, ShownPage(launcher),
               ProcessOf(launcher));
-  for (const ControlId& entry : kControlIds) {
-    for (int i = 0; i < entry.count; ++i) {
-      if (const auto control = FindControl(launcher, entry, i)) PrintControl(launcher, *control);
-    }
-  }
+}
+
+void PrintControlState(HWND launcher, const std::string& name, int index) {
+  const ControlId* entry = FindControlId(name);
+  if (entry) PrintEntry(launcher, ControlWindows(launcher), *entry, index);
 }
 
 void WaitForText(const LauncherChoice& choice, const std::string& name, int index,

@@ -10,6 +10,11 @@ namespace tarvo {
 
 /// Prints one line for the window and one for each control; see `operator help` for their form.
 void PrintState(HWND launcher);
+/// Prints the line for the window alone.
+void PrintWindowState(HWND launcher);
+/// Prints the lines for the controls of that name, or with an index from 0 for that one; none for a
+/// name that no control has.
+void PrintControlState(HWND launcher, const std::string& name, int index = -1);
 
 /// The text that a person reads on a control; on a list that of the selected entry.
 std::string ReadText(const FoundControl& control);

@@ -79,12 +79,12 @@ expect_box() {
 
 # state CONTROL [INDEX]: the control's line of the operator's state.
 state() {
-  operate state | tr -d '\r' | grep -E "^$1${2:+ $2} " | head -1
+  operate state "$@" | tr -d '\r' | grep -E "^$1${2:+ $2} " | head -1
 }
 
 expect_state() {
   local control=$1 index=$2 wanted=$3 line
-  line=$(if [[ -n $index ]]; then state "$control" "$index"; else state "$control"; fi) || line=
+  line=$(state "$control" ${index:+"$index"}) || line=
   [[ $line == *"$wanted"* ]] || fail "$control $index is '$line', not '$wanted'"
 }
 
