@@ -48,17 +48,21 @@ tidy() {
   clang-tidy --quiet --header-filter="^$PWD/.*" "$@" -- "${flags[@]}" 2>/dev/null
 }
 
-# tidy_folder FILE...: some sources of one folder. The system's headers take most of the time, so the sources are read
-# as one; where that cannot be, two of them having a name in common, or finds something, each is read by itself.
-tidy_folder() {
+# tidy_room FILE...: some sources of one room. The system's headers take most of the time, so the sources are read
+# as one; where that cannot be, two of them having a name in common, or finds something, each half is read by itself.
+tidy_room() {
   (($# > 1)) || { tidy "$1"; return; }
-  local together
+  local together half=$(($# / 2)) found=0
   together=$(mktemp "build/lint/$([[ $1 != */windows/* ]] || echo windows_)XXXXXX.cpp")
   printf '#include "%s"\n' "$@" >"$together"
-  tidy "$together" >/dev/null || tidy "$@" || { rm "$together"; return 1; }
+  if ! tidy "$together" >/dev/null; then
+    tidy_room "${@:1:half}" || found=1
+    tidy_room "${@:half+1}" || found=1
+  fi
   rm "$together"
+  return $found
 }
-export -f tidy tidy_folder
+export -f tidy tidy_room
 
 since= passed=1
 [[ ${1:-} == --all ]] || since=$(base)
@@ -72,8 +76,13 @@ else
 fi
 [[ $sources != */windows/* ]] || scripts/install-packages.sh windows
 
-# A line of at most forty sources of one folder; what stands alone goes last.
-awk -F/ '{ folder = $0; sub(/[^\/]*$/, "", folder); if ($0 == "app/main.cpp" || /form\/windows\/.*_panel/) folder = $0
-    if (folder != last || ++count > 40) { if (NR > 1) printf "\n"; count = 0 } last = folder; printf "%s ", $0 }' \
-  <<<"$sources" | sed '/^ *$/d' | xargs -r -P "$(nproc)" -d '\n' -I{} bash -c 'set -f; tidy_folder {}'
+# A line of at most forty sources of one room, or of one folder for Windows or a tool, the longest first. What has
+# names in common with its neighbours stands alone.
+awk '{ room = $0
+    if (/\/(windows|tool)\//) { if (!/_panel/) sub(/[^\/]*$/, "", room) } else if ($0 != "app/main.cpp") sub(/\/.*/, "", room)
+    group = room " " int(count[room] / 40)
+    line[group] = line[group] $0 " "
+    ++count[room] }
+  END { for (i in line) print length(line[i]), line[i] }' <<<"$sources" | sort -rn | cut -d' ' -f2- |
+  sed '/^ *$/d' | xargs -r -P "$(nproc)" -d '\n' -I{} bash -c 'set -f; tidy_room {}'
 [[ $passed == 0 ]] || git rev-parse HEAD >build/lint/passed

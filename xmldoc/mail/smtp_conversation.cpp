@@ -5,9 +5,10 @@
 namespace tarvo {
 namespace {
 
-constexpr int kDone = 2;
-constexpr int kGoOn = 3;
-constexpr int kNo = 5;
+// The first digit of a reply code (RFC 5321, 4.2.1).
+constexpr int kCompletion = 2;
+constexpr int kIntermediate = 3;
+constexpr int kPermanentFailure = 5;
 constexpr std::size_t kBlock = 16384;
 constexpr const char* kMessage = "message";
 
@@ -17,15 +18,15 @@ constexpr const char* kMessage = "message";
 
 }  // namespace
 
-void SmtpConversation::Greet() { Demand(kDone, "greeting", {}, limits_.greeting); }
+void SmtpConversation::Greet() { Demand(kCompletion, "greeting", {}, limits_.greeting); }
 
 void SmtpConversation::Deliver(const std::string& helloName, const SmtpDelivery& delivery) {
   Introduce(helloName);
-  Demand(kDone, "MAIL FROM", "MAIL FROM:<" + delivery.sender + ">\r\n", limits_.command);
+  Demand(kCompletion, "MAIL FROM", "MAIL FROM:<" + delivery.sender + ">\r\n", limits_.command);
   for (const std::string& one : delivery.recipients) {
-    Demand(kDone, "RCPT TO " + one, "RCPT TO:<" + one + ">\r\n", limits_.command);
+    Demand(kCompletion, "RCPT TO " + one, "RCPT TO:<" + one + ">\r\n", limits_.command);
   }
-  Demand(kGoOn, "DATA", "DATA\r\n", limits_.data);
+  Demand(kIntermediate, "DATA", "DATA\r\n", limits_.data);
   SendText(delivery.text);
   AwaitLastAnswer();
 }
@@ -40,10 +41,10 @@ void SmtpConversation::Quit() noexcept {
 
 void SmtpConversation::Introduce(const std::string& helloName) {
   const SmtpAnswer answer = channel_.Ask("EHLO", "EHLO " + helloName + "\r\n", limits_.command);
-  if (answer.kind == kDone) return;
+  if (answer.kind == kCompletion) return;
   // A server that does not know EHLO may know the old greeting.
-  if (answer.kind != kNo) Refuse("EHLO", answer);
-  Demand(kDone, "HELO", "HELO " + helloName + "\r\n", limits_.command);
+  if (answer.kind != kPermanentFailure) Refuse("EHLO", answer);
+  Demand(kCompletion, "HELO", "HELO " + helloName + "\r\n", limits_.command);
 }
 
 void SmtpConversation::SendText(std::string_view text) {
@@ -59,11 +60,11 @@ void SmtpConversation::AwaitLastAnswer() {
     answer = channel_.Ask(kMessage, {}, limits_.lastAnswer);
   } catch (const SmtpFault& fault) {
     const int kind = channel_.KindBegun();
-    if (kind == kDone) return;
+    if (kind == kCompletion) return;
     if (kind != 0) throw;
     throw SmtpFault{fault.reason + "; the mail may have been taken all the same"};
   }
-  if (answer.kind != kDone) Refuse(kMessage, answer);
+  if (answer.kind != kCompletion) Refuse(kMessage, answer);
 }
 
 void SmtpConversation::Demand(int kind, const std::string& step, std::string_view command,
