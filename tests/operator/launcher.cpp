@@ -121,9 +121,17 @@ std::string ClassOf(HWND window) {
 
 std::optional<FoundControl> FindControl(HWND launcher, const ControlId& entry, int index) {
   Search search{entry.firstId + index, nullptr};
+  // Whoever waits asks for the same one again and again, and a search asks the system for each
+  // window's number.
+  static std::map<int, HWND> found;
+  HWND& last = found[search.id];
+  if (last && IsChild(launcher, last) && GetDlgCtrlID(last) == search.id) {
+    return FoundControl{&entry, index, last};
+  }
   EnumChildWindows(launcher, TakeIfIt, reinterpret_cast<LPARAM>(&search));
   const HWND beside = search.found ? nullptr : CheckUpWindowOf(launcher);
   if (beside) EnumChildWindows(beside, TakeIfIt, reinterpret_cast<LPARAM>(&search));
+  last = search.found;
   if (!search.found) return std::nullopt;
   return FoundControl{&entry, index, search.found};
 }
