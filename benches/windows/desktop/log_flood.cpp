@@ -1,10 +1,6 @@
 // Floods the log of the launcher's window and prints, one a line, a name and a value:
 //
-//   log-flood LINES BURST [PROCESS]   BURST lines in each event, events as fast as the timers
-//   allow;
-//                              PROCESS is the program's Unix process id, where it runs under Wine:
-//                              with that its time is the kernel's in nanoseconds, without it the
-//                              system's, which goes by steps of 10 ms
+//   log-flood LINES BURST      BURST lines in each event, events as fast as the timers allow
 //
 //   first, last                milliseconds of the program's processor time that a line takes until
 //                              it is drawn, of the first and of the last 1000
@@ -42,10 +38,9 @@ constexpr std::size_t kSample = 1000;
 /// The launcher's window with its log, and nothing else behind it.
 class Flood {
  public:
-  Flood(std::size_t lines, std::size_t burst, const std::string& process)
+  Flood(std::size_t lines, std::size_t burst)
       : lines_(lines),
         burst_(burst),
-        account_(process.empty() ? "" : "Z:/proc/" + process + "/task/" + process + "/schedstat"),
         form_(timers_),
         file_(form_.servers.WLog, form_.servers.LogH, files_, clock_, "."),
         log_(clock_),
@@ -91,22 +86,11 @@ class Flood {
   }
 
   /// This thread's processor time, in milliseconds; other programs' turns do not count.
-  double Spent() const {
-    if (!account_.empty()) return SpentByAccount();
+  static double Spent() {
     FILETIME begun, ended, kernel, user;
     GetThreadTimes(GetCurrentThread(), &begun, &ended, &kernel, &user);
     constexpr double kInMillisecond = 10000;
     return (Whole(kernel) + Whole(user)) / kInMillisecond;
-  }
-
-  /// The first number of the account: nanoseconds.
-  double SpentByAccount() const {
-    constexpr double kInMillisecond = 1e6;
-    double spent = 0;
-    std::FILE* file = std::fopen(account_.c_str(), "rb");
-    if (!file || std::fscanf(file, "%lf", &spent) != 1) std::exit(1);
-    std::fclose(file);
-    return spent / kInMillisecond;
   }
 
   static double Whole(const FILETIME& time) {
@@ -189,7 +173,6 @@ class Flood {
 
   const std::size_t lines_;
   const std::size_t burst_;
-  const std::string account_;  ///< The file; empty without one.
   WindowsTickClock ticks_;
   WindowsLocalClock clock_;
   WindowsFileAppender files_;
@@ -211,12 +194,11 @@ class Flood {
 }  // namespace tarvo
 
 int main(int argc, char** argv) {
-  const auto lines = argc >= 3 ? std::strtoul(argv[1], nullptr, 10) : 0;
-  const auto burst = argc >= 3 ? std::strtoul(argv[2], nullptr, 10) : 0;
+  const auto lines = argc == 3 ? std::strtoul(argv[1], nullptr, 10) : 0;
+  const auto burst = argc == 3 ? std::strtoul(argv[2], nullptr, 10) : 0;
   if (lines < 2000 || burst < 1 || 1000 % burst != 0 || lines % burst != 0) {
-    std::fprintf(stderr,
-                 "usage: log-flood LINES BURST [PROCESS], 2000 at least, BURST dividing 1000\n");
+    std::fprintf(stderr, "usage: log-flood LINES BURST, 2000 at least, BURST dividing 1000\n");
     return 1;
   }
-  return tarvo::Flood(lines, burst, argc > 3 ? argv[3] : "").Run();
+  return tarvo::Flood(lines, burst).Run();
 }
