@@ -16,8 +16,22 @@ Finding SetFinding(Severity severity, const std::string& about, const std::strin
   return {"sets", severity, about, wrong, advice};
 }
 
-void Keep(std::vector<std::string>& names, std::string_view name) {
-  if (names.size() < kMostNamed) names.emplace_back(name);
+void Keep(EntryNames& entries, std::string_view name) {
+  if (entries.names.size() < kMostNamed) {
+    entries.names.emplace_back(name);
+  } else {
+    ++entries.more;
+  }
+}
+
+/// What is wrong with each of the entries, and what to do. `finding` is about their file.
+void Tell(const EntryNames& entries, const Finding& finding, Findings& findings) {
+  const auto tell = [&](const std::string& entry) {
+    findings.push_back(finding);
+    findings.back().about += ": " + entry;
+  };
+  for (const std::string& name : entries.names) tell(name);
+  if (entries.more > 0) tell(std::to_string(entries.more) + " more");
 }
 
 bool Comes(const std::string& line) {
@@ -66,24 +80,21 @@ Findings CheckSets(const SetsFacts& facts) {
                                   "The file cannot be read, so nothing can be randomized.",
                                   "Put it back into the folder conf of the server root."));
   }
-  for (const std::string& name : facts.unknown) {
-    findings.push_back(SetFinding(Severity::Warning, "randomize.xml: " + name,
-                                  "conf\\battle_athena.conf has no such setting, so its range has "
-                                  "no effect.",
-                                  "Remove the range, or add the setting to the file."));
-  }
-  for (const std::string& name : facts.crossed) {
-    findings.push_back(SetFinding(Severity::Note, "randomize.xml: " + name,
-                                  "The range's minimum is above its maximum; the two are swapped "
-                                  "when it is used.",
-                                  "Enter the range the right way round."));
-  }
-  for (const std::string& name : facts.never) {
-    findings.push_back(SetFinding(Severity::Warning, "rndcalendar.xml: " + name,
-                                  "The entry is no day and time of a week, and is never due.",
-                                  "Remove the entry, and add it anew on the page Server Battle "
-                                  "Randomizer."));
-  }
+  Tell(facts.unknown,
+       SetFinding(Severity::Warning, "randomize.xml",
+                  "conf\\battle_athena.conf has no such setting, so its range has no effect.",
+                  "Remove the range, or add the setting to the file."),
+       findings);
+  Tell(facts.crossed,
+       SetFinding(Severity::Note, "randomize.xml",
+                  "The range's minimum is above its maximum; the two are swapped when it is used.",
+                  "Enter the range the right way round."),
+       findings);
+  Tell(facts.never,
+       SetFinding(Severity::Warning, "rndcalendar.xml",
+                  "The entry is no day and time of a week, and is never due.",
+                  "Remove the entry, and add it anew on the page Server Battle Randomizer."),
+       findings);
   return findings;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -8,15 +9,21 @@
 
 namespace tarvo {
 
+/// What entries of a set are told by; of very many the first fifty, and how many more there are.
+struct EntryNames {
+  std::vector<std::string> names;
+  std::size_t more = 0;
+};
+
 /// The randomizer's sets and the settings that they are for.
 struct SetsFacts {
-  bool rangesWhole = true;           ///< `randomize.xml` was read to its end, or is not there.
-  bool entriesWhole = true;          ///< `rndcalendar.xml` likewise.
-  bool settingsThere = true;         ///< `battle_athena.conf` could be read.
-  bool settingsRead = true;          ///< It was read to its end.
-  std::vector<std::string> unknown;  ///< Settings with a range that `battle_athena.conf` lacks.
-  std::vector<std::string> crossed;  ///< Settings whose range has its greatest value first.
-  std::vector<std::string> never;    ///< Entries of the calendar that come at no time of a week.
+  bool rangesWhole = true;    ///< `randomize.xml` was read to its end, or is not there.
+  bool entriesWhole = true;   ///< `rndcalendar.xml` likewise.
+  bool settingsThere = true;  ///< `battle_athena.conf` could be read.
+  bool settingsRead = true;   ///< It was read to its end.
+  EntryNames unknown;         ///< Settings with a range that `battle_athena.conf` lacks.
+  EntryNames crossed;         ///< Settings whose range has its greatest value first.
+  EntryNames never;           ///< Entries of the calendar that come at no time of a week.
 };
 
 /// Adds what the fields say: those of the ranges, of the server's settings, of the calendar.

@@ -145,9 +145,22 @@ TEST_F(RootChecks, OfSettingsThatWereNotReadToTheirEndNoneIsMissed) {
   EXPECT_EQ(Told().find("no_such_rate"), std::string::npos) << Told();
 }
 
-TEST_F(RootChecks, OfThousandRangesOfNoSettingFiftyAreTold) {
+TEST_F(RootChecks, OfThousandRangesOfNoSettingFiftyAreToldAndHowManyMore) {
   std::string ranges;
   for (int i = 0; i < 1000; ++i) {
+    ranges += "<no_such_" + std::to_string(i) + " Min=\"1\" Max=\"2\"/>\r\n";
+  }
+  PutRanges(ranges);
+  const Findings found = Find();
+  ASSERT_EQ(found.size(), 51u);
+  EXPECT_EQ(found[49].about, "randomize.xml: no_such_49");
+  EXPECT_EQ(found[50].about, "randomize.xml: 950 more");
+  EXPECT_EQ(found[50].wrong, found[49].wrong);
+}
+
+TEST_F(RootChecks, FiftyRangesOfNoSettingAreAllTold) {
+  std::string ranges;
+  for (int i = 0; i < 50; ++i) {
     ranges += "<no_such_" + std::to_string(i) + " Min=\"1\" Max=\"2\"/>\r\n";
   }
   PutRanges(ranges);
