@@ -33,8 +33,8 @@ check=$(median <"$WINE_DIR/check")
 figure "check-up of a server root, a whole process" "$check" ms 200
 close_launcher
 
-# The check-up that runs by itself has most to do in a root with a large conf file, which nothing else at the start
-# reads: if it came before the first picture, that one would be late there.
+# The check-up that runs by itself has most to do in a root with a large conf file: if it came before the first picture,
+# that one would be late there. The randomizer reads the same file before it, whose time the ratio holds too.
 start_with() {
   cp "$WINE_DIR/$1.conf" conf/battle_athena.conf
   measure start tarvo-launcher.exe TarvoLauncherMain
