@@ -21,7 +21,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
   target_compile_options(tarvo_build INTERFACE -Wno-restrict)
 endif()
 if(TARVO_SANITIZE)
-  # Where each test is a process of its own, a third of its start goes into moving the program to a random address.
+  # Where each test is a process of its own, part of its start goes into moving the program to a random address.
   target_compile_options(tarvo_build INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -fno-pie)
   target_link_options(tarvo_build INTERFACE -fsanitize=address,undefined -no-pie)

@@ -28,18 +28,6 @@ std::string FullPath(const std::string& path) {
   return text;
 }
 
-struct Search {
-  int id;
-  HWND found;
-};
-
-BOOL CALLBACK TakeIfIt(HWND window, LPARAM search) {
-  auto& wanted = *reinterpret_cast<Search*>(search);
-  if (GetDlgCtrlID(window) != wanted.id) return TRUE;
-  wanted.found = window;
-  return FALSE;
-}
-
 BOOL CALLBACK TakeEach(HWND window, LPARAM windows) {
   reinterpret_cast<std::map<int, HWND>*>(windows)->emplace(GetDlgCtrlID(window), window);
   return TRUE;
@@ -119,29 +107,27 @@ std::string ClassOf(HWND window) {
   return name;
 }
 
-std::optional<FoundControl> FindControl(HWND launcher, const ControlId& entry, int index) {
-  Search search{entry.firstId + index, nullptr};
-  // Whoever waits asks for the same one again and again, and a search asks the system for each
-  // window's number.
-  static std::map<int, HWND> found;
-  HWND& last = found[search.id];
-  if (last && IsChild(launcher, last) && GetDlgCtrlID(last) == search.id) {
-    return FoundControl{&entry, index, last};
-  }
-  EnumChildWindows(launcher, TakeIfIt, reinterpret_cast<LPARAM>(&search));
-  const HWND beside = search.found ? nullptr : CheckUpWindowOf(launcher);
-  if (beside) EnumChildWindows(beside, TakeIfIt, reinterpret_cast<LPARAM>(&search));
-  last = search.found;
-  if (!search.found) return std::nullopt;
-  return FoundControl{&entry, index, search.found};
-}
-
 std::map<int, HWND> ControlWindows(HWND launcher) {
   std::map<int, HWND> windows;
   EnumChildWindows(launcher, TakeEach, reinterpret_cast<LPARAM>(&windows));
   const HWND beside = CheckUpWindowOf(launcher);
   if (beside) EnumChildWindows(beside, TakeEach, reinterpret_cast<LPARAM>(&windows));
   return windows;
+}
+
+std::optional<FoundControl> FindControl(HWND launcher, const ControlId& entry, int index) {
+  // Whoever waits asks for the same one again and again, and a search asks the system for each
+  // window's number.
+  static std::map<int, HWND> known;
+  const int id = entry.firstId + index;
+  auto found = known.find(id);
+  if (found == known.end() || !IsChild(launcher, found->second) ||
+      GetDlgCtrlID(found->second) != id) {
+    known = ControlWindows(launcher);
+    found = known.find(id);
+  }
+  if (found == known.end()) return std::nullopt;
+  return FoundControl{&entry, index, found->second};
 }
 
 FoundControl NeedControl(HWND launcher, const std::string& name, int index) {

@@ -20,9 +20,6 @@ LOOK_KEEP=${LOOK_KEEP:-0}
 LOOK_SQUARE=8
 LOOK_PER_CENT=4
 
-# Pictures of this size are done before a second thread of ImageMagick has begun.
-export MAGICK_THREAD_LIMIT=1
-
 # A window may take so long to be drawn.
 LOOK_PATIENCE=5
 
