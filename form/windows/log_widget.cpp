@@ -7,7 +7,6 @@
 #include "platform/windows/system_libraries.h"
 #include "toolkit/readable.h"
 #include "toolkit/windows/screens.h"
-#include "toolkit/windows/subclass.h"
 
 namespace tarvo {
 namespace {
@@ -37,7 +36,7 @@ LogWidget::LogWidget(Stage& stage, HWND parent, int id, RichTextView& view) : Mi
          WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | ES_NOHIDESEL, 0,
          id);
   search_.Of(Window());
-  Subclass<&LogWidget::Keys>(Window(), *this);
+  TakeMessages();
   SendMessageA(Window(), EM_EXLIMITTEXT, 0, 0x7FFFFFF);
   SendMessageA(Window(), EM_SETUNDOLIMIT, 0, 0);
   SendMessageA(Window(), EM_SETBKGNDCOLOR, TRUE, 0);
@@ -259,14 +258,14 @@ void LogWidget::Do(LogCommand command) {
   }
 }
 
-LRESULT LogWidget::Keys(UINT message, WPARAM w, LPARAM l) {
+LRESULT LogWidget::Handle(UINT message, WPARAM w, LPARAM l) {
   CatchUp();
   // Tab and Escape belong to the window around it: the log is for reading.
   if (message == WM_GETDLGCODE) return DLGC_WANTARROWS;
   if (message == WM_KEYDOWN && Key(w)) return 0;
   if (message == WM_CONTEXTMENU) return Do(AskLogMenu(Window(), l)), 0;
   if (search_.Take(message, l)) return 0;
-  return DefSubclassProc(Window(), message, w, l);
+  return Mirror::Handle(message, w, l);
 }
 
 }  // namespace tarvo

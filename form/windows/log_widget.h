@@ -33,6 +33,9 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
   void Appended(const ColouredText& piece) override;
   void Replaced() override;
 
+ protected:
+  LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
+
  private:
   /// Where the operator reads and what he has selected.
   struct Reading {
@@ -43,7 +46,6 @@ class LogWidget : public Mirror<RichTextView>, public RichTextMirror {
     LONG gone = 0;       ///< Letters removed at the beginning since then.
   };
 
-  LRESULT Keys(UINT message, WPARAM w, LPARAM l);
   bool ShowsEnd() const;
   LONG Length() const;
   LONG HeightOf(LONG letter) const;

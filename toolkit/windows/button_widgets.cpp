@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "toolkit/windows/drawn_button.h"
-#include "toolkit/windows/subclass.h"
 
 namespace tarvo {
 namespace {
@@ -81,7 +80,7 @@ OptionWidget::OptionWidget(Stage& stage, HWND parent, int id, OptionButton& opti
                            const std::string& text)
     : Mirror(stage, option) {
   Create(parent, "BUTTON", text, WS_TABSTOP | WS_GROUP | BS_RADIOBUTTON, 0, id);
-  Subclass<&OptionWidget::Focus>(Window(), *this);
+  TakeMessages();
   Attach();
 }
 
@@ -93,11 +92,11 @@ void OptionWidget::Command(int code) {
 
 void OptionWidget::Access() { Press(Window()); }
 
-LRESULT OptionWidget::Focus(UINT message, WPARAM w, LPARAM l) {
+LRESULT OptionWidget::Handle(UINT message, WPARAM w, LPARAM l) {
   // The arrow keys, too, would press the option that they move to.
   if (message == WM_GETDLGCODE) return DLGC_BUTTON;
   if (message == WM_SETFOCUS) focusing_ = true;
-  const LRESULT answer = DefSubclassProc(Window(), message, w, l);
+  const LRESULT answer = Mirror::Handle(message, w, l);
   if (message == WM_SETFOCUS) focusing_ = false;
   return answer;
 }

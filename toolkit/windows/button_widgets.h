@@ -49,10 +49,10 @@ class OptionWidget : public Mirror<OptionButton> {
   void Access() override;
 
  protected:
+  LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
   void Show() override;
 
  private:
-  LRESULT Focus(UINT message, WPARAM w, LPARAM l);
   bool focusing_ = false;  ///< The native button reports a click because it gets the focus.
 };
 

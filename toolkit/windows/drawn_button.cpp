@@ -7,7 +7,6 @@
 #include "toolkit/readable.h"
 #include "toolkit/windows/drawing.h"
 #include "toolkit/windows/look.h"
-#include "toolkit/windows/subclass.h"
 
 namespace tarvo {
 
@@ -15,7 +14,7 @@ DrawnButton::DrawnButton(Stage& stage, HWND parent, int id, CommandButton& butto
                          const std::string& name)
     : Mirror(stage, button) {
   Create(parent, "BUTTON", name, WS_TABSTOP | BS_OWNERDRAW, 0, id);
-  Subclass<&DrawnButton::Track>(Window(), *this);
+  TakeMessages();
 }
 
 void DrawnButton::Command(int code) {
@@ -59,11 +58,11 @@ void DrawnButton::SetHot(bool hot) {
   TrackMouseEvent(&request);
 }
 
-LRESULT DrawnButton::Track(UINT message, WPARAM w, LPARAM l) {
+LRESULT DrawnButton::Handle(UINT message, WPARAM w, LPARAM l) {
   if (message == WM_MOUSEMOVE) SetHot(true);
   if (message == WM_MOUSELEAVE) SetHot(false);
   if (message == WM_ERASEBKGND) return 1;
-  return DefSubclassProc(Window(), message, w, l);
+  return Mirror::Handle(message, w, l);
 }
 
 namespace {

@@ -45,9 +45,9 @@ class DrawnButton : public Mirror<CommandButton> {
   DrawnButton(Stage& stage, HWND parent, int id, CommandButton& button, const std::string& name);
   /// The face at this moment, in the colours of a plain button without a caption.
   ButtonFace FaceNow(const DRAWITEMSTRUCT& item) const;
+  LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
 
  private:
-  LRESULT Track(UINT message, WPARAM w, LPARAM l);
   void SetHot(bool hot);
 
   bool hot_ = false;  ///< The mouse is over it.

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "toolkit/windows/subclass.h"
-
 namespace tarvo {
 namespace {
 
@@ -27,7 +25,7 @@ TextWidget::TextWidget(Stage& stage, HWND parent, int id, TextBox& box, std::str
     : Mirror(stage, box), widest_(std::move(widest)) {
   Create(parent, "EDIT", box.Text(), WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, id);
   if (box.MaxLength() > 0) SendMessageA(Window(), EM_LIMITTEXT, box.MaxLength(), 0);
-  Subclass<&TextWidget::Keys>(Window(), *this);
+  TakeMessages();
   Attach();
 }
 
@@ -40,11 +38,11 @@ void TextWidget::Command(int code) {
   if (code == EN_CHANGE && !showing_ && !typing_) Typed();
 }
 
-LRESULT TextWidget::Keys(UINT message, WPARAM w, LPARAM l) {
+LRESULT TextWidget::Handle(UINT message, WPARAM w, LPARAM l) {
   if (message == WM_CHAR && !LetsThrough(KeyOf(w))) return 0;
   // Unlike Ctrl+V these keys make no character for the filter to see.
   if (IsKeyOfPasting(message, w) && control_.onKeyPress) return 0;
-  const LRESULT result = DefSubclassProc(Window(), message, w, l);
+  const LRESULT result = Mirror::Handle(message, w, l);
   const bool focusMoves = message == WM_SETFOCUS || message == WM_KILLFOCUS;
   if (focusMoves) FocusMoves(message == WM_SETFOCUS, reinterpret_cast<HWND>(w));
   return result;

@@ -17,10 +17,10 @@ class TextWidget : public Mirror<TextBox> {
   void Access() override;
 
  protected:
+  LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
   void Show() override;
 
  private:
-  LRESULT Keys(UINT message, WPARAM w, LPARAM l);
   void Typed();
   void FocusMoves(bool gained, HWND other);
   void FocusMoved(bool gained);

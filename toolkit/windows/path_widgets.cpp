@@ -8,7 +8,6 @@
 
 #include "platform/windows/system_libraries.h"
 #include "toolkit/windows/drawing.h"
-#include "toolkit/windows/subclass.h"
 
 namespace tarvo {
 namespace {
@@ -37,7 +36,6 @@ void LetDropsThrough(HWND window) {
 
 PathWidget::PathWidget(Stage& stage, HWND parent, int id, PathBox& box, std::string widest)
     : TextWidget(stage, parent, id, box, std::move(widest)), box_(box) {
-  Subclass<&PathWidget::Watch>(Window(), *this);
   DragAcceptFiles(Window(), TRUE);
   LetDropsThrough(Window());
 }
@@ -82,7 +80,7 @@ void PathWidget::Dropped(WPARAM drop) {
   stage_.Happens([this, &path] { box_.Drop(path); });
 }
 
-LRESULT PathWidget::Watch(UINT message, WPARAM w, LPARAM l) {
+LRESULT PathWidget::Handle(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_DROPFILES:
       Dropped(w);
@@ -98,7 +96,7 @@ LRESULT PathWidget::Watch(UINT message, WPARAM w, LPARAM l) {
     default:
       break;
   }
-  return DefSubclassProc(Window(), message, w, l);
+  return TextWidget::Handle(message, w, l);
 }
 
 PathLabelWidget::PathLabelWidget(Stage& stage, HWND parent, int id, Label& label,

@@ -16,10 +16,10 @@ class PathWidget : public TextWidget {
   std::string Tip() const override;
 
  protected:
+  LRESULT Handle(UINT message, WPARAM w, LPARAM l) override;
   void Show() override;
 
  private:
-  LRESULT Watch(UINT message, WPARAM w, LPARAM l);
   bool Cut() const;
   void Paint();
   void Dropped(WPARAM drop);

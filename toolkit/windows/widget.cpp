@@ -12,6 +12,22 @@ void Widget::Create(HWND parent, const char* windowClass, const std::string& tex
   SetOwner(window_, this);
 }
 
+// In the letters that the control works with: none is lost on a way through the code page.
+void Widget::TakeMessages() {
+  const auto exchange = IsWindowUnicode(window_) ? &SetWindowLongPtrW : &SetWindowLongPtrA;
+  native_ = reinterpret_cast<WNDPROC>(
+      exchange(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TakeMessage)));
+}
+
+LRESULT CALLBACK Widget::TakeMessage(HWND window, UINT message, WPARAM w, LPARAM l) {
+  return Of(window)->Handle(message, w, l);
+}
+
+LRESULT Widget::Handle(UINT message, WPARAM w, LPARAM l) {
+  const auto call = IsWindowUnicode(window_) ? &CallWindowProcW : &CallWindowProcA;
+  return call(native_, window_, message, w, l);
+}
+
 Widget* Widget::Of(HWND window) { return window ? OwnerOf<Widget>(window) : nullptr; }
 
 void Widget::TakeLook() {

@@ -64,6 +64,10 @@ class Widget : public ControlMirror {
   /// Makes the native window, visible and without a size yet; once, in the derived constructor.
   void Create(HWND parent, const char* windowClass, const std::string& text, DWORD style,
               DWORD extendedStyle, int id);
+  /// Has every message of the native window come to `Handle` first; once, after `Create`.
+  void TakeMessages();
+  /// Answers a message, or has the native control answer it, as here.
+  virtual LRESULT Handle(UINT message, WPARAM w, LPARAM l);
   /// Carries the control's state, all but enabled, to the native window.
   virtual void Show() {}
   /// Sets the window's text if it differs, so that nothing is redrawn needlessly.
@@ -72,7 +76,10 @@ class Widget : public ControlMirror {
   Stage& stage_;
 
  private:
+  static LRESULT CALLBACK TakeMessage(HWND window, UINT message, WPARAM w, LPARAM l);
+
   HWND window_ = nullptr;
+  WNDPROC native_ = nullptr;  ///< The control's own procedure, once messages are taken.
   char accessKey_ = 0;
   std::string reasonWhenDisabled_;
 };
