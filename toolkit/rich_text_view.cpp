@@ -106,28 +106,39 @@ void RichTextView::SetSource(std::string source) {
   if (richMirror_) richMirror_->Replaced();
 }
 
-std::vector<ColouredText> RichTextView::Pieces() const {
-  std::vector<ColouredText> pieces(1);
+template <class OnColour, class OnText>
+void RichTextView::Read(OnColour onColour, OnText onText) const {
   const std::string_view source = source_;
   std::size_t position = BeginOfLine(source, kHeaderLines);
   while (position < source.size()) {
-    const char c = source[position++];
-    std::string& text = pieces.back().text;
-    if (c != '\\') {
-      if (c != '\r' && c != '\n') text += c;
-    } else if (position < source.size() && source[position] == '\'') {
+    const std::size_t plain = position;
+    position = std::min(source.find_first_of("\\\r\n", plain), source.size());
+    onText(source.substr(plain, position - plain));
+    if (position == source.size()) return;
+    if (source[position++] != '\\' || position == source.size()) continue;
+    if (source[position] == '\'') {
       const std::string_view escape = source.substr(position, 3);
-      text += EscapedByte(escape);
+      const char byte = EscapedByte(escape);
+      onText({&byte, 1});
       position += escape.size();
-    } else if (position < source.size() && !IsSmallLetter(source[position])) {
-      text += source[position++];
+    } else if (!IsSmallLetter(source[position])) {
+      onText(source.substr(position++, 1));
     } else {
       const ControlWord word = ReadWord(source, position);
       position = word.end;
-      if (word.name == "par") text += "\r\n";
-      if (word.name == "cf") pieces.push_back({ColourOf(word.number), {}});
+      if (word.name == "par") onText("\r\n");
+      if (word.name == "cf") onColour(word.number);
     }
   }
+}
+
+std::vector<ColouredText> RichTextView::Pieces() const {
+  std::vector<ColouredText> pieces(1);
+  Read(
+      [&](std::size_t entry) {
+        pieces.push_back({ColourOf(entry), {}});
+      },
+      [&](std::string_view text) { pieces.back().text += text; });
   return pieces;
 }
 
@@ -136,9 +147,9 @@ Colour RichTextView::ColourOf(std::size_t entry) const {
 }
 
 std::string RichTextView::Text() const {
-  std::string text;
-  for (const ColouredText& piece : Pieces()) text += piece.text;
-  return text;
+  std::string whole;
+  Read([](std::size_t) {}, [&](std::string_view text) { whole += text; });
+  return whole;
 }
 
 }  // namespace tarvo

@@ -63,6 +63,9 @@ class RichTextView : public Control {
   static const std::string kClosing;
 
   Colour ColourOf(std::size_t entry) const;
+  /// Tells the content in order: `onColour` an entry of the palette's table, `onText` what follows.
+  template <class OnColour, class OnText>
+  void Read(OnColour onColour, OnText onText) const;
 
   std::vector<Colour> palette_;
   std::string source_;
