@@ -105,6 +105,7 @@ LogWidget::Reading LogWidget::Remember() const {
   SendMessageA(Window(), EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&reading.selection));
   const bool selected = reading.selection.cpMin != reading.selection.cpMax;
   reading.atEnd = !selected && ShowsEnd();
+  if (reading.atEnd) return reading;
   POINTL corner{1, 1};
   reading.topLetter = static_cast<LONG>(
       SendMessageA(Window(), EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&corner)));
