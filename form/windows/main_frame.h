@@ -36,7 +36,8 @@ class MainFrame : private ControlMirror {
   bool Take(MSG& message);
 
  private:
-  /// Posted to the window once, at its start: the pages that are still missing are made then.
+  /// Posted at the window's start, once for each page and once more: the pages that are still
+  /// missing are made then.
   static constexpr UINT kCompletePagesMessage = WM_APP;
   /// Posted for each message of another program: it becomes an event when the loop comes to it.
   static constexpr UINT kReceivedMessage = WM_APP + 1;
@@ -50,6 +51,7 @@ class MainFrame : private ControlMirror {
   void ShowFirst();
   Panel& Page(int index);
   void CompletePages();
+  void Complete();
   void ShownFromOutside();
 
   bool TakeReceived(const COPYDATASTRUCT& data);
@@ -77,6 +79,7 @@ class MainFrame : private ControlMirror {
   RECT arranged_{};
   RECT pageRoom_{};
   std::array<std::unique_ptr<Panel>, 4> pages_;  ///< In the order of their tabs.
+  std::size_t completed_ = 0;  ///< Of the pages; more than there are when all is complete.
   TimerPump timers_;
   HWND lastFocus_ = nullptr;
   int frontRequests_ = 0;

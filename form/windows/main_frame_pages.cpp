@@ -58,10 +58,21 @@ Panel& MainFrame::Page(int index) {
   return *page;
 }
 
-/// A page that needs more space than the window has gets it, as far as the screen allows.
+/// One page at a time, so that the window answers in between.
 void MainFrame::CompletePages() {
+  if (completed_ > pages_.size()) return;
+  if (completed_ < pages_.size()) {
+    Page(static_cast<int>(completed_)).OfferTips();
+    PostMessageA(window_, kCompletePagesMessage, 0, 0);
+  } else {
+    Complete();
+  }
+  ++completed_;
+}
+
+/// A page that needs more space than the window has gets it, as far as the screen allows.
+void MainFrame::Complete() {
   header_.OfferTips();
-  for (std::size_t i = 0; i < pages_.size(); ++i) Page(static_cast<int>(i)).OfferTips();
   KeepPopupsOpen();
   const Extent needed = SmallestClient();
   if (arranged_.right < needed.width || arranged_.bottom < needed.height) {
