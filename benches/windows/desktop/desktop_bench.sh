@@ -8,12 +8,13 @@ source "$(dirname "$0")/../../../tests/operator/e2e/story.sh"
 source "$(dirname "$0")/../figures.bash"
 rounds=${1:-20}
 BENCH=$WINDOWS_BUILD/benches
+WINE_SCREEN=1920x1080
 story_begin "$0" "$@"
 bench() { wine_run "$BENCH/$1.exe" "${@:2}" 2>/dev/null | tr -d '\r'; }
 value() { awk -v name="$1" '$1 == name { print $2 }'; }
 minus() { awk -v a="$1" -v b="$2" 'BEGIN { print a - b }'; }
 
-# The log: 50,000 lines, ten in each event, three times, each of which is judged. The ratio is of processor time.
+# The log: 50,000 lines, ten in each event, three times, each of which is judged.
 for run in 1 2 3; do
   bench log-flood 50000 10 >"$WINE_DIR/flood$run"
   ratio "$(value last <"$WINE_DIR/flood$run")" "$(value first <"$WINE_DIR/flood$run")" >>"$WINE_DIR/ratios"

@@ -2,15 +2,18 @@
 //
 //   log-flood LINES BURST      BURST lines in each event, events as fast as the timers allow
 //
-//   first, last                milliseconds of the program's processor time that a line takes until
-//                              it is drawn, of the first and of the last 1000
+//   last                       milliseconds that a line takes until it is drawn, of the last 1000
+//   first                      the same of the first 1000 of another window, which is new and
+//   beside
+//                              the first; the two take turns at each event, so that both have the
+//                              same of what else the machine does
 //   lines                      how many are in view at the end
 //   source                     the longest source of the view, in characters
 //   differs                    characters that the window shows other than the view has
 //   moved                      pixels that a line that is read, and selected, moves while 150 come;
 //                              10000 when another text is selected then
-//   answer, idle               the longest that the window took to answer another thread, and an
-//                              idle window at the same time, ms
+//   answer, idle               the longest that the window took to answer another thread before
+//                              the last 1000, and an idle window at the same time, ms
 
 #include <windows.h>
 // After windows.h, which it needs.
@@ -19,6 +22,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <string>
 
 #include "benches/windows/desktop/asker.h"
@@ -36,66 +40,35 @@ namespace {
 constexpr std::size_t kSample = 1000;
 
 /// The launcher's window with its log, and nothing else behind it.
-class Flood {
+class LogWindow {
  public:
-  Flood(std::size_t lines, std::size_t burst)
-      : lines_(lines),
-        burst_(burst),
-        form_(timers_),
+  LogWindow()
+      : form_(timers_),
         file_(form_.servers.WLog, form_.servers.LogH, files_, clock_, "."),
         log_(clock_),
-        window_(form_, timers_, dispatch_),
-        source_(timers_, "Flood", 10) {
+        window_(form_, timers_, dispatch_) {
     log_.listeners = {[this](const LogLine& line) { ShowLine(form_.status.RTLog, line); },
                       [this](const LogLine& line) { file_.Take(line); }};
-    source_.onTick = [this] { Burst(); };
-  }
-
-  int Run() {
     form_.frame.SSTab1.SetPage(0);
+  }
+
+  /// At the upper edge of the screen. Showing it is over when it returns: that is another figure.
+  void Show(LONG left) {
+    SetWindowPos(Main(), nullptr, left, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     form_.frame.window.SetVisible(true);
-    // What the start takes is another figure.
-    RedrawWindow(reinterpret_cast<HWND>(window_.Handle()), nullptr, nullptr,
-                 RDW_UPDATENOW | RDW_ALLCHILDREN);
-    source_.SetEnabled(true);
-    const IdleWindow idle;
-    Asker asker(reinterpret_cast<HWND>(window_.Handle()));
-    Asker idleAsker(idle.Window());
-    window_.Run();
-    Print("answer", asker.Worst());
-    Print("idle", idleAsker.Worst());
-    ReadOn(LogWindow());
-    return 0;
+    RedrawWindow(Main(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   }
 
- private:
-  static void Print(const char* name, double value) { std::printf("%s %.3f\n", name, value); }
-
-  void Burst() {
-    const HWND log = LogWindow();
-    if (written_ == 0) began_ = Spent();
-    if (written_ == kSample) first_ = Spent() - began_;
-    if (written_ == lines_ - kSample) began_ = Spent();
-    for (std::size_t i = 0; i < burst_; ++i) Line();
-    SendMessageA(log, WM_NULL, 0, 0);
-    UpdateWindow(log);
-    if (written_ < lines_) return;
-    last_ = Spent() - began_;
-    Report();
-    form_.frame.window.End(0);
+  HWND Main() const { return reinterpret_cast<HWND>(window_.Handle()); }
+  HWND Log() const {
+    Search search{FindControlId("RTLog")->firstId, nullptr};
+    EnumChildWindows(Main(), TakeIfIt, reinterpret_cast<LPARAM>(&search));
+    return search.found;
   }
-
-  /// This thread's processor time, in milliseconds; other programs' turns do not count.
-  static double Spent() {
-    FILETIME begun, ended, kernel, user;
-    GetThreadTimes(GetCurrentThread(), &begun, &ended, &kernel, &user);
-    constexpr double kInMillisecond = 10000;
-    return (Whole(kernel) + Whole(user)) / kInMillisecond;
-  }
-
-  static double Whole(const FILETIME& time) {
-    return static_cast<double>(time.dwHighDateTime) * 4294967296.0 + time.dwLowDateTime;
-  }
+  const RichTextView& View() const { return form_.status.RTLog; }
+  NativeWindow& Native() { return window_; }
+  TimerQueue& Timers() { return timers_; }
+  void End() { form_.frame.window.End(0); }
 
   /// Texts and levels of the program's own kinds.
   void Line() {
@@ -104,17 +77,100 @@ class Flood {
                                          "Map Server running with Normal priority."};
     static constexpr LogLevel kLevels[] = {kAlert, kNotice, kInfo, kExtra};
     const std::size_t kind = ++written_ % std::size(kTexts);
-    log_.LogStatus(kTexts[kind] + std::to_string(written_), kLevels[kind]);
-    longest_ = std::max(longest_, form_.status.RTLog.SourceLength());
+    // As many digits in every line.
+    log_.LogStatus(kTexts[kind] + std::to_string(kFirstNumber + written_), kLevels[kind]);
+    longest_ = std::max(longest_, View().SourceLength());
+  }
+
+  void Burst(std::size_t lines) {
+    for (std::size_t i = 0; i < lines; ++i) Line();
+    SendMessageA(Log(), WM_NULL, 0, 0);
+    UpdateWindow(Log());
+  }
+
+  std::size_t Written() const { return written_; }
+  std::size_t LongestSource() const { return longest_; }
+
+ private:
+  static constexpr std::size_t kFirstNumber = 100000;
+
+  struct Search {
+    int id;
+    HWND found;
+  };
+
+  static BOOL CALLBACK TakeIfIt(HWND window, LPARAM argument) {
+    auto& wanted = *reinterpret_cast<Search*>(argument);
+    if (GetDlgCtrlID(window) == wanted.id) wanted.found = window;
+    return wanted.found == nullptr;
+  }
+
+  WindowsTickClock ticks_;
+  WindowsLocalClock clock_;
+  WindowsFileAppender files_;
+  TimerQueue timers_{ticks_};
+  Form form_;
+  EventDispatch dispatch_;
+  LogFile file_;
+  StatusLog log_;
+  NativeWindow window_;
+  std::size_t written_ = 0;
+  std::size_t longest_ = 0;
+};
+
+class Flood {
+ public:
+  Flood(std::size_t lines, std::size_t burst) : lines_(lines), burst_(burst) {
+    source_.onTick = [this] { Tick(); };
+  }
+
+  int Run() {
+    used_.Show(0);
+    source_.SetEnabled(true);
+    asker_ = std::make_unique<Asker>(used_.Main());
+    idleAsker_ = std::make_unique<Asker>(idle_.Window());
+    used_.Native().Run();
+    ReadOn(used_.Log());
+    return 0;
+  }
+
+ private:
+  static void Print(const char* name, double value) { std::printf("%s %.3f\n", name, value); }
+
+  void Tick() {
+    if (used_.Written() < lines_ - kSample) return used_.Burst(burst_);
+    if (!fresh_) BeginSample();
+    last_ += TimeOf(used_);
+    first_ += TimeOf(*fresh_);
+    if (used_.Written() < lines_) return;
+    source_.SetEnabled(false);
+    Report();
+    used_.End();
+  }
+
+  /// Neither window covers the other.
+  void BeginSample() {
+    Print("answer", asker_->Worst());
+    Print("idle", idleAsker_->Worst());
+    fresh_ = std::make_unique<LogWindow>();
+    RECT place{};
+    GetWindowRect(used_.Main(), &place);
+    fresh_->Show(place.right);
+  }
+
+  double TimeOf(LogWindow& window) const {
+    const double began = Now();
+    window.Burst(burst_);
+    return Now() - began;
   }
 
   void Report() const {
-    const std::string kept = form_.status.RTLog.Text();
-    const std::string shown = TextOf(LogWindow());
+    const std::string kept = used_.View().Text();
+    const std::string shown = TextOf(used_.Log());
     Print("first", first_ / kSample);
     Print("last", last_ / kSample);
     Print("lines", static_cast<double>(std::count(shown.begin(), shown.end(), '\n')));
-    Print("source", static_cast<double>(longest_));
+    Print("source", static_cast<double>(used_.LongestSource()));
     const std::size_t common = std::min(kept.size(), shown.size());
     std::size_t differs = std::max(kept.size(), shown.size()) - common;
     for (std::size_t i = 0; i < common; ++i) differs += kept[i] != shown[i] ? 1U : 0U;
@@ -130,9 +186,9 @@ class Flood {
     SendMessageA(log, EM_SCROLLCARET, 0, 0);
     const std::string selected = SelectedIn(log);
     const LONG height = HeightOfSelection(log);
-    for (int i = 0; i < 50; ++i) Line();
+    for (int i = 0; i < 50; ++i) used_.Line();
     for (int i = 0; i < 100; ++i) {
-      Line();
+      used_.Line();
       SendMessageA(log, WM_NULL, 0, 0);
     }
     const bool same = selected.size() == kLength && SelectedIn(log) == selected;
@@ -153,41 +209,16 @@ class Flood {
     return place.y;
   }
 
-  struct Search {
-    int id;
-    HWND found;
-  };
-
-  static BOOL CALLBACK TakeIfIt(HWND window, LPARAM argument) {
-    auto& wanted = *reinterpret_cast<Search*>(argument);
-    if (GetDlgCtrlID(window) == wanted.id) wanted.found = window;
-    return wanted.found == nullptr;
-  }
-
-  HWND LogWindow() const {
-    Search search{FindControlId("RTLog")->firstId, nullptr};
-    EnumChildWindows(reinterpret_cast<HWND>(window_.Handle()), TakeIfIt,
-                     reinterpret_cast<LPARAM>(&search));
-    return search.found;
-  }
-
   const std::size_t lines_;
   const std::size_t burst_;
-  WindowsTickClock ticks_;
-  WindowsLocalClock clock_;
-  WindowsFileAppender files_;
-  TimerQueue timers_{ticks_};
-  Form form_;
-  EventDispatch dispatch_;
-  LogFile file_;
-  StatusLog log_;
-  NativeWindow window_;
-  Timer source_;
-  std::size_t written_ = 0;
-  double began_ = 0;
+  LogWindow used_;
+  IdleWindow idle_;
+  std::unique_ptr<Asker> asker_;
+  std::unique_ptr<Asker> idleAsker_;
+  std::unique_ptr<LogWindow> fresh_;
+  Timer source_{used_.Timers(), "Flood", 10};
   double first_ = 0;
   double last_ = 0;
-  std::size_t longest_ = 0;
 };
 
 }  // namespace
