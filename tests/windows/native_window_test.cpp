@@ -69,6 +69,46 @@ class ShownWindow : public ::testing::Test {
   NativeWindow window_{form_, timers_, dispatch_};
 };
 
+BOOL CALLBACK CountPanel(HWND window, LPARAM argument) {
+  char name[32] = "";
+  GetClassNameA(window, name, sizeof name);
+  if (std::string_view(name) == "TarvoPanel") ++*reinterpret_cast<int*>(argument);
+  return TRUE;
+}
+
+int PanelsIn(HWND window) {
+  int count = 0;
+  EnumChildWindows(window, CountPanel, reinterpret_cast<LPARAM>(&count));
+  return count;
+}
+
+// All of them in one would keep the window from answering just when it has come up.
+TEST(StartedWindow, MakesThePagesOneInEachMessage) {
+  constexpr int kPages = 4;
+  WindowsTickClock clock;
+  TimerQueue timers{clock};
+  Form form{timers};
+  EventDispatch dispatch;
+  NativeWindow native{form, timers, dispatch};
+  const HWND window = reinterpret_cast<HWND>(native.Handle());
+  const int around = PanelsIn(window);
+  int panels = around;
+  int completed = 0;
+  form.frame.onComplete = [&] {
+    ++completed;
+    EXPECT_EQ(PanelsIn(window), around + kPages);
+  };
+  MSG message{};
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    DispatchMessageA(&message);
+    const int now = PanelsIn(window);
+    EXPECT_LE(now, panels + 1);
+    panels = now;
+  }
+  EXPECT_EQ(panels, around + kPages);
+  EXPECT_EQ(completed, 1);
+}
+
 TEST_F(ShownWindow, TakesThePlaceThatAnotherScaleSuggests) {
   RECT suggested{40, 50, 1040, 750};
   Tell(kDpiChanged, MAKEWPARAM(120, 120), reinterpret_cast<LPARAM>(&suggested));
