@@ -64,6 +64,7 @@ TEST(TemplateFields, KnowTheirFunctionsByThreeLetters) {
       {"VAR(n", "10105 parse.field: Missing \")\" of VAR("},
       {"upp((a)", "10105 parse.field: Missing \")\" of upp("},
       {"upp(a))", "A)"},
+      {"(a", "(a"},
       {"low(upp(tit(x)))", "x"},
   });
 }

@@ -67,6 +67,8 @@ TEST(MailHeader, WritesTextsAsTheyAreOrAsEncodedWords) {
   const std::pair<std::string, std::string> cases[] = {
       {"", ""},
       {"Hello world", "Hello world"},
+      {"about ~ 5", "about ~ 5"},
+      {"a\x7F!", "a !"},
       {"D\xED"
        "as",
        "=?windows-1252?B?RO1hcw==?="},

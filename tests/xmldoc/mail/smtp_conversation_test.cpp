@@ -108,6 +108,17 @@ TEST(SmtpMailer, GivesUpOnBadAnswers) {
   EXPECT_EQ(SendBy(server), "greeting: answer too long");
 }
 
+// Its lines without their ends have 65536 bytes.
+TEST(SmtpMailer, ReadsAnAnswerThatIsJustShortEnough) {
+  const std::string first = "220-" + std::string(65526, 'x');
+  for (const auto& [more, ends] : {std::pair("", "sent"), {"x", "greeting: answer too long"}}) {
+    ScriptedMailServer server(std::deque<std::string>{first + more + "\r\n", "220 ok\r\n",
+                                                      "250 a\n", "250 ok\r\n250 ok\r\n354 go\r\n",
+                                                      "250 ok\r\n"});
+    EXPECT_EQ(SendBy(server), ends);
+  }
+}
+
 TEST(SmtpMailer, GivesEachStepItsTimeHoweverSlowlyBytesDripIn) {
   struct Case {
     int step;
