@@ -117,6 +117,8 @@ TEST(Reader, DeclarationSetsVersionAndEncodingOfTheRoot) {
 TEST(Reader, LineBreaksInsideTags) {
   Check({
       {"a CR LF pair is a blank", "<r><a\r\nx=\"1\">v</a></r>", "r{a(x=1)=v}", true, true},
+      {"in one tag after another", "<r><a\r\nx=\"1\"/><b\r\ny=\"2\"/></r>", "r{a(x=1)=,b(y=2)=}",
+       true, true},
       {"a lone line feed is nothing", "<r><a\nx=\"1\">v</a></r>", "r{|ax=\"1\"{}}", true, true},
       {"a lone line feed in a self-closing tag", "<r><a\nx=\"1\"/></r>", "r{ax=\"1\"=}", true,
        true},

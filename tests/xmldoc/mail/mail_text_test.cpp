@@ -81,6 +81,8 @@ TEST(MailText, EncodesBodiesThatDoNotTravelAsTheyAre) {
       {"", ""},
       {"a", "a\r\n"},
       {"a\nb\rc\r\nd\r\n", "a\r\nb\r\nc\r\nd\r\n"},
+      {"\r\na", "\r\na\r\n"},
+      {"\xF1\n" + std::string(75, 'x'), "=F1\r\n" + std::string(75, 'x') + "\r\n"},
       {"tab\there = fine ", "tab\there = fine \r\n"},
       {"\xF1 = 1", "=F1 =3D 1\r\n"},
       {"\xF1 \n\t", "=F1=20\r\n=09\r\n"},
