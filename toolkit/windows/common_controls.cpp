@@ -8,7 +8,7 @@
 namespace tarvo {
 namespace {
 
-/// The functions that a widget calls by the system's own names; they are defined below, so that the
+/// The functions that are called by the system's own names; they are defined below, so that the
 /// linker asks for no other. Every system that the launcher runs on has them.
 struct Calls {
   static constexpr char kLibrary[] = "comctl32.dll";
