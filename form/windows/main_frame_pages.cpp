@@ -60,14 +60,12 @@ Panel& MainFrame::Page(int index) {
 
 /// One page at a time, so that the window answers in between.
 void MainFrame::CompletePages() {
-  if (completed_ > pages_.size()) return;
-  if (completed_ < pages_.size()) {
-    Page(static_cast<int>(completed_)).OfferTips();
-    PostMessageA(window_, kCompletePagesMessage, 0, 0);
-  } else {
-    Complete();
-  }
+  const std::size_t page = completed_;
+  if (page > pages_.size()) return;
   ++completed_;
+  if (page == pages_.size()) return Complete();
+  Page(static_cast<int>(page)).OfferTips();
+  PostMessageA(window_, kCompletePagesMessage, 0, 0);
 }
 
 /// A page that needs more space than the window has gets it, as far as the screen allows.

@@ -160,6 +160,23 @@ TEST_F(ShownWindow, TellsAFieldOfTheFocusThatMovesInTheWindowAlone) {
   DestroyWindow(other);
 }
 
+// A letter that a code page would make another one of, or a question mark, is none that a filter
+// knows.
+TEST_F(ShownWindow, TellsAFieldOfKeysAsTheyAreTyped) {
+  form_.frame.SSTab1.SetPage(2);
+  HandleMessages();
+  std::vector<char> keys;
+  form_.randomizer.rIni.onKeyPress = [&](char key) {
+    keys.push_back(key);
+    return false;
+  };
+  constexpr WPARAM kTyped[] = {u'7', u'\u4E37',
+                               u'\u0142'};  // The second one's low byte is that of "7".
+  for (const WPARAM key : kTyped) SendMessageW(Control("rIni"), WM_CHAR, key, 0);
+  EXPECT_EQ(keys, (std::vector<char>{'7', TextBox::kOtherCharacter, TextBox::kOtherCharacter}));
+  EXPECT_EQ(form_.randomizer.rIni.Text(), "");
+}
+
 // The system tells of a list's closing before it tells of the choice by mouse that closed it.
 TEST_F(ShownWindow, AChoiceByMouseFromADropDownListActsOnce) {
   form_.servers.Exes[ComponentKind::Char].AddItems({"one", "two", "three"});

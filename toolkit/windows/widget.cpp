@@ -12,7 +12,7 @@ void Widget::Create(HWND parent, const char* windowClass, const std::string& tex
   SetOwner(window_, this);
 }
 
-// In the letters that the control works with: none is lost on a way through the code page.
+// In the letters that the control works with: none is lost on its way through the code page.
 void Widget::TakeMessages() {
   const auto exchange = IsWindowUnicode(window_) ? &SetWindowLongPtrW : &SetWindowLongPtrA;
   native_ = reinterpret_cast<WNDPROC>(

@@ -3,9 +3,8 @@
 //   log-flood LINES BURST      BURST lines in each event, events as fast as the timers allow
 //
 //   last                       milliseconds that a line takes until it is drawn, of the last 1000
-//   first                      the same of the first 1000 of another window, which is new and
-//   beside
-//                              the first; the two take turns at each event, so that both have the
+//   first                      the same of the first 1000 of another window, new and beside the
+//                              first one; the two take turns at each event, so that both have the
 //                              same of what else the machine does
 //   lines                      how many are in view at the end
 //   source                     the longest source of the view, in characters
