@@ -19,8 +19,9 @@ for crash in 1 2 3; do
   succeeded() { [[ $(count_log "Login Server Started!") == $((crash + 1)) ]]; }
   await 20 succeeded || fail "no successor"
   took=$((($(date +%s%N) - begin) / 1000000))
-  # 5 and 4 seconds, and the time that the story takes to ask.
-  ((took <= 11000)) || fail "the successor came after $took ms"
+  # 5 and 4 seconds, and the time that the story takes to ask on a machine that may be busy. Probes that waited
+  # for the system's own end would hold the window up for 20 and more each.
+  ((took <= 16000)) || fail "the successor came after $took ms"
   expect_count login 1
   [[ $(server_pid login) != "$old" ]] || fail "the same process"
   sleep "$crash.3"

@@ -24,8 +24,9 @@ start_with() {
   took=$((($(date +%s%N) - begin) / 1000000))
   expect_log 5 "Login Server under control!"
   expect_log 5 "Map server is freeze!... waiting..."
-  # Two probes of each make 6 seconds; the rest is the start of Windows programs here.
-  ((took >= 6000 && took <= 10000)) || fail "the window came after $took ms"
+  # Two probes of each make 6 seconds; the rest is the start of Windows programs here, on a machine that may be
+  # busy. A connect that waited for the system's own end would take 20 and more.
+  ((took >= 6000 && took <= 15000)) || fail "the window came after $took ms"
   expect_tip "Char: healthy|$2:${PORTS[1]}: $4" 1
   operate click Command1
   expect_box "press Start and the components will be under control again." yes
