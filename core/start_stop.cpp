@@ -130,7 +130,6 @@ void StartStop::StopComponent(ComponentKind kind) {
   component.AlarmState = AlarmState::NotWatched;
   component.probeFailure.clear();
   controls_.lights[kind].SetState(LightState::Stopped);
-  controls_.lights[kind].SetToolTip({});
   controls_.executables[kind].SetEnabled(true);
   CommandButton& button = controls_.buttons[IndexOf(kind)];
   button.SetCaption("Start");

@@ -73,6 +73,22 @@ TEST_F(WholeRandomizer, AMapStartRandomizesBeforeTheServerIsLaunched) {
   EXPECT_EQ(launcher->Log(), "10:00:00 0 Map Server Started [High Priority]\n");
 }
 
+TEST_F(WholeRandomizer, AMapStartIsSeenOnItsButtonWhileItRandomizes) {
+  PutRange();
+  machine.SetSetting("AutoRandomize", "0");
+  StartLauncher();
+  int writes = 0;
+  machine.recorder.beforeEach = [&] {
+    if (!machine.recorder.Calls().back().starts_with("files.swap(")) return;
+    ++writes;
+    EXPECT_EQ(launcher->TheForm().status.bStart[2].Caption(), "Stop");
+    EXPECT_FALSE(launcher->TheForm().servers.Exes[ComponentKind::Map].Enabled());
+  };
+  launcher->Click("bStart", 2);
+  machine.recorder.beforeEach = nullptr;
+  EXPECT_EQ(writes, 1);
+}
+
 TEST_F(WholeRandomizer, LoginAndCharStartsDoNotRandomize) {
   PutRange();
   machine.SetSetting("AutoRandomize", "0");

@@ -119,6 +119,19 @@ TEST_F(Starting, StartAllTurnsToTheFirstPageWhenAllRunAlready) {
   EXPECT_EQ(launcher->TheForm().frame.SSTab1.Page(), 0);
 }
 
+TEST_F(Starting, StartAllTurnsToTheFirstPageOnceAllAreStarted) {
+  launcher->TheForm().frame.SSTab1.SetPage(1);
+  int launches = 0;
+  machine.recorder.beforeEach = [&] {
+    if (!machine.recorder.Calls().back().starts_with("processes.launch(")) return;
+    ++launches;
+    EXPECT_EQ(launcher->TheForm().frame.SSTab1.Page(), 1);
+  };
+  launcher->Click("bStart", 3);
+  machine.recorder.beforeEach = nullptr;
+  EXPECT_EQ(launches, 3);
+}
+
 TEST_F(Starting, AnAdoptedServerIsProbedBeforeItGetsItsPriority) {
   launcher->Check("chkAK", 0);
   machine.processes.StartForeign(kLogin);
@@ -132,6 +145,35 @@ TEST_F(Starting, AnAdoptedServerIsProbedBeforeItGetsItsPriority) {
   };
   EXPECT_LT(at("sockets.connect("), at("processes.priority("));
   EXPECT_EQ(machine.recorder.CountOf("processes.priority("), 1u);
+}
+
+TEST_F(Starting, AChosenPriorityIsSetBeforeItIsTold) {
+  launcher->Click("bStart", 2);
+  launcher->ForgetLog();
+  std::size_t set = 0;
+  machine.recorder.beforeEach = [&] {
+    if (!machine.recorder.Calls().back().starts_with("processes.priority(")) return;
+    ++set;
+    EXPECT_EQ(launcher->Log(), "");
+  };
+  launcher->Choose("Prior", 2, "Low");
+  machine.recorder.beforeEach = nullptr;
+  EXPECT_EQ(set, 1u);
+  EXPECT_EQ(launcher->Log(), "10:00:00 1 Map Server running with Low priority\n");
+}
+
+TEST_F(Starting, ALineIsOnTheScreenBeforeItIsInTheFile) {
+  launcher->Check("WLog", 0);
+  std::size_t written = 0;
+  machine.recorder.beforeEach = [&] {
+    if (!machine.recorder.Calls().back().starts_with("files.append(")) return;
+    ++written;
+    const std::string screen = launcher->TheForm().status.RTLog.Text();
+    EXPECT_TRUE(screen.ends_with("Map Server Started [High Priority]\r\n"));
+  };
+  launcher->Click("bStart", 2);
+  machine.recorder.beforeEach = nullptr;
+  EXPECT_EQ(written, 1u);
 }
 
 TEST_F(Starting, StopAllStopsOnlyWhatIsKnownToRun) {
@@ -171,6 +213,31 @@ TEST_F(Starting, AStopEndsTheProcessItsWatchesAndItsLight) {
   for (const Light& light : launcher->TheForm().frame.Sem)
     EXPECT_EQ(ColourOf(light.State()), 0xC0C0C0u);
   EXPECT_EQ(machine.processes.Windows().size(), 1u);
+}
+
+TEST_F(Starting, AStopDisarmsEverythingBeforeTheKillAndIsSeenAfterIt) {
+  for (const ComponentKind kind : kComponents) {
+    StartFresh();
+    launcher->Check("chkAK", IndexOf(kind));
+    launcher->Click("bStart", 3);
+    launcher->Pass(11s);
+    int kills = 0;
+    machine.recorder.beforeEach = [&] {
+      if (!machine.recorder.Calls().back().starts_with("processes.end(")) return;
+      ++kills;
+      EXPECT_EQ(launcher->RunningTimers(kind), "");
+      EXPECT_EQ(launcher->Of(kind).ProcessId, 0u);
+      EXPECT_EQ(launcher->Of(kind).RunningHandle, 0);
+      EXPECT_EQ(launcher->Of(kind).AlarmState, AlarmState::Healthy);
+      EXPECT_EQ(launcher->TheForm().frame.Sem[kind].State(), LightState::Healthy);
+      EXPECT_FALSE(ChooserEnabled(kind));
+      EXPECT_EQ(Button(IndexOf(kind)).Caption(), "Stop");
+      EXPECT_EQ(Button(IndexOf(kind)).Background(), Rgb(0, 192, 0));
+    };
+    launcher->Click("bStart", IndexOf(kind));
+    machine.recorder.beforeEach = nullptr;
+    EXPECT_EQ(kills, 1) << NameOf(kind);
+  }
 }
 
 TEST_F(Starting, AStopInTheMiddleOfAFreezeOrOfTheGraceDisarmsEverything) {
@@ -311,7 +378,8 @@ TEST_F(Refusal, AnAutokillTimeBelowFiveBlocksWhenItsBoxIsChecked) {
   const struct {
     const char* text;
     bool refused;
-  } cases[] = {{"4", true}, {"0", true}, {"5", false}, {"05", false}, {"300", false}, {"-7", true}};
+  } cases[] = {{"4", true},    {"0", true},  {"5", false},  {"05", false},
+               {"300", false}, {"-7", true}, {"4.5", true}, {"4.6", false}};
   for (std::size_t box = 0; box < 3; ++box) {
     for (const auto& c : cases) {
       for (bool checked : {true, false}) {

@@ -4,11 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "form/control_ids.h"
+#include "form/log_screen.h"
 #include "platform/windows/clock_windows.h"
 
 namespace tarvo {
@@ -41,6 +43,12 @@ class ShownWindow : public ::testing::Test {
   static void HandleMessages() {
     MSG message{};
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
+  }
+  static std::string TextOf(HWND control) {
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(control)) + 1, '\0');
+    text.resize(static_cast<std::size_t>(
+        GetWindowTextA(control, text.data(), static_cast<int>(text.size()))));
+    return text;
   }
   /// The native control of that name.
   HWND Control(std::string_view name) const {
@@ -240,6 +248,20 @@ TEST_F(ShownWindow, AListKeepsItsPlaceWhenAnEntryGoesOrAllAreListedAnew) {
     EXPECT_EQ(SendMessageA(window, LB_GETTOPINDEX, 0, 0), 20) << name;
     EXPECT_EQ(SendMessageA(window, LB_GETCURSEL, 0, 0), LB_ERR) << name;
   }
+}
+
+TEST_F(ShownWindow, TheLogOnTheScreenDropsTheLinesThatTheViewDropped) {
+  RichTextView& log = form_.status.RTLog;
+  std::size_t longest = 0;
+  for (int line = 1; line <= 600; ++line) {
+    ShowLine(log, {kInfo,
+                   {{LogInk::Stamp, "2026-11-22 10:00:00: "},
+                    {LogInk::Info, "Login Server Started! " + std::to_string(line)}}});
+    longest = std::max(longest, log.Text().size());
+    if (line % 50 != 0) continue;
+    EXPECT_EQ(TextOf(Control("RTLog")), log.Text()) << line;
+  }
+  EXPECT_LT(log.Text().size(), longest);
 }
 
 }  // namespace
