@@ -24,15 +24,6 @@ void SetBound(Parameters& bounds, const char* name, const std::string& text) {
   }
 }
 
-/// Whether "Min" is before "Max", both in this spelling. It may differ in a hand-edited range.
-bool BoundsAreInOrder(const Parameters& bounds) {
-  std::string order;
-  bounds.ForEach([&order](std::string_view name, std::string_view) {
-    if (name == "Min" || name == "Max") order += name;
-  });
-  return order == "MinMax";
-}
-
 std::string BoundOrValue(Field& setting, const char* name) {
   const std::string bound = setting.Parameters().Parameter(name)->Value();
   return bound.empty() ? setting.Value() : bound;
@@ -144,10 +135,6 @@ void ParameterPanel::StoreRange(const std::string& name) {
   Fields& ranges = set_.Child()->Fields();
   if (IndexOfField(ranges, name) < 0) ranges.AddField(name);
   Parameters& bounds = ranges.SearchField(name)->Parameters();
-  if (!BoundsAreInOrder(bounds)) {
-    bounds.RemoveParameter("Min");
-    bounds.RemoveParameter("Max");
-  }
   SetBound(bounds, "Min", min);
   SetBound(bounds, "Max", max);
 }

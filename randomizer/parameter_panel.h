@@ -23,7 +23,8 @@ struct ParameterControls {
 /// can be given a range, and the list of the ranges.
 ///
 /// Names are compared exactly. Of two settings of one name the panel means the first, of two ranges
-/// of one name (hand-edited) the last. Choosing a setting never changes data.
+/// of one name (hand-edited) the last. Of a hand-edited range the numbers change and nothing else;
+/// a bound that it lacks is added at its end. Choosing a setting never changes data.
 class ParameterPanel {
  public:
   /// `document` is the randomizer's tree, whose child "Battle_Athena" holds the settings with their

@@ -227,6 +227,23 @@ TEST_F(StartUp, AllThreeAutoStartsAreRefusedByOneBox) {
   EXPECT_FALSE(launcher->Ended());
 }
 
+TEST_F(StartUp, TitleAndTipNameTheServerBeforeAnyIsStarted) {
+  machine.SetSetting("LoginAutoStart", "1");
+  const std::string title = "[Northwind] - Tarvo Launcher";
+  launcher = std::make_unique<Launcher>(machine);
+  int looks = 0;
+  machine.recorder.beforeEach = [&] {
+    if (!machine.recorder.Calls().back().starts_with("processes.snapshot(")) return;
+    ++looks;
+    EXPECT_EQ(launcher->Window().Title(), title);
+    EXPECT_EQ(machine.recorder.CountOf("tray.modify(" + title + ")"), 1u);
+  };
+  launcher->Start();
+  machine.recorder.beforeEach = nullptr;
+  EXPECT_GT(looks, 0);
+  EXPECT_EQ(machine.processes.Named(kLogin).size(), 1u);
+}
+
 TEST_F(StartUp, TwoAutoStartsStartOneByOne) {
   machine.SetSetting("LoginAutoStart", "1");
   machine.SetSetting("MapAutoStart", "1");

@@ -166,6 +166,17 @@ TEST_F(ShowWindows, AServerThatHangsIsNotWaitedForAndObeysLater) {
   EXPECT_FALSE(Visible(kMap));
 }
 
+TEST_F(ShowWindows, AWindowThatTheCrashWatchHasNotSeenYetIsLeftAlone) {
+  StartLauncher();
+  launcher->Click("bStart", 1);
+  machine.recorder.Forget();
+  launcher->Click("opt_ShowWin", 1);
+  EXPECT_EQ(machine.recorder.CountOf("windows."), 0u);
+  launcher->Pass(6s);
+  launcher->Click("opt_ShowWin", 1);
+  EXPECT_TRUE(Visible(kChar));
+}
+
 TEST_F(ShowWindows, EveryComponentCountsForItself) {
   StartAndLook();
   launcher->Click("opt_ShowWin", 0);

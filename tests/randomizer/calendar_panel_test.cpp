@@ -44,6 +44,21 @@ TEST_F(CalendarPanel, AddingAnEntryTwiceLeavesOneAndWritesBothTimes) {
   EXPECT_EQ(NewLog(), "");
 }
 
+TEST_F(CalendarPanel, AddingMeansExactNames) {
+  PutCalendar(Entry("mon_08:30", "Yes"));
+  Load();
+  Choose(0, 8, 30, 1);
+  Add();
+  EXPECT_EQ(CalendarFile(), Xml("Calendar", Entry("mon_08:30", "Yes") + Entry("Mon_08:30", "No")));
+}
+
+TEST_F(CalendarPanel, WithoutADayATypedTimeStaysAsItIs) {
+  Load();
+  Page().txt_Time[0].Type("7");
+  Add();
+  EXPECT_EQ(Page().txt_Time[0].Text(), "7");
+}
+
 TEST_F(CalendarPanel, WithoutADayTheFileIsWrittenAllTheSame) {
   PutCalendar(Entry("Mon_08:30", "Yes"));
   Load();
@@ -166,6 +181,7 @@ TEST_F(CalendarPanel, TimeBoxesTakeDigits) {
   for (char key : std::string("1:a-2.3")) box.PressKey(key);
   EXPECT_EQ(box.Text(), "12");
   for (const TextBox& each : Page().txt_Time) {
+    EXPECT_EQ(each.MaxLength(), 2u);
     for (int key = 0; key < 256; ++key) {
       const bool taken = key == 8 || (key >= '0' && key <= '9');
       EXPECT_EQ(each.LetsThrough(static_cast<char>(key)), taken) << key;

@@ -237,6 +237,14 @@ TEST_F(CalendarTicks, TheLastRunIsTheMomentAfterTheRestart) {
   EXPECT_EQ(machine.Setting("LastRandProcess"), "2026-11-23 08:31:20");
 }
 
+TEST_F(CalendarTicks, TheGuardComparesWithTheMinuteInWhichTheTickBegan) {
+  Begin(Entry("Mon_08:30", "Yes") + Entry("Mon_8:30", "No"));
+  life->randomizer.TheCalendar().restartRunning = [this] { machine.clock.Advance(70000); };
+  SetClock(1, 8, 30, 10);
+  Tick();
+  EXPECT_EQ(Runs(), 2);
+}
+
 TEST_F(CalendarTicks, TheLinesOfTheListCountNotTheDocument) {
   Begin(Entry("Mon_08:30", "No"));
   Fields& entries = life->randomizer.RandomizerDocument().Childs().Child("Calendar")->Fields();

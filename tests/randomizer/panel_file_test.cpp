@@ -59,37 +59,40 @@ TEST_F(Panel, ARangeWhoseNameTheFileCannotHoldIsGoneAtTheNextStart) {
   }
 }
 
-TEST_F(Panel, AnUpdatedRangeHasItsBoundsInTheirOrderHoweverItWasWritten) {
-  for (const char* written :
-       {"\t<drop_rate Max=\"2\"/>\r\n", "\t<drop_rate Max=\"2\" Min=\"1\"/>\r\n",
-        "\t<drop_rate min=\"1\" max=\"2\"/>\r\n", "\t<drop_rate/>\r\n"}) {
-    PutRanges(written);
+TEST_F(Panel, OfAHandEditedRangeTheNumbersChangeAndNothingElse) {
+  const std::pair<const char*, const char*> cases[] = {
+      {" Min=\"1\" Max=\"2\" note=\"x\"", " Min=\"5\" Max=\"6\" note=\"x\""},
+      {" Min=\"1\" note=\"x\" Max=\"2\"", " Min=\"5\" note=\"x\" Max=\"6\""},
+      {" Max=\"2\" Min=\"1\"", " Max=\"6\" Min=\"5\""},
+      {" min=\"1\" MAX=\"2\"", " min=\"5\" MAX=\"6\""},
+      {" Max=\"2\" Min=\"1\" Max=\"3\"", " Max=\"2\" Min=\"5\" Max=\"6\""},
+      {" Min=\"1\" note=\"x\"", " Min=\"5\" note=\"x\" Max=\"6\""},
+      {" Max=\"2\"", " Max=\"6\" Min=\"5\""},
+      {"", " Min=\"5\" Max=\"6\""},
+  };
+  for (const auto& [written, kept] : cases) {
+    PutRanges(std::string("\t<drop_rate") + written + "/>\r\n");
     Load();
     ChooseSetting("drop_rate");
     TypeRange("5", "6");
     Update();
-    EXPECT_EQ(RangesFile(), Xml("Randomize", Range("drop_rate", "5", "6"))) << written;
+    EXPECT_EQ(RangesFile(), Xml("Randomize", std::string("\t<drop_rate") + kept + "/>\r\n"))
+        << written;
   }
 }
 
-// What else a hand wrote into the line stays where it was.
-TEST_F(Panel, BoundsInTheirOrderKeepTheirPlaces) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"Min=\"1\" Max=\"2\" note=\"x\"", "Min=\"5\" Max=\"6\" note=\"x\""},
-      {"Min=\"1\" note=\"x\" Max=\"2\"", "Min=\"5\" note=\"x\" Max=\"6\""},
-      {"Max=\"2\" Min=\"1\" note=\"x\"", "note=\"x\" Min=\"5\" Max=\"6\""},
-      {"Min=\"1\" note=\"x\"", "note=\"x\" Min=\"5\" Max=\"6\""},
-      {"min=\"1\" Max=\"2\" note=\"x\"", "note=\"x\" Min=\"5\" Max=\"6\""},
+TEST_F(Panel, WhatElseAHandWroteIntoTheFileStays) {
+  const auto file = [](const std::string& bounds) {
+    return "<?xml version=\"1.1\" encoding=\"windows-1252\" application=\"Tarvo Launcher\"?>\r\n"
+           "<Randomize note=\"mine\">\r\n\t<drop_rate " +
+           bounds + "/>\r\n\t<group>\r\n\t\t<x>1</x>\r\n\t</group>\r\n</Randomize>\r\n";
   };
-  for (const auto& [written, kept] : cases) {
-    PutRanges(std::string("\t<drop_rate ") + written + "/>\r\n");
-    Load();
-    ChooseSetting("drop_rate");
-    TypeRange("5", "6");
-    Update();
-    EXPECT_EQ(RangesFile(), Xml("Randomize", std::string("\t<drop_rate ") + kept + "/>\r\n"))
-        << written;
-  }
+  machine.files.Put(kRangesFile, file("Min=\"1\" Max=\"2\""));
+  Load();
+  ChooseSetting("drop_rate");
+  TypeRange("5", "6");
+  Update();
+  EXPECT_EQ(RangesFile(), file("Min=\"5\" Max=\"6\""));
 }
 
 TEST_F(Panel, AFileThatCannotBeWrittenIsToldInTheEventLog) {
@@ -101,6 +104,18 @@ TEST_F(Panel, AFileThatCannotBeWrittenIsToldInTheEventLog) {
   EXPECT_EQ(RangesFile(), Xml("Randomize", Range("drop_rate", "3", "4")));
   EXPECT_EQ(Lines(Page().lstRnd), "drop_rate:3 to 4\nbase_exp_rate:1 to 2\n");
   EXPECT_EQ(machine.eventLog.Entries().back(), "Error en funci\xF3n StringtoFile");
+}
+
+TEST_F(Panel, ARefusedSetIsReadAgainForAChangeAlone) {
+  machine.files.Put(kRangesFile, "<Randomize>\r\n" + Range("drop_rate", "1", "2"));
+  Load();
+  TypeRange("abc", "5");
+  machine.recorder.Forget();
+  Update();
+  EXPECT_EQ(Box(), "Please, use numeric values!\n");
+  Remove();
+  EXPECT_EQ(machine.recorder.CountOf("files."), 0u);
+  EXPECT_EQ(NewLog(), "");
 }
 
 TEST_F(Panel, ASetThatCouldNotBeReadAtStartUpIsReadBeforeItIsChanged) {

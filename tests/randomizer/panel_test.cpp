@@ -112,6 +112,37 @@ TEST_F(Panel, BoundsThatRoundApartAreTaken) {
   }
 }
 
+TEST_F(Panel, UpdateMeansExactNames) {
+  PutServerFile("rate: 1\r\n");
+  PutRanges(Range("Rate", "1", "2"));
+  Load();
+  TypeRange("5", "6");
+  Update();
+  EXPECT_EQ(Lines(Page().lstRnd), "Rate:1 to 2\nrate:5 to 6\n");
+  EXPECT_EQ(RangesFile(), Xml("Randomize", Range("Rate", "1", "2") + Range("rate", "5", "6")));
+}
+
+TEST_F(Panel, OfTwoRangesOfOneNameTheLastIsMeantAndTheFirstIsSelected) {
+  PutServerFile("rate: 1\r\n");
+  PutRanges(Range("rate", "1", "2") + Range("rate", "3", "4"));
+  Load();
+  EXPECT_EQ(Page().rIni.Text(), "3");
+  EXPECT_EQ(Page().rEnd.Text(), "4");
+  TypeRange("5", "6");
+  Update();
+  EXPECT_EQ(Lines(Page().lstRnd), "rate:1 to 2\nrate:5 to 6\n");
+  EXPECT_EQ(Page().lstRnd.ListIndex(), 0);
+}
+
+TEST_F(Panel, OfTwoSettingsOfOneNameAClickedRangeChoosesTheFirst) {
+  PutServerFile("rate: 1\r\nother: 2\r\nrate: 3\r\n");
+  PutRanges(Range("rate", "5", "6"));
+  Load();
+  ChooseSetting("other");
+  ChooseRange("rate:5 to 6");
+  EXPECT_EQ(Page().cmdParam.ListIndex(), 0);
+}
+
 TEST_F(Panel, UpdateWithoutASettingDoesNothing) {
   PutServerFile("");
   Load();
