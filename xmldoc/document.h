@@ -168,7 +168,8 @@ class Document : public CountedNode<Document> {
 /// Makes the file at `fileName` hold `text`. An existing file is replaced only when `overwrite` is
 /// set; otherwise "StringToFile: File already exists (" and the name and ")" goes to the event log
 /// and the result is false. A fault leaves the file as it was, writes "StringToFile: Error " with
-/// its number and description to the event log and gives false.
+/// its number and description to the event log and gives false; memory that runs out is one, of
+/// number 7. Raises nothing.
 bool StringToFile(const std::string& fileName, const std::string& text, bool overwrite,
                   FileReader& reader, FileReplacer& replacer, EventLog& log);
 

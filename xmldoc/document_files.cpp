@@ -89,14 +89,19 @@ bool Document::StringtoFile(const std::string& text, const std::string& fileName
 
 bool StringToFile(const std::string& fileName, const std::string& text, bool overwrite,
                   FileReader& reader, FileReplacer& replacer, EventLog& log) {
-  if (!overwrite && reader.Exists(fileName)) {
-    log.WriteError("StringToFile: File already exists (" + fileName + ")");
-    return false;
+  try {
+    if (!overwrite && reader.Exists(fileName)) {
+      log.WriteError("StringToFile: File already exists (" + fileName + ")");
+      return false;
+    }
+    const std::optional<FileFault> fault = replacer.ReplaceText(fileName, text);
+    if (!fault) return true;
+    log.WriteError("StringToFile: Error " + std::to_string(fault->number) + "\r\n" +
+                   fault->description);
+  } catch (const std::exception&) {
+    // Whoever replaces the file needs memory for it, and so does the text of a fault.
+    log.WriteUnicodeError(u"StringToFile: Error 7\r\nOut of memory");
   }
-  const std::optional<FileFault> fault = replacer.ReplaceText(fileName, text);
-  if (!fault) return true;
-  log.WriteError("StringToFile: Error " + std::to_string(fault->number) + "\r\n" +
-                 fault->description);
   return false;
 }
 

@@ -1,5 +1,6 @@
 #include "xmldoc/node_key.h"
 
+#include "xmldoc/rules/letter_case.h"
 #include "xmldoc/rules/text_rules.h"
 
 namespace tarvo {
@@ -18,7 +19,7 @@ std::string_view WithoutQuotes(std::string_view value) {
 std::size_t EndOfStep(std::string_view path) {
   char quote = 0;
   bool inCondition = false;
-  for (std::size_t i = 0; i < path.size(); ++i) {
+  for (std::size_t i = 0; i < path.size(); i += CharacterLength(path, i)) {
     const char c = path[i];
     if (quote != 0) {
       if (c == quote) quote = 0;
@@ -36,7 +37,7 @@ std::size_t EndOfStep(std::string_view path) {
 }  // namespace
 
 NodeKey::NodeKey(std::string_view key) {
-  const auto at = key.find('@');
+  const auto at = FindText(key, "@");
   name_ = key.substr(0, at);
   if (at == std::string_view::npos) return;
   hasCondition_ = true;
@@ -58,7 +59,7 @@ std::string TakePathStep(std::string_view& path, bool& more) {
   std::string step(path.substr(0, end));
   more = end < path.size();
   path.remove_prefix(more ? end + 1 : end);
-  const auto at = step.find('@');
+  const auto at = FindText(step, "@");
   if (at != std::string::npos && at > 0 && step[at - 1] == '.') step.erase(at - 1, 1);
   return step;
 }

@@ -130,8 +130,10 @@ TEST(ScarceMemoryForDocuments, ATextThatIsStoredLeavesTheOldFileOrTheNewOne) {
     machine.files.Put(kFile, old);
     PatientReplacer replacer(machine.files, machine.clock);
     bool done = false;
-    run.Act(
+    const Ended ended = run.Act(
         [&] { done = StringToFile(kFile, text, true, machine.files, replacer, machine.eventLog); });
+    EXPECT_EQ(ended, Ended::Whole);
+    EXPECT_EQ(machine.eventLog.Entries().size(), done ? 0u : 1u);
     EXPECT_EQ(done, !run.Failed());
     EXPECT_EQ(machine.files.TextOf(kFile), done ? text : old);
   });

@@ -38,6 +38,12 @@ TEST_F(DocumentFiles, ImportGivesTheResultOfTheReading) {
   EXPECT_EQ(log.entries, Entries{});
 }
 
+TEST_F(DocumentFiles, ANameThatIsRefusedIsNoFaultOfTheFile) {
+  disk.files["x.xml"] = "<r b c=\"2\"><d/></r>";
+  EXPECT_FALSE(document->XMLImportFile("x.xml", disk, log));
+  EXPECT_EQ(log.entries, Entries{});
+}
+
 TEST_F(DocumentFiles, AMissingFileIsLogged) {
   EXPECT_FALSE(document->XMLImportFile("C:\\none.xml", disk, log));
   EXPECT_EQ(log.entries, Entries{"File not found: C:\\none.xml"});
@@ -120,6 +126,17 @@ TEST_F(DocumentFiles, StringToFileLogsNumberAndDescriptionOfAFault) {
   EXPECT_EQ(log.entries,
             Entries{"StringToFile: Error 112\r\nThere is not enough space on the disk."});
   EXPECT_EQ(disk.files["x.txt"], "old");
+}
+
+TEST_F(DocumentFiles, StringToFileRaisesNothing) {
+  struct NoMemory : FilesInMemory {
+    std::optional<FileFault> ReplaceText(const std::string&, const std::string&) override {
+      throw std::bad_alloc();
+    }
+  } scarce;
+  EXPECT_FALSE(StringToFile("x.txt", "new", true, scarce, scarce, log));
+  EXPECT_EQ(log.unicodeEntries, UnicodeEntries{u"StringToFile: Error 7\r\nOut of memory"});
+  EXPECT_EQ(log.entries, Entries{});
 }
 
 TEST_F(DocumentFiles, FetchesAUrlWithEverythingItIsGiven) {

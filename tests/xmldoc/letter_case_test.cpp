@@ -157,6 +157,38 @@ TEST(Letters, MayHaveTwoBytes) {
   }
 }
 
+// Their second bytes are those of "@", "A", "v" and "|".
+TEST(Letters, OfTwoBytesHoldNoSign) {
+  JapanesePage page;
+  const LettersInUse inUse(page);
+  const char* const document =
+      "<r><\x83\x40>1</\x83\x40><\x83\x7C>2</\x83\x7C><n x=\"\x83\x40\">3</n>"
+      "<g\x83\x40><x>4</x></g\x83\x40><q\x83\x40's a=\"1\"><h><x>5</x></h></q\x83\x40's></r>";
+  const Ref<Document> r = DocumentOf(document);
+  EXPECT_EQ(r->Fields().Field("\x83\x40")->Value(), "1");
+  EXPECT_EQ(r->Fields().Field("n@x=\x83\x40")->Value(), "3");
+  EXPECT_EQ(r->Childs().Child("g\x83\x40")->Fields().Count(), 1);
+  EXPECT_EQ(r->SelectSingleNode("g\x83\x40")->Fields().Count(), 1);
+  EXPECT_EQ(r->SelectSingleNode("q\x83\x40's.h")->Fields().Count(), 1);
+  EXPECT_EQ(r->SelectSingleNode("q\x83\x40's.@a=1.h")->Fields().Count(), 1);
+  const TemplateCase cases[] = {
+      {"<@field \x83\x40>", "1"},
+      {"<@field g\x83\x40.x>", "4"},
+      {"<@field con(VAR(\x83\x7C)=\x83\x7C, yes, no)>", "no"},
+      {"<@field con(VAR(\x83\x7C)=2, yes, no)>", "yes"},
+      {"<@field upp(\x83\x41(x))>", "\x83\x41(X)"},
+      {"<@field upp(\x83|(x))>", "\x83|(X)"},
+      {"<@field upp(a\x83\x41 low(X))>", "A\x83\x41 X"},
+      {"<@field ID=\"con(b\x83\x61->\x61, yes, no)\">", "no"},
+      {"<@field ID=\"con(b\x83\x41->\x83\x41, yes, no)\">", "yes"},
+      {"<@open ID=\"g\x83\x40\" when=\"\x83var(=\x83var(\">y<@close ID=\"g\x83\x40\">", "y"},
+      {"<@open ID=\"g\x83\x40\" when=\"\x83var(x)->ar(\">y<@close ID=\"g\x83\x40\">", "y"},
+  };
+  for (const TemplateCase& one : cases) {
+    EXPECT_EQ(Filled(document, one.source), one.outcome) << one.source;
+  }
+}
+
 TEST(Letters, OfTwoBytesDifferWhereTheirAsciiPartsDo) {
   JapanesePage page;
   const LettersInUse inUse(page);

@@ -36,6 +36,12 @@ TEST(Keys, TakeOffQuotesOfOneKindAlone) {
   }
 }
 
+TEST(Keys, EndTheNameAtTheFirstAtAndTheAttributeAtTheFirstEquals) {
+  const Ref<Document> root = Imported("<r><f m=\"a@b\">1</f><f q=\"x=y\">2</f></r>");
+  EXPECT_EQ(root->Fields().Field("f@m=a@b")->Value(), "1");
+  EXPECT_EQ(root->Fields().Field("f@q=x=y")->Value(), "2");
+}
+
 TEST(Keys, EndAStepNotWithinQuotesOfTheOtherKind) {
   const Ref<Document> root = Imported("<r><m a=\"it's.2\"><n><f>1</f></n></m></r>");
   root->Childs().AddChild("o");

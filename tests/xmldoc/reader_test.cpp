@@ -104,6 +104,9 @@ TEST(Reader, DeclarationSetsVersionAndEncodingOfTheRoot) {
            {"<?xml\r\nversion=\"1.2\"\r\nencoding=\"F\"?><r><a/></r>", "1.2", "F"},
            {"<?xml-x version=\"9\"?><r><a/></r>", "1.0", "ISO-8859-1"},
            {"<?xml?><r><a/></r>", "1.0", "ISO-8859-1"},
+           {"<?xml version=\"2\" encoding=\"x\" version=\"3\" encoding=\"y\"?><r><a/></r>", "3",
+            "y"},
+           {"<?xml version=\"2\"?><?xml version=\"3\"?><r><a/></r>", "3", "ISO-8859-1"},
            {"<?xml version=\"\"?><r><a/></r>", "1.0", "ISO-8859-1"},
            {"<?xml a b version=\"9\"?><r><a/></r>", "1.0", "ISO-8859-1"},
            {"<?xml version=\"9\"?>", "1.0", "ISO-8859-1"}}) {
@@ -234,6 +237,7 @@ TEST(Reader, ARefusedAttributeNameEndsTheReadingAndWhatWasReadStays) {
   Check({
       {"of a field", "<r><a/><f b c=\"2\"/><d/></r>", "r{a=,f=}", false, false},
       {"of a field, no value at all", "<r><f b c/></r>", "r{f=}", false, false},
+      {"with a good one behind it", "<r><f b c=\"2\" d=\"3\"/><g/></r>", "r{f=}", false, false},
       {"of a child", "<r><a/><g b c=\"2\"><d/></g></r>", "r{a=|g{}}", false, false},
       {"of a field, a value without its sign", "<r><f a \"x\"/></r>", "r{f=}", false, false},
       {"of the root", "<r b c=\"2\"><d/></r>", "r{}", false, false},

@@ -163,6 +163,10 @@ TEST(TemplateBlocks, KnowTheirAttributesByWholeNames) {
   EXPECT_EQ(Filled(kDocument, "<@open grid=\"x\" ID=\"b\" unstop=\"1\">.<@close ID=\"b\">"), "...");
 }
 
+TEST(TemplateBlocks, TakeTheFirstPlaceForAnAttribute) {
+  EXPECT_EQ(Filled(kDocument, "<@open ID=\"b\" when=\"x<>q id=c\">.<@close ID=\"b\">"), "...");
+}
+
 TEST(TemplateBlocks, MayHoldAGreaterSignInQuotes) {
   EXPECT_EQ(Filled(kDocument, "<@open ID=\"b\" when=\"var(x)>2\"><@field x><@close ID=\"b\">"),
             "3");

@@ -67,13 +67,14 @@ TEST(Conditions, CompareTheirSides) {
 
 TEST(Conditions, LookForTheirOperatorInAFixedOrder) {
   const TemplateCase cases[] = {
-      {"a=b>=a", "yes"},       // ">=" splits first: "a=b" is not below "a"
-      {"a<b<=a<c", "yes"},     // "<=" before "<"
-      {"a=b<>a=b", "no"},      // "<>" before "="
-      {"x=y->=", "yes"},       // "->" before "=": "x=y" contains "="
-      {"a>b=a>b", "yes"},      // "=" before ">"
-      {"a<b>a<a", "yes"},      // ">" before "<"
-      {"a=a=a", "no"},         // the first "=" splits
+      {"a=b>=a", "yes"},    // ">=" splits first: "a=b" is not below "a"
+      {"a<b<=a<c", "yes"},  // "<=" before "<"
+      {"a=b<>a=b", "no"},   // "<>" before "="
+      {"x=y->=", "yes"},    // "->" before "=": "x=y" contains "="
+      {"a>b=a>b", "yes"},   // "=" before ">"
+      {"a<b>a<a", "yes"},   // ">" before "<"
+      {"a=a=a", "no"},
+      {"b>a>c", "yes"},        // the first ">" splits: "b" is above "a>c"
       {"var(op)->>=", "yes"},  // ">=" goes first: the value and "->" against nothing
       {"var(op)<>var(level)", "yes"},
   };
@@ -84,6 +85,10 @@ TEST(Conditions, NeverFindOperatorsInValues) {
   EXPECT_EQ(Verdict("var(op)=var(op)"), "yes");
   EXPECT_EQ(Verdict("var(op)->b"), "yes");
   EXPECT_EQ(Verdict("var(op)=x"), "no");
+}
+
+TEST(Conditions, NeverFindOperatorsInNames) {
+  EXPECT_TRUE(Condition("var(a=b)<2").Holds(*DocumentOf("<r><a=b>1</a=b></r>")));
 }
 
 TEST(Conditions, CombineFromLeftToRight) {

@@ -228,6 +228,7 @@ TEST(TemplateFields, Choose) {
       {"con(VAR(op)=VAR(op),a,b)", "a"},
       {"con(VAR(name)=NIGHT'S WATCH,a,b)", "a"},
       {"con(upp(n)=VAR(nothing),a,b)", "b"},
+      {"ID=\"con(b>a>c,a,b)\"", "a"},  // the first ">" splits
       {"con(con(1=1,x,y)=x,a,b)", "a"},
       {"con(1=1, a b , c)", "a b"},
       {"con(1=1,yes,cal(1/0))", "yes"},
@@ -250,6 +251,7 @@ TEST(TemplateFields, StoreValues) {
       document->HTMLExport("<@field LET c.v=new><@field LET c.w=more><@field c.v><@field c.w>"),
       "newmore");
   EXPECT_EQ(document->HTMLExport("<@field LET nowhere.v=x><@field nowhere.v>"), "");
+  EXPECT_EQ(document->HTMLExport("<@field LET n=a=b><@field n>"), "a=b");
   EXPECT_EQ(document->HTMLExport("<@field set(s, upp(x))><@field set(s)><@field set(none)>"), "XX");
   EXPECT_EQ(document->HTMLExport("<@field con(1=2,set(s,never),no)><@field s>"), "noX");
   EXPECT_EQ(document->Fields().Count(), 6);

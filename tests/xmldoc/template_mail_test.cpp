@@ -63,6 +63,21 @@ TEST(TemplateMail, TakesNothingOfItsBodyForItsOwnWords) {
   EXPECT_FALSE(fakes.mailer.mails[0].html);
 }
 
+TEST(TemplateMail, TakesTheBeginningOfAnotherForItsBody) {
+  FakePorts fakes;
+  EXPECT_EQ(FilledBy(fakes, "<sendmail server=\"s\">a<sendmail server=\"t\">b</sendmail>c"), "c");
+  ASSERT_EQ(fakes.mailer.mails.size(), 1U);
+  EXPECT_EQ(fakes.mailer.mails[0].server, "s");
+  EXPECT_EQ(fakes.mailer.mails[0].body, "a<sendmail server=\"t\">b");
+}
+
+TEST(TemplateMail, LooksForItsEndBehindItsTag) {
+  FakePorts fakes;
+  EXPECT_EQ(FilledBy(fakes, "<sendmail server=\"s\" subject=\"</sendmail>\">a</sendmail>c"), "c");
+  ASSERT_EQ(fakes.mailer.mails.size(), 1U);
+  EXPECT_EQ(fakes.mailer.mails[0].body, "a");
+}
+
 TEST(TemplateMail, IsHtmlForOneAlone) {
   for (const char* html : {"0", "true", "", "11", "yes"}) {
     FakePorts fakes;

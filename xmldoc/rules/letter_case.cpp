@@ -115,4 +115,12 @@ std::size_t CasedLength(std::string_view text, std::size_t position) {
   return isPair ? 2 : 0;
 }
 
+std::size_t FindText(std::string_view text, std::string_view wanted, std::size_t from) {
+  if (letters->severalBytes == nullptr) return text.find(wanted, from);
+  for (; from + wanted.size() <= text.size(); from += CharacterLength(text, from)) {
+    if (text.substr(from).starts_with(wanted)) return from;
+  }
+  return std::string_view::npos;
+}
+
 }  // namespace tarvo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
@@ -51,6 +52,17 @@ std::string LowerCasedBut(std::string_view text, IsCapital isCapital);
 /// Bytes of the character that begins at `position`: 1 or 2, never beyond the end of the text. 0
 /// for a byte that has no case by itself.
 std::size_t CasedLength(std::string_view text, std::size_t position);
+/// The same, but 1 for such a byte, and for one before a byte that is no second one in any code
+/// page of Windows (below 40 hexadecimal).
+inline std::size_t CharacterLength(std::string_view text, std::size_t position) {
+  const bool isPair = CasedLength(text, position) == 2;
+  return isPair && static_cast<unsigned char>(text[position + 1]) >= 0x40 ? 2 : 1;
+}
+
+/// The first place from that character on where `wanted` begins, npos when there is none. What
+/// begins in the middle of a character, whose second byte may look like a letter or a sign, is
+/// none.
+std::size_t FindText(std::string_view text, std::string_view wanted, std::size_t from = 0);
 
 template <typename IsCapital>
 std::string LowerCasedBut(std::string_view text, IsCapital isCapital) {
@@ -59,7 +71,7 @@ std::string LowerCasedBut(std::string_view text, IsCapital isCapital) {
   for (std::size_t i = 0; i < cased.size() && i < upper.size();) {
     const std::size_t length = CasedLength(cased, i);
     if (isCapital(cased, i)) cased.replace(i, length, upper, i, length);
-    i += length == 0 ? 1 : length;
+    i += std::max<std::size_t>(length, 1);
   }
   return cased;
 }

@@ -24,7 +24,8 @@ std::string Normal(std::string_view text) {
 /// The text with every "var(" name ")" blotted out, so that no operator is found in a name.
 std::string WithoutNames(std::string_view text) {
   std::string blotted(text);
-  for (auto at = text.find(kVar); at != std::string_view::npos; at = text.find(kVar, at)) {
+  for (auto at = FindText(text, kVar); at != std::string_view::npos;
+       at = FindText(text, kVar, at)) {
     const auto end = text.find(')', at);
     if (end == std::string_view::npos) RaiseNoCondition();
     std::fill(blotted.begin() + static_cast<std::ptrdiff_t>(at),
@@ -73,7 +74,7 @@ Condition::Side Condition::ReadSide(std::string_view text) {
   Side side;
   text = WithoutOuterBlanks(text);
   for (;;) {
-    const auto at = text.find(kVar);
+    const auto at = FindText(text, kVar);
     const auto end = at == std::string_view::npos ? at : text.find(')', at);
     side.push_back({std::string(text.substr(0, at)), kNoPath});
     if (end == std::string_view::npos) return side;

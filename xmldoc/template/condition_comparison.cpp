@@ -75,7 +75,7 @@ bool Holds(Comparison comparison, std::string_view left, std::string_view right)
   left = WithoutOuterBlanks(left);
   right = WithoutOuterBlanks(right);
   if (comparison != Comparison::Contains) return HoldsOrdered(comparison, OrderOf(left, right));
-  return LowerCased(left).find(LowerCased(right)) != std::string::npos;
+  return FindText(LowerCased(left), LowerCased(right)) != std::string::npos;
 }
 
 std::string_view ComparisonSign(std::size_t order, DiffersSign differs) {

@@ -1,8 +1,10 @@
 #include "xmldoc/template/template_tokens.h"
 
+#include <algorithm>
 #include <string>
 
 #include "support/text.h"
+#include "xmldoc/rules/letter_case.h"
 #include "xmldoc/rules/text_rules.h"
 #include "xmldoc/template/template_error.h"
 #include "xmldoc/template/template_functions.h"
@@ -50,8 +52,15 @@ class Tokenizer {
       case '|':
         return TakeMark(Kind::Bar);
       default:
-        ++at_;
+        TakePlain();
     }
+  }
+
+  /// A character that means nothing by itself; a word may begin behind it unless it is of one.
+  void TakePlain() {
+    const bool isWordPart = IsWordPart(text_[at_]);
+    at_ += CharacterLength(text_, at_);
+    if (!isWordPart) wordStart_ = at_;
   }
 
   void TakeQuoted() {
@@ -63,14 +72,13 @@ class Tokenizer {
   }
 
   void TakeOpen() {
-    std::size_t word = at_;
-    while (word > textStart_ && IsWordPart(text_[word - 1])) --word;
+    std::size_t word = std::max(wordStart_, textStart_);
     while (word < at_ && !IsLetter(text_[word])) ++word;
     const std::string_view name = text_.substr(word, at_ - word);
     const bool inCalculation = !open_.empty() && open_.back().isInCalculation;
     if (name.empty() || (inCalculation && IsKeyword(name, "mod"))) {
       open_.push_back({kParenthesis, inCalculation});
-      ++at_;
+      TakePlain();
       return;
     }
     FlushText(word);
@@ -95,16 +103,13 @@ class Tokenizer {
       Add(Kind::Close, {});
       SkipTo(at_ + 1);
     } else {
-      ++at_;
+      TakePlain();
     }
     if (!open_.empty()) open_.pop_back();
   }
 
   void TakeMark(Kind kind) {
-    if (open_.empty() || open_.back().call == kParenthesis) {
-      ++at_;
-      return;
-    }
+    if (open_.empty() || open_.back().call == kParenthesis) return TakePlain();
     FlushText(at_);
     Add(kind, text_.substr(at_, 1));
     SkipTo(at_ + 1);
@@ -119,6 +124,7 @@ class Tokenizer {
   std::string_view text_;
   std::size_t at_ = 0;
   std::size_t textStart_ = 0;
+  std::size_t wordStart_ = 0;  // of the word that ends at at_; at_ when there is none
   std::vector<TemplateToken> tokens_;
   std::vector<Open> open_;  // calls and other parentheses
 };
