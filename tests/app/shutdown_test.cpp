@@ -67,6 +67,14 @@ TEST_F(Shutdown, ACloseIsRefusedWhileAServerIsKnownToRun) {
   }
 }
 
+TEST_F(Shutdown, AProcessIdMayBeOfAnySize) {
+  machine.processes.NumberFrom(0x80000000u);
+  StartWithAllServers();
+  launcher->Close();
+  EXPECT_EQ(machine.boxes.NewTexts(), "Please, stop servers before close this application\n");
+  EXPECT_FALSE(launcher->Ended());
+}
+
 TEST_F(Shutdown, RequestsThatComeUnderTheRefusalsBoxOpenNoOther) {
   StartWithAllServers();
   machine.boxes.whileNextIsOpen = [this] {
@@ -240,6 +248,7 @@ TEST_F(Shutdown, AFatalFaultLetsNothingTickUnderItsBoxAndAfterIt) {
   EXPECT_EQ(launcher->ExitCode(), 1);
   launcher->Pass(1min);
   EXPECT_EQ(machine.recorder.Count(), calls);
+  EXPECT_EQ(machine.network.Stops(), 0);
   EXPECT_EQ(machine.processes.Named(kLogin).size(), 1u);
 }
 

@@ -14,6 +14,7 @@ class StartUp : public LauncherStory {
     EXPECT_EQ(launcher->ExitCode(), exitCode);
     EXPECT_FALSE(launcher->Window().Visible());
     EXPECT_EQ(machine.recorder.CountOf("registry.write"), 0u);
+    EXPECT_EQ(machine.network.Stops(), 0);
     EXPECT_EQ(machine.boxes.Shown().back().icon, BoxIcon::Critical);
     EXPECT_EQ(machine.boxes.Shown().back().buttons, BoxButtons::Ok);
     EXPECT_EQ(launcher->Ticks(), 0u);
@@ -94,6 +95,18 @@ TEST_F(StartUp, OnlyAnUnusualCheckIntervalIsTold) {
                                  "10:00:00 1 Login Check Interval: 15 seconds.\n"
                                  "10:00:00 1 Map Check Interval: 1.5 seconds.\n"
                                  "10:00:00 0 Launcher Ready!\n"),
+            std::string::npos)
+      << launcher->Log();
+}
+
+TEST_F(StartUp, ACheckIntervalIsToldToTheMillisecond) {
+  machine.SetSetting("LoginChkInterval", "10001");
+  machine.SetSetting("CharChkInterval", "12345");
+  machine.SetSetting("MapChkInterval", "9999");
+  StartLauncher();
+  EXPECT_NE(launcher->Log().find("10:00:00 1 Login Check Interval: 10.001 seconds.\n"
+                                 "10:00:00 1 Char Check Interval: 12.345 seconds.\n"
+                                 "10:00:00 1 Map Check Interval: 9.999 seconds.\n"),
             std::string::npos)
       << launcher->Log();
 }
@@ -266,6 +279,8 @@ TEST_F(StartUp, RefusedAutoStartsAskOnceForEachAndLeaveTheLauncherReady) {
             "Please, select the right servers from the list\n");
   EXPECT_FALSE(launcher->Ended());
   EXPECT_TRUE(launcher->Window().Visible());
+  EXPECT_FALSE(launcher->TheForm().randomizer.cmdParam.Items().empty());
+  EXPECT_EQ(launcher->TheForm().randomizer.lstDay.ListIndex(), 0);
 }
 
 TEST_F(StartUp, ACloseUnderARefusedAutoStartsBoxIsTheEndOfTheStart) {
@@ -311,6 +326,25 @@ TEST_F(StartUp, RunningServersAreToldAndWithAutoStartAdopted) {
   EXPECT_EQ(Process(kMap).id, map);
   EXPECT_EQ(launcher->Of(ComponentKind::Map).ProcessId, 0u);
   EXPECT_EQ(Page(), 0);
+}
+
+TEST_F(StartUp, AnyOfTheThreeInMemoryIsTold) {
+  for (const char* name : kServers) {
+    const ProcessId id = machine.processes.StartForeign(name);
+    StartLauncher();
+    EXPECT_EQ(launcher->CountInLog("Attention!, server components found in memory."), 1u) << name;
+    EXPECT_EQ(Page(), 0) << name;
+    machine.processes.Crash(id);
+  }
+}
+
+TEST_F(StartUp, OnlyWhatIsChosenIsLookedForInMemory) {
+  machine.SetSetting("LoginExe", kLogin);
+  machine.files.Remove(std::string("C:\\srv\\") + kLogin);
+  machine.processes.StartForeign(kLogin);
+  StartLauncher();
+  EXPECT_EQ(launcher->CountInLog("Attention!, server components found in memory."), 0u);
+  EXPECT_EQ(Page(), 1);
 }
 
 TEST_F(StartUp, WithoutAutoStartRunningServersAreLeftAloneAndDoNotHinderTheClose) {

@@ -147,6 +147,12 @@ TEST_F(Configuration, APortThatIsNoNumberIsAFaultThatNamesItsLine) {
   }
 }
 
+TEST_F(Configuration, ABadPortIsAFaultBeforeTheNextFileIsMissed) {
+  machine.PutConf("C:\\srv", "login_port: x\r\n", "");
+  machine.files.Remove("C:\\srv\\conf\\map_athena.conf");
+  EXPECT_THROW(Read(), RuntimeError);
+}
+
 TEST_F(Configuration, ABadPortIsAFaultEvenWhenALaterLineWouldMendIt) {
   EXPECT_EQ(FaultOfChar("char_port: x\r\nchar_port: 6121\r\n"), "13 char_port: x");
 }
@@ -189,7 +195,7 @@ TEST_F(Configuration, AConfOfAHundredMegabytesIsReadToItsLastLine) {
 
 TEST_F(Configuration, BytesOfEveryValueComeOutAsTheyWentIn) {
   std::string every;
-  for (int byte = 1; byte < 256; ++byte) {
+  for (int byte = 0; byte < 256; ++byte) {
     if (byte != '\r' && byte != '\n') every += static_cast<char>(byte);
   }
   EXPECT_EQ(ReadChar("char_ip:" + every + "\r\n").endpoints[ComponentKind::Char].host, every);

@@ -65,7 +65,9 @@ TEST(SavedSettings, ComeBackByteForByte) {
   Values changed = kSavedDefaults;
   changed["LoginExe"] = kMap;
   changed["MapExe"] = kLogin;
+  changed["LoginTimeout"] = "007";
   changed["CharTimeout"] = "7";
+  changed["MapTimeout"] = "";
   changed["LoginPri"] = "-1";
   changed["MapPri"] = "4";
   for (const char* flag : {"CharAutoStart", "WriteLog", "StartMinimized", "RunAtStartup",

@@ -108,6 +108,8 @@ class SimProcesses final : public Processes, public ForeignWindows {
   void Raise(WindowHandle window);
   /// The window vanishes at the moment at which a walk stands on it and asks for the next one.
   void VanishUnderWalk(WindowHandle window) { vanishing_.push_back(window); }
+  /// The next process gets an id just above this one.
+  void NumberFrom(ProcessId last) { lastId_ = last; }
   /// No launch finds its file.
   void LoseExecutables() { executablesLost_ = true; }
 

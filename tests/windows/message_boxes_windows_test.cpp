@@ -20,6 +20,7 @@ struct Seen {
   bool topmost = false;
   bool toolWindow = false;  ///< Such a window has no button in the taskbar.
   bool hasIcon = false;
+  HICON picture = nullptr;  ///< Beside the text.
 };
 
 /// The operator of one box: looks at it as soon as it stands, then does `act`.
@@ -39,6 +40,12 @@ int DefaultButtonOf(HWND box) {
   return 0;
 }
 
+BOOL CALLBACK TakePicture(HWND window, LPARAM argument) {
+  const auto icon = reinterpret_cast<HICON>(SendMessageA(window, STM_GETICON, 0, 0));
+  if (icon != nullptr) *reinterpret_cast<HICON*>(argument) = icon;
+  return icon == nullptr;
+}
+
 void CALLBACK LookAtBox(HWND, UINT, UINT_PTR timer, DWORD) {
   const HWND box = FindWindowA("#32770", "Tarvo Launcher");
   if (box == nullptr) return;
@@ -56,6 +63,7 @@ void CALLBACK LookAtBox(HWND, UINT, UINT_PTR timer, DWORD) {
   seen.topmost = (GetWindowLongA(box, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
   seen.toolWindow = (GetWindowLongA(box, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
   seen.hasIcon = SendMessageA(box, WM_GETICON, ICON_BIG, 0) != 0;
+  EnumChildWindows(box, &TakePicture, reinterpret_cast<LPARAM>(&seen.picture));
   current->act(box);
 }
 
@@ -84,6 +92,17 @@ TEST_F(WindowsMessageBoxesTest, AnOkBoxBearsTheTitleOfTheProgram) {
   EXPECT_TRUE(operator_.seen.hasOk);
   EXPECT_FALSE(operator_.seen.hasYes);
   EXPECT_FALSE(operator_.seen.hasNo);
+}
+
+TEST_F(WindowsMessageBoxesTest, EachIconIsTheSystems) {
+  const std::pair<BoxIcon, LPCSTR> icons[] = {{BoxIcon::Critical, IDI_HAND},
+                                              {BoxIcon::Exclamation, IDI_EXCLAMATION},
+                                              {BoxIcon::Question, IDI_QUESTION},
+                                              {BoxIcon::Information, IDI_ASTERISK}};
+  for (const auto& [icon, name] : icons) {
+    AskAndPress({"Text", icon, BoxButtons::Ok, false}, IDOK);
+    EXPECT_EQ(operator_.seen.picture, LoadIconA(nullptr, name)) << static_cast<int>(icon);
+  }
 }
 
 TEST_F(WindowsMessageBoxesTest, AQuestionIsAnsweredYesOrNo) {
