@@ -211,6 +211,30 @@ TEST_F(Crashes, AMapCrashTellsOfTheOthersEvenWhenNoneRuns) {
             "10:00:15 0 Map Server Started [High Priority]\n");
 }
 
+TEST_F(Crashes, ARemnantIsEndedBeforeTheCrashIsTold) {
+  const std::string before = LastFailure();
+  machine.processes.CloseWindows(Process(kMap).id);
+  int kills = 0;
+  machine.recorder.beforeEach = [&] {
+    if (!machine.recorder.Calls().back().starts_with("processes.end(")) return;
+    ++kills;
+    EXPECT_EQ(launcher->Log(), "");
+    EXPECT_EQ(LastFailure(), before);
+  };
+  launcher->Pass(5s);
+  machine.recorder.beforeEach = nullptr;
+  EXPECT_EQ(kills, 1);
+  EXPECT_EQ(launcher->CountInLog("Map Server crashed, restarting..."), 1u);
+}
+
+TEST_F(Crashes, ARemnantThatRefusesToDieIsAdoptedAndWhatItsProbeSaysCounts) {
+  Process(kMap).program.refusesToDie = true;
+  machine.processes.CloseWindows(Process(kMap).id);
+  launcher->Pass(5s);
+  EXPECT_EQ(launcher->CountInLog("[map-server.exe] was found in memory!"), 1u);
+  EXPECT_EQ(launcher->Of(ComponentKind::Map).AlarmState, AlarmState::Healthy);
+}
+
 TEST_F(Crashes, ARemnantThatTakesItsTimeToDieIsReplacedAtTheNextCheckAtTheLatest) {
   machine.processes.Program(kMap).dyingTime = 300;
   Crash(kMap);

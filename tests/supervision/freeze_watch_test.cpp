@@ -285,6 +285,76 @@ TEST_F(Freezes, AnAutokillTimeEmptiedInAFreezeIsFatalAtTheNextProbe) {
   EXPECT_EQ(machine.processes.Named(kLogin).size(), 1u);
 }
 
+TEST_F(Freezes, AnEmptiedAutokillTimeIsNotAskedForWhenTheServerAnswers) {
+  Watch("15");
+  Freeze(kLogin);
+  launcher->Pass(3s);
+  launcher->Type("TTO", 0, "");
+  Thaw(kLogin);
+  launcher->Pass(2s);
+  EXPECT_EQ(launcher->CountInLog("Login server is back!"), 1u);
+  EXPECT_FALSE(launcher->Ended());
+}
+
+TEST_F(Freezes, AnEmptiedAutokillTimeIsNotAskedForWithAutokillUnchecked) {
+  Watch("15");
+  Freeze(kLogin);
+  launcher->Pass(3s);
+  launcher->Type("TTO", 0, "");
+  launcher->Check("chkAK", 0, false);
+  launcher->Pass(1min);
+  EXPECT_FALSE(launcher->Ended());
+  EXPECT_EQ(launcher->RunningTimers(ComponentKind::Login), "LCtrl TLogin");
+}
+
+TEST_F(Freezes, AnEmptiedAutokillTimeIsFatalInTheSystemsFirstSecondToo) {
+  AdoptFrozenAt(0);
+  launcher->Type("TTO", 0, "");
+  launcher->Pass(3s);
+  EXPECT_TRUE(launcher->Ended());
+  EXPECT_EQ(launcher->ExitCode(), 1);
+}
+
+TEST_F(Freezes, WithAnAutokillTimeBelowZeroTheKillIsAtOnce) {
+  Watch("15");
+  launcher->Type("TTO", 0, "-5");
+  Freeze(kLogin);
+  launcher->Pass(2s);
+  EXPECT_EQ(launcher->Log(),
+            "10:00:13 1 Login server freeze!... waiting...\n"
+            "10:00:13 2 Shuting down Login...\n");
+}
+
+TEST_F(Freezes, EachServerHasItsOwnTime) {
+  for (const ComponentKind kind : kComponents) {
+    Watch("300");
+    launcher->Type("TTO", IndexOf(kind), "5");
+    for (const char* executable : kServers) Freeze(executable);
+    launcher->Pass(20s);
+    for (const ComponentKind other : kComponents) {
+      const std::string line = std::string("Shuting down ") + NameOf(other) + "...";
+      EXPECT_EQ(launcher->CountInLog(line), other == kind ? 1u : 0u) << NameOf(kind);
+    }
+    for (const char* executable : kServers) Thaw(executable);
+    launcher->Click("bStart", 4);
+  }
+}
+
+TEST_F(Freezes, AFreezeBeginsWhenTheProbeIsOver) {
+  Watch("15");
+  Process(kLogin).answer = PortAnswer::TimesOut;
+  std::optional<std::uint32_t> begun;
+  machine.recorder.beforeEach = [&] {
+    if (!begun && machine.recorder.Calls().back().starts_with("sockets.connect(")) {
+      begun = machine.clock.Milliseconds();
+    }
+  };
+  launcher->Pass(4s);
+  machine.recorder.beforeEach = nullptr;
+  ASSERT_TRUE(begun);
+  EXPECT_EQ(launcher->Of(ComponentKind::Login).FreezeStart, *begun / 1000 + 1);
+}
+
 TEST_F(Freezes, AFreezeInTheSystemsFirstSecondIsNeverKilled) {
   AdoptFrozenAt(0);
   ASSERT_EQ(launcher->RunningTimers(ComponentKind::Login), "LCtrl TLogin");

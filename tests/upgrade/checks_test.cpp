@@ -37,6 +37,12 @@ TEST_F(UpgradeChecks, AnyEmptyBoxIsRefused) {
   }
 }
 
+TEST_F(UpgradeChecks, ABoxOfBlanksNamesAFileThatIsMissing) {
+  StartReady();
+  TypePath(ComponentKind::Char, "  ");
+  ExpectRefusal("2 Update Error: File missing:   \n", "File missing:   ", BoxIcon::Critical);
+}
+
 TEST_F(UpgradeChecks, TwoBoxesWithTheSameTextAreRefused) {
   const std::size_t pairs[][2] = {{0, 1}, {0, 2}, {1, 2}};
   for (const auto& pair : pairs) {

@@ -38,6 +38,14 @@ TEST_F(UpgradeByHand, WithEverythingStoppedReplacesAllAndStartsNothing) {
   EXPECT_EQ(machine.processes.Launches(), 0u);
 }
 
+TEST_F(UpgradeByHand, WithSlowCopiesHasOneStampForAllBackupsAndEndsAtItsEnd) {
+  StartReady();
+  machine.files.SetAttemptTime(40000);
+  PressUpgrade();
+  EXPECT_EQ(Lying(), kAllUpgraded);
+  EXPECT_EQ(machine.Setting("LASTUPDATE"), "2026-11-21 10:04:00");
+}
+
 TEST_F(UpgradeByHand, WithEverythingRunningStopsCopiesAndStartsInOrder) {
   StartRunning();
   machine.boxes.AnswerNext(Answer::Yes);
