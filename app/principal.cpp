@@ -91,8 +91,9 @@ Principal::Principal(const Machine& machine)
 void Principal::WireControls() {
   dispatch_.onFault = [this](const RuntimeError& fault) { ShowFault(fault); };
   dispatch_.onOwnFault = [this](OwnFault fault) { machine_.selfRestart.Die(fault); };
+  // Under a message box the servers are watched on, and so is their state.
+  dispatch_.onEnd = [this] { states_.Look(); };
   dispatch_.onQuiet = [this] {
-    states_.Look();
     commands_.EndEvent();
     OrderRestart();
   };

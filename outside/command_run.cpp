@@ -27,7 +27,9 @@ class CommandRun {
 
   int Ask(const Command& command);
   int Wait(const Command& command);
-  void Print(const std::string& text) { ports_.console.PrintText(OutputStream::Output, text); }
+  bool Print(const std::string& text) {
+    return ports_.console.PrintText(OutputStream::Output, text);
+  }
   int Complain(int exitCode, const std::string& text) {
     ports_.console.PrintText(OutputStream::Error, text);
     return exitCode;
@@ -57,12 +59,11 @@ CommandAnswer CommandRun::Call(const Command& command, std::uint32_t longestWait
 int CommandRun::Ask(const Command& command) {
   const CommandAnswer answer = Call(command, kLongestAnswerTime);
   if (answer.exitCode != kCommandDone) return Complain(answer.exitCode, answer.text);
-  if (command.verb == CommandVerb::State && command.form != StateForm::Text) {
-    ports_.console.PrintUtf8(OutputStream::Output, answer.text);
-  } else if (!answer.text.empty()) {
-    Print(answer.text);
-  }
-  return kCommandDone;
+  const bool forPrograms = command.verb == CommandVerb::State && command.form != StateForm::Text;
+  const bool printed = answer.text.empty() ||
+                       (forPrograms ? ports_.console.PrintUtf8(OutputStream::Output, answer.text)
+                                    : Print(answer.text));
+  return printed ? kCommandDone : Complain(kCommandRefused, "The output cannot be written.\n");
 }
 
 /// A launcher that is starting is waited for, too. At least one look, however short the time is.

@@ -22,8 +22,8 @@ struct CommandPorts {
 bool IsAnsweredHere(const CommandLine& line);
 
 /// Carries out a command: prints what there is to print, the reason of a refusal on standard error,
-/// and returns the program's exit code. Output that gets lost, as into a pipe that nobody reads,
-/// changes nothing.
+/// and returns the program's exit code. A launcher's answer that is not taken whole, as by a disk
+/// that is full or a pipe that nobody reads, is a refusal: who reads half a state must know it.
 int RunCommand(const CommandLine& line, const CommandPorts& ports);
 
 /// Milliseconds that the launcher may take for its answer; an upgrade copies files.

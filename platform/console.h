@@ -14,7 +14,8 @@ class Console {
   virtual ~Console() = default;
   /// Prints a text of the system's code page, whose lines end with LF or CR LF; they come out with
   /// CR LF. On a console its letters are shown as they are, whatever the console's code page; a
-  /// file or a pipe gets the system's code page. False when not all of it could be written.
+  /// file or a pipe gets the system's code page. False when file, pipe or console did not take all
+  /// of it; where there is none of them, nothing gets lost.
   virtual bool PrintText(OutputStream stream, const std::string& text) = 0;
   /// Prints UTF-8 for other programs: a file or a pipe gets these very bytes, a console the letters
   /// that they mean. False as above.

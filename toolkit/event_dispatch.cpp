@@ -9,6 +9,7 @@ void EventDispatch::Run(const std::function<void()>& event) {
   if (closed_) return;
   ++depth_;
   Handle(event);
+  if (onEnd) Handle(onEnd);
   if (--depth_ == 0 && onQuiet) Handle(onQuiet);
 }
 

@@ -33,7 +33,10 @@ class EventDispatch {
 
   std::function<void(const RuntimeError&)> onFault;  ///< The dispatch is already closed.
   std::function<void(OwnFault)> onOwnFault;
-  /// The outermost event has ended, even if it closed the dispatch.
+  /// An event has ended, one that came under the dialog of another included, even if it closed the
+  /// dispatch.
+  std::function<void()> onEnd;
+  /// The outermost event has ended likewise; after `onEnd`.
   std::function<void()> onQuiet;
 
  private:

@@ -70,13 +70,13 @@ bool WindowsConsole::PrintText(OutputStream stream, const std::string& text) {
   const Target& target = TargetOf(stream);
   const std::string whole = WithLineEnds(text);
   if (target.isConsole) return WriteLetters(target.handle, WideTextOf(whole));
-  return target.handle != INVALID_HANDLE_VALUE && WriteBytes(target.handle, whole);
+  return target.handle == INVALID_HANDLE_VALUE || WriteBytes(target.handle, whole);
 }
 
 bool WindowsConsole::PrintUtf8(OutputStream stream, const std::string& utf8) {
   const Target& target = TargetOf(stream);
   if (target.isConsole) return WriteLetters(target.handle, WideOfUtf8(WithLineEnds(utf8)));
-  return target.handle != INVALID_HANDLE_VALUE && WriteBytes(target.handle, utf8);
+  return target.handle == INVALID_HANDLE_VALUE || WriteBytes(target.handle, utf8);
 }
 
 const WindowsConsole::Target& WindowsConsole::TargetOf(OutputStream stream) {

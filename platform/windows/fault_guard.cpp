@@ -24,7 +24,7 @@ constexpr DWORD kCxxException = 0x20474343;  // As the compiler's own throw rais
 /// Everything that a fault needs, in the program's own image. It begins as zeros.
 struct Guard {
   const char* version = nullptr;  ///< Set before anything watches for faults.
-  DWORD started = 0;
+  ULONGLONG started = 0;
   char program[kLongestPath] = {};
   char commandLine[kLongestPath] = {};
   bool startsAgain = false;
@@ -41,7 +41,7 @@ struct Guard {
 
 Guard guard;
 
-bool StartsAgain() { return guard.startsAgain && GetTickCount() - guard.started >= kShortestLife; }
+bool StartsAgain() { return guard.startsAgain && GetTickCount64() - guard.started >= kShortestLife; }
 
 bool InOwnImage(const void* address) {
   MEMORY_BASIC_INFORMATION page{};
@@ -177,7 +177,7 @@ bool Put(char (&room)[kLongestPath], const std::string& text) {
 
 void WatchForFaults(const char* version) {
   guard.version = version;
-  guard.started = GetTickCount();
+  guard.started = GetTickCount64();
   const DWORD length = GetModuleFileNameA(nullptr, guard.program, kLongestPath);
   if (length == 0 || length >= kLongestPath) guard.program[0] = '\0';
   guard.reserve = VirtualAlloc(nullptr, kReserve, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);

@@ -35,6 +35,12 @@ std::optional<BY_HANDLE_FILE_INFORMATION> Identify(const std::string& path) {
 
 Outcome WindowsFileCopies::ReadLastModified(const std::string& path,
                                             std::chrono::sys_seconds& time) {
+  // By handle: by name the date of a symbolic link would be the link's own.
+  const auto found = Identify(path);
+  if (found) {
+    time = SecondsOf(found->ftLastWriteTime);
+    return std::nullopt;
+  }
   WIN32_FILE_ATTRIBUTE_DATA data{};
   if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) == 0) {
     return FileFaultOf(GetLastError());

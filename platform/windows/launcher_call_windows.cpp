@@ -85,7 +85,7 @@ class OpenCall {
             PipeName(address_).c_str(),
             PIPE_ACCESS_INBOUND | FILE_FLAG_FIRST_PIPE_INSTANCE | FILE_FLAG_OVERLAPPED,
             PIPE_TYPE_BYTE | PIPE_READMODE_BYTE | PIPE_WAIT | PIPE_REJECT_REMOTE_CLIENTS, 1, 0,
-            static_cast<DWORD>(kLongestAnswer), 0, nullptr)),
+            static_cast<DWORD>(kLongestAnswer), 0, OpenToOwnUser().Attributes())),
         connection_(pipe_.Get()) {
     if (pipe_.Valid()) connection_.Begun(ConnectNamedPipe(pipe_.Get(), connection_.Record()));
   }

@@ -142,6 +142,22 @@ TEST_F(CommandDeskTest, RandomizeIsTheButton) {
   EXPECT_EQ(Send({"--randomize"}), "1: Randomizer Error: " + file + " file can't be loaded\n");
 }
 
+TEST_F(CommandDeskTest, TheStateUnderABoxIsThatOfTheMoment) {
+  StartWithAllServers();
+  std::string state;
+  machine.boxes.whileNextIsOpen = [&] {
+    Crash(kMap);
+    launcher->Pass(std::chrono::seconds(20));
+    EXPECT_EQ(Send({"--wait", "listening", "map", "0"}), "0: ");
+    Crash(kMap);
+    launcher->Pass(std::chrono::seconds(6));
+    EXPECT_EQ(Send({"--wait", "listening", "map", "0"}), "4: ");
+    state = Send({"--state", "json"});
+  };
+  launcher->Close();
+  EXPECT_NE(state.find("\"crash\":2,"), std::string::npos) << state;
+}
+
 TEST_F(CommandDeskTest, WhileABoxIsOpenOnlyTheStateIsTold) {
   StartLauncher();
   Send({"--start", "login"});

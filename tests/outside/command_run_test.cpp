@@ -136,10 +136,16 @@ TEST_F(CommandRunTest, AWaitWithoutALauncherIsOver) {
   EXPECT_EQ(console.error, "No launcher runs in this server root.\n");
 }
 
-TEST_F(CommandRunTest, OutputThatGetsLostChangesNothing) {
+TEST_F(CommandRunTest, AStateThatIsNotTakenWholeIsRefused) {
   launcher.Answers(0, "state\n");
-  console.leadsNowhere = true;
-  EXPECT_EQ(Run({"--state"}), 0);
+  console.takesNothing = true;
+  for (const char* form : {"text", "json", "prometheus"}) {
+    EXPECT_EQ(Run({"--state", form}), 1) << form;
+    EXPECT_EQ(std::exchange(console.error, {}), "The output cannot be written.\n") << form;
+  }
+  launcher.results = {};
+  launcher.Answers(0);
+  EXPECT_EQ(Run({"--start", "all"}), 0) << "has nothing to say";
 }
 
 TEST(CommandRecordTest, AnswersComeBackAsTheyWere) {

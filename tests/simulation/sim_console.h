@@ -18,11 +18,11 @@ class SimConsole final : public Console {
 
   std::string output;
   std::string error;
-  bool leadsNowhere = false;
+  bool takesNothing = false;  ///< As on a full disk.
 
  private:
   bool Take(OutputStream stream, const std::string& text) {
-    if (leadsNowhere) return false;
+    if (takesNothing && stream == OutputStream::Output) return false;
     (stream == OutputStream::Output ? output : error) += text;
     return true;
   }

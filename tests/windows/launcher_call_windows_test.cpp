@@ -59,6 +59,60 @@ TEST(AnswerLinesWindowsTest, ACallerWhoDoesNotReadIsNotWaitedFor) {
   EXPECT_LT(GetTickCount() - begun, 500U);
 }
 
+/// A launcher's window that looks who may write into the line that it is given.
+struct LookingLauncher {
+  static LRESULT CALLBACK Handle(HWND window, UINT message, WPARAM w, LPARAM l) {
+    if (message != WM_COPYDATA) return DefWindowProcA(window, message, w, l);
+    const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(l);
+    const std::string address(static_cast<const char*>(data->lpData), kAddressLength);
+    const KernelHandle pipe(CreateFileA(("\\\\.\\pipe\\TarvoLauncherAnswer_" + address).c_str(),
+                                        GENERIC_WRITE | READ_CONTROL, 0, nullptr, OPEN_EXISTING, 0,
+                                        nullptr));
+    DWORD size = 0;
+    GetKernelObjectSecurity(pipe.Get(), DACL_SECURITY_INFORMATION, rights, sizeof rights, &size);
+    WriteFile(pipe.Get(), "x", 1, &size, nullptr);
+    return TRUE;
+  }
+  alignas(8) static inline BYTE rights[4096] = {};
+};
+
+// What an administrator's program makes is closed to the launcher of the same user by itself.
+TEST(LauncherCallWindowsTest, TheLineIsOpenToItsUserHimself) {
+  WNDCLASSA looks{};
+  looks.lpfnWndProc = &LookingLauncher::Handle;
+  looks.lpszClassName = "LookingLauncher";
+  RegisterClassA(&looks);
+  const HWND window = CreateWindowExA(0, looks.lpszClassName, "", WS_OVERLAPPEDWINDOW, 0, 0, 9, 9,
+                                      nullptr, nullptr, nullptr, nullptr);
+  ASSERT_NE(window, nullptr);
+  {
+    WindowsInstanceLock lock;
+    ASSERT_TRUE(lock.Acquire("tarvo_test_call"));
+    lock.Publish("tarvo_test_call", reinterpret_cast<std::intptr_t>(window));
+    EXPECT_EQ(WindowsLauncherCall().Call("tarvo_test_call", "record", 5000).answer, "x");
+  }
+  DestroyWindow(window);
+  KernelHandle token;
+  ASSERT_TRUE(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.Receive()));
+  alignas(8) BYTE user[256] = {};
+  DWORD size = 0;
+  ASSERT_TRUE(GetTokenInformation(token.Get(), TokenUser, user, sizeof user, &size));
+  ACL* list = nullptr;
+  BOOL has = FALSE;
+  BOOL byDefault = FALSE;
+  ASSERT_TRUE(GetSecurityDescriptorDacl(LookingLauncher::rights, &has, &list, &byDefault));
+  ASSERT_TRUE(has && list != nullptr);
+  EXPECT_EQ(list->AceCount, 3);
+  int own = 0;
+  for (DWORD i = 0; i < list->AceCount; ++i) {
+    ACCESS_ALLOWED_ACE* entry = nullptr;
+    ASSERT_TRUE(GetAce(list, i, reinterpret_cast<void**>(&entry)));
+    const bool writes = (entry->Mask & FILE_GENERIC_WRITE) == FILE_GENERIC_WRITE;
+    if (writes && EqualSid(&entry->SidStart, reinterpret_cast<TOKEN_USER*>(user)->User.Sid)) ++own;
+  }
+  EXPECT_EQ(own, 1);
+}
+
 TEST(LauncherCallWindowsTest, WithoutALauncherThereIsNoneToCall) {
   const CallResult result = WindowsLauncherCall().Call("tarvo_test_call", "record", 1000);
   EXPECT_EQ(result.end, CallEnd::NoLauncher);
