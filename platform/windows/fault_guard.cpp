@@ -41,7 +41,9 @@ struct Guard {
 
 Guard guard;
 
-bool StartsAgain() { return guard.startsAgain && GetTickCount64() - guard.started >= kShortestLife; }
+bool StartsAgain() {
+  return guard.startsAgain && GetTickCount64() - guard.started >= kShortestLife;
+}
 
 bool InOwnImage(const void* address) {
   MEMORY_BASIC_INFORMATION page{};

@@ -40,6 +40,14 @@ DWORD CheckTarget(const std::wstring& target) {
   return OpenShared(target, GENERIC_WRITE | DELETE).Valid() ? ERROR_SUCCESS : GetLastError();
 }
 
+/// Whether a file of that name was deleted and is there until a scanner has closed it: on older
+/// systems, and on other volumes than NTFS, all access to it is denied meanwhile, the look at its
+/// attributes included.
+bool Lingers(const std::wstring& path) {
+  return GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES &&
+         GetLastError() == ERROR_ACCESS_DENIED;
+}
+
 DWORD MakeBeside(const std::wstring& target, const std::wstring& beside, SwapSteps& steps,
                  const MakeContent& make) {
   // One that a killed launcher has left may have the attributes of its target.
@@ -93,10 +101,11 @@ std::optional<FileFault> SwapContent(const std::string& path, const wchar_t* end
   const bool complete = error == ERROR_SUCCESS;
   if (complete) error = steps.SwapIn(beside, target);
   if (error == ERROR_SUCCESS) return std::nullopt;
+  const bool lingers = error == ERROR_ACCESS_DENIED && Lingers(beside);
   SetFileAttributesW(beside.c_str(), FILE_ATTRIBUTE_NORMAL);
   DeleteFileW(beside.c_str());
   FileFault fault = FileFaultOf(error);
-  if (complete && error == ERROR_ACCESS_DENIED) fault.trouble = FileTrouble::Held;
+  if (lingers || (complete && error == ERROR_ACCESS_DENIED)) fault.trouble = FileTrouble::Held;
   return fault;
 }
 

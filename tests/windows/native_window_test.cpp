@@ -137,6 +137,29 @@ TEST_F(ShownWindow, ComesBackWhenItsScreenIsGone) {
   EXPECT_LE(area.bottom, screenHeight);
 }
 
+TEST_F(ShownWindow, AMoveBackFromAScreenThatIsGoneIsNotTheOperators) {
+  MoveTo(GetSystemMetrics(SM_CXSCREEN) + 500, 30);
+  const auto moved = form_.frame.window.Standing();
+  ASSERT_TRUE(moved);
+  Tell(WM_DISPLAYCHANGE, 32, 0);
+  EXPECT_LT(Area().left, moved->left);
+  EXPECT_EQ(form_.frame.window.Standing(), moved);
+}
+
+TEST(WindowToBeShown, KeepsAPlaceInMindThatIsOutOfReachNow) {
+  const Place away{30000, 30000, 900, 700};
+  WindowsTickClock clock;
+  TimerQueue timers{clock};
+  Form form{timers};
+  EventDispatch dispatch;
+  const NativeWindow window{form, timers, dispatch};
+  form.frame.window.SetStanding(away);
+  form.frame.window.SetVisible(true);
+  MSG message{};
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
+  EXPECT_EQ(form.frame.window.Standing(), away);
+}
+
 TEST_F(ShownWindow, StaysWhereItCanBeReachedWhenTheScreensChange) {
   MoveTo(120, 90);
   Tell(WM_DISPLAYCHANGE, 32,

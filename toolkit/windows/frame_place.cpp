@@ -79,9 +79,13 @@ void FramePlace::Take(const Place& place) const {
 
 void FramePlace::TakeWanted() {
   const auto& wanted = control_.Standing();
-  if (!wanted || wanted == known_) return;
+  if (!wanted || wanted == asked_ || wanted == known_) return;
+  asked_ = wanted;
+  if (!WithinReach(*wanted, TitleHeight(), Screens())) return;
   known_ = wanted;
-  if (WithinReach(*wanted, TitleHeight(), Screens())) Take(Enlarged(*wanted));
+  Take(Enlarged(*wanted));
+  // On a screen of another scale the system has suggested a size, made of this one, that was taken.
+  if (PlaceOf(window_) != Enlarged(*wanted)) Take(Enlarged(*wanted));
 }
 
 void FramePlace::Enlarge() {
@@ -90,12 +94,10 @@ void FramePlace::Enlarge() {
   Take(FittedInto(Enlarged(place), ScreenOf(window_)));
 }
 
-void FramePlace::KeepQuiet() {
-  if (!known_) known_ = PlaceOf(window_);
-}
+void FramePlace::KeepQuiet() { known_ = PlaceOf(window_); }
 
 void FramePlace::Report() {
-  if (!IsWindowVisible(window_) || IsIconic(window_) || IsZoomed(window_)) return;
+  if (quiet_ || !IsWindowVisible(window_) || IsIconic(window_) || IsZoomed(window_)) return;
   const Place place = PlaceOf(window_);
   if (place == known_) return;
   known_ = place;
@@ -104,8 +106,13 @@ void FramePlace::Report() {
 
 void FramePlace::KeepWithinReach() {
   const Place place = PlaceOf(window_);
-  if (IsIconic(window_) || WithinReach(place, TitleHeight(), Screens())) return;
+  if (IsIconic(window_) || IsZoomed(window_)) return;
+  if (WithinReach(place, TitleHeight(), Screens())) return;
+  // Not the operator's move: his place counts again once its screen is back.
+  quiet_ = true;
   Take(FittedInto(Enlarged(place), ScreenOf(window_)));
+  quiet_ = false;
+  KeepQuiet();
 }
 
 void FramePlace::Limit(MINMAXINFO& limits) const {

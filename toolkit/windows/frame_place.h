@@ -44,7 +44,9 @@ class FramePlace {
   MainWindow& control_;
   const Look& look_;
   std::function<Extent()> needed_;
-  std::optional<Place> known_;  ///< The place that program and window agree on.
+  bool quiet_ = false;
+  std::optional<Place> asked_;  ///< The place that the program wanted last, in reach or not.
+  std::optional<Place> known_;  ///< Where the window is without the operator's doing.
 };
 
 /// The scroll bars of a window that is smaller than what is in it.
