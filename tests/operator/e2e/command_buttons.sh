@@ -35,8 +35,9 @@ grep -qx 'tarvo_component_restarts_total{component="map",cause="other"} 1' "$WIN
 launcher=$(wine_path "$ROOT/tarvo-launcher.exe")
 piped=$(wine_run "$launcher" --state prometheus | grep -c '^# TYPE ') || fail "nothing came through a pipe"
 expect_equal "$piped" "$(grep -c '^# TYPE ' "$WINE_DIR/said")" "metrics through a pipe"
-# A reader that goes away before it has read is no fault.
-wine_run "$launcher" --state json | true || fail "a pipe that nobody reads"
+# A state that is not taken whole is a refusal, so that no script swaps half of one in.
+wine_run "$launcher" --state json >/dev/full 2>"$WINE_DIR/complaint" && fail "a full disk is not told"
+grep -q "The output cannot be written." "$WINE_DIR/complaint" || fail "$(cat "$WINE_DIR/complaint")"
 
 expect_answer 0 "" "" --stop all
 close_launcher
