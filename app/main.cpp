@@ -21,8 +21,9 @@ int AnswerCommand(const tarvo::CommandLine& line) {
   tarvo::WindowsLauncherCall launcher;
   tarvo::WindowsTickClock clock;
   tarvo::WindowsCodePage codePage;
-  const tarvo::ServerRoot root(tarvo::TextOf(tarvo::OwnExecutablePath()), codePage);
-  return tarvo::RunCommand(line, {console, launcher, clock, root.InstanceName(), tarvo::kVersion});
+  const std::string folder = tarvo::RealFolderOf(tarvo::OwnExecutablePath());
+  return tarvo::RunCommand(
+      line, {console, launcher, clock, tarvo::InstanceNameOf(folder, codePage), tarvo::kVersion});
 }
 
 int CheckRoot(const tarvo::Machine& machine, bool json) {

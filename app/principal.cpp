@@ -32,6 +32,7 @@ Principal::Principal(const Machine& machine)
       letters_(machine.codePage),
       perUserRegistry_(machine.registry),
       root_(machine.executablePath, machine.codePage),
+      instanceName_(InstanceNameOf(machine.realFolder, machine.codePage)),
       registry_(perUserRegistry_, root_.SettingsKey()),
       store_(registry_, root_.SettingsKey()),
       timers_(machine.tickClock),

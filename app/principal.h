@@ -67,7 +67,7 @@ class Principal {
   const ComponentTable& Components() const { return components_; }
 
   /// The name under which the machine knows this root's one launcher.
-  std::string InstanceName() const { return root_.InstanceName(); }
+  const std::string& InstanceName() const { return instanceName_; }
 
  private:
   void WireControls();
@@ -113,6 +113,7 @@ class Principal {
   LettersInUse letters_;
   PerUserRegistry perUserRegistry_;
   ServerRoot root_;
+  const std::string instanceName_;
   HandedSettings registry_;
   SettingsStore store_;
   EventDispatch dispatch_;

@@ -18,12 +18,15 @@ ServerRoot::ServerRoot(const std::string& executablePath, CodePage& codePage) {
   if (LowerCase(executableName_).ends_with(".exe")) {
     executableName_.resize(executableName_.size() - 4);
   }
-  instanceName_ = clsMD5().DigestStrToHexStr(codePage.Lowered(WithSeparator()));
   std::string marked = WithSeparator();
   for (const std::size_t place : SeparatorsIn(marked, codePage)) marked[place] = '_';
   // No code page has a second byte that looks like ":".
   for (char& c : marked) c = c == ':' ? '_' : c;
   rootHash_ = clsMD5().DigestStrToHexStr(marked);
+}
+
+std::string InstanceNameOf(const std::string& folder, CodePage& codePage) {
+  return clsMD5().DigestStrToHexStr(codePage.Lowered(folder + "\\"));
 }
 
 std::vector<std::size_t> SeparatorsIn(const std::string& path, CodePage& codePage) {

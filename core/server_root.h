@@ -30,16 +30,16 @@ class ServerRoot {
   const std::string& RootHash() const { return rootHash_; }
   /// The registry key of this root's settings.
   std::string SettingsKey() const { return kSettingsKeyPrefix + RootHash(); }
-  /// The name by which the machine knows this root's one launcher, the same in any letter case of
-  /// the path.
-  const std::string& InstanceName() const { return instanceName_; }
 
  private:
   std::string appFolder_;
   std::string executableName_;
-  std::string instanceName_;
   std::string rootHash_;
 };
+
+/// The name by which the machine knows the one launcher of a folder, the same in any letter case of
+/// its path. `folder` ends without a "\".
+std::string InstanceNameOf(const std::string& folder, CodePage& codePage);
 
 /// The positions of each "\" in a path that is a character of its own, first to last. In the code
 /// pages of East Asia the second byte of a character may look like one.

@@ -66,6 +66,9 @@ struct Machine {
   /// False when the path has letters that the system's code page does not have: `executablePath`,
   /// which has others in their place, names nothing then, or something else.
   bool pathInCodePage = true;
+  /// The folder that the executable stands in, without a "\\" at its end. It is the same by
+  /// whatever name the program was started: a short name, a substituted drive, a junction, a share.
+  std::string realFolder;
 };
 
 }  // namespace tarvo

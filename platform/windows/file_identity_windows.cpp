@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/windows/code_page_windows.h"
-
 namespace tarvo {
 namespace {
 
@@ -79,15 +77,15 @@ std::chrono::sys_seconds SecondsOf(const FILETIME& time) {
       std::chrono::seconds(ticks / kTicksInSecond - kSecondsFrom1601To1970));
 }
 
-std::wstring RealName(const std::string& path) {
-  std::wstring name = WideTextOf(path);
-  const KernelHandle file = OpenShared(name, 0);
+std::wstring RealName(const std::wstring& path) {
+  // The flag opens folders, too.
+  const KernelHandle file = OpenShared(path, 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
   const DWORD size =
       file.Valid() ? GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED) : 0;
-  if (size == 0) return name;
+  if (size == 0) return path;
   std::wstring real(size, L'\0');
   real.resize(GetFinalPathNameByHandleW(file.Get(), real.data(), size, FILE_NAME_NORMALIZED));
-  return real.empty() || real.size() >= size ? name : real;
+  return real.empty() || real.size() >= size ? path : real;
 }
 
 void InheritIdentity(const std::wstring& old, const std::wstring& fresh) {

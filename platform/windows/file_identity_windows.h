@@ -16,9 +16,9 @@ KernelHandle OpenShared(const std::wstring& path, DWORD access, DWORD dispositio
 /// A file's time, which the system counts in 100 ns from 1601 on.
 std::chrono::sys_seconds SecondsOf(const FILETIME& time);
 
-/// The path of the file itself: a symbolic link's target, otherwise the given path. A file
-/// that is not there, and one that cannot be asked, has the given path.
-std::wstring RealName(const std::string& path);
+/// The path of the file or folder itself: a symbolic link's target, otherwise the given path. What
+/// is not there, and what cannot be asked, has the given path.
+std::wstring RealName(const std::wstring& path);
 
 /// Gives `fresh`, which will take the place of `old` by a rename, what belongs to the old file and
 /// not to its content: rights, moment of creation, attributes, and the named streams that the fresh

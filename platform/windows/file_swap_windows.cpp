@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/windows/code_page_windows.h"
 #include "platform/windows/file_identity_windows.h"
 #include "platform/windows/handle_windows.h"
 #include "platform/windows/system_message_windows.h"
@@ -94,7 +95,7 @@ SwapSteps& SystemSteps() {
 
 std::optional<FileFault> SwapContent(const std::string& path, const wchar_t* ending,
                                      SwapSteps& steps, const MakeContent& make) {
-  const std::wstring target = RealName(path);
+  const std::wstring target = RealName(WideTextOf(path));
   if (const DWORD error = CheckTarget(target)) return FileFaultOf(error);
   const std::wstring beside = target + ending;
   DWORD error = MakeBeside(target, beside, steps, make);

@@ -9,6 +9,7 @@
 #include "platform/windows/fault_guard.h"
 #include "platform/windows/file_copies_windows.h"
 #include "platform/windows/file_dialog_windows.h"
+#include "platform/windows/file_identity_windows.h"
 #include "platform/windows/file_inspection_windows.h"
 #include "platform/windows/files_windows.h"
 #include "platform/windows/foreign_windows_windows.h"
@@ -35,6 +36,23 @@ std::wstring OwnExecutablePath() {
   }
   path.resize(length);
   return path;
+}
+
+std::string RealFolderOf(const std::wstring& executablePath) {
+  // With its "\\": a drive without one is its current folder.
+  const std::wstring given = executablePath.substr(0, executablePath.rfind(L'\\') + 1);
+  std::wstring real = RealName(given);
+  constexpr std::wstring_view kShare = L"\\\\?\\UNC\\";
+  constexpr std::wstring_view kLongPath = L"\\\\?\\";
+  if (real.starts_with(kShare)) {
+    real.replace(0, kShare.size(), L"\\\\");
+  } else if (real.starts_with(kLongPath)) {
+    real.erase(0, kLongPath.size());
+  }
+  std::string folder = TextOf(real);
+  if (WideTextOf(folder) != real) folder = TextOf(given);
+  if (folder.ends_with('\\')) folder.pop_back();
+  return folder;
 }
 
 struct WindowsMachine::Adapters {
@@ -108,7 +126,8 @@ Machine WindowsMachine::Ports() {
           all.networkInspection,
           all.clipboard,
           text,
-          WideTextOf(text) == path};
+          WideTextOf(text) == path,
+          RealFolderOf(path)};
 }
 
 void WindowsMachine::SetOwner(std::intptr_t window) {

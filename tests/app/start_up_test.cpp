@@ -453,6 +453,25 @@ TEST_F(StartUp, LettersOfAnotherCaseAreTheSameRootAndAnotherFolderIsAnother) {
   EXPECT_FALSE(other.Ended());
 }
 
+TEST_F(StartUp, ASecondNameOfTheFolderIsTheSameRoot) {
+  StartLauncher();
+  machine.PutConf("X:", UsualCharConf(), UsualMapConf());
+  machine.launcherPath = "X:\\tarvo-launcher.exe";
+  machine.launcherRealFolder = "C:\\srv";
+  Launcher sameRoot(machine);
+  sameRoot.Start();
+  EXPECT_TRUE(sameRoot.Ended());
+  EXPECT_EQ(sameRoot.ExitCode(), 0);
+  EXPECT_EQ(machine.locks.broughtToFront.size(), 1U);
+  // The settings follow the name that the operator gave.
+  machine.launcherRealFolder = "C:\\other";
+  machine.SetSetting("LoginChkInterval", "15000");
+  Launcher other(machine);
+  other.Start();
+  EXPECT_FALSE(other.Ended());
+  EXPECT_NE(other.Log().find("Login Check Interval: 15 seconds."), std::string::npos);
+}
+
 TEST_F(StartUp, TwoRootsWithOneDigestShareTheirSettings) {
   for (const char* folder : {"C:\\a\\b", "C:\\a_b"}) {
     machine.PutConf(folder, UsualCharConf(), UsualMapConf());

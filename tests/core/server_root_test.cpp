@@ -100,11 +100,15 @@ TEST(InstanceName, IsTheSameInAnyLetterCaseOfTheCodePage) {
                {949, "\xD1\xA1", "\xF1\xA1", false}};
   for (const auto& c : cases) {
     const auto nameOf = [&c](const std::string& folder) {
-      return RootOf("C:\\srv" + folder + "\\l.exe", c.codePage).InstanceName();
+      SimCodePage its;
+      its.Use(c.codePage);
+      return InstanceNameOf("C:\\srv" + folder, its);
     };
     EXPECT_EQ(nameOf(c.capital) == nameOf(c.small), c.same) << c.codePage << ' ' << c.capital;
   }
-  EXPECT_EQ(RootOf("C:\\SRV\\l.exe").InstanceName(), RootOf("c:\\srv\\other.exe").InstanceName());
+  SimCodePage western;
+  EXPECT_EQ(InstanceNameOf("C:\\SRV", western), InstanceNameOf("c:\\srv", western));
+  EXPECT_NE(InstanceNameOf("C:\\SRV", western), InstanceNameOf("C:\\SRV2", western));
 }
 
 TEST(SettingsKey, IsThePrefixWithTheHashBehindIt) {

@@ -45,14 +45,40 @@ SimMachine::SimMachine() {
 }
 
 Machine SimMachine::PortsFor(InstanceLock& lock) {
-  return {registry,   files,         files,        files,
-          processes,  processes,     network,      clock,
-          clock,      memory,        boxes,        lock,
-          tray,       icons,         codePage,     copies,
-          fileDialog, files,         eventLog,     random,
-          documents,  workingFolder, files,        selfRestart,
-          scripts,    answerLines,   inspection,   inspection,
-          inspection, clipboard,     launcherPath, launcherPathInCodePage};
+  const std::string folder = ServerRoot(launcherPath, codePage).AppFolder();
+  return {registry,
+          files,
+          files,
+          files,
+          processes,
+          processes,
+          network,
+          clock,
+          clock,
+          memory,
+          boxes,
+          lock,
+          tray,
+          icons,
+          codePage,
+          copies,
+          fileDialog,
+          files,
+          eventLog,
+          random,
+          documents,
+          workingFolder,
+          files,
+          selfRestart,
+          scripts,
+          answerLines,
+          inspection,
+          inspection,
+          inspection,
+          clipboard,
+          launcherPath,
+          launcherPathInCodePage,
+          launcherRealFolder.value_or(folder)};
 }
 
 void SimMachine::BuryLauncher() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/machine.h"
@@ -62,6 +63,8 @@ class SimMachine {
   SimAnswerLines answerLines{recorder};
   std::string launcherPath = "C:\\srv\\tarvo-launcher.exe";
   bool launcherPathInCodePage = true;
+  /// Where `launcherPath` really is, when it stands in a folder with a second name.
+  std::optional<std::string> launcherRealFolder;
 
   /// The ports of one program on this machine.
   Machine PortsFor(InstanceLock& lock);

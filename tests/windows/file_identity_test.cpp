@@ -13,25 +13,6 @@ namespace {
 using test::BytesOf;
 using test::TestFolder;
 
-/// Makes a symbolic link. Wine's call says that it did and makes none, so the host's own program
-/// is asked there.
-bool MakeLink(const std::string& link, const std::string& target) {
-  CreateSymbolicLinkA(link.c_str(), target.c_str(), 0);
-  if (GetFileAttributesA(link.c_str()) != INVALID_FILE_ATTRIBUTES) return true;
-  std::string command = "Z:\\bin\\ln -s " + target + " " + link;
-  STARTUPINFOA startup{};
-  startup.cb = sizeof(startup);
-  PROCESS_INFORMATION process{};
-  if (CreateProcessA("Z:\\bin\\ln", command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                     &startup, &process) == 0) {
-    return false;
-  }
-  const KernelHandle handle(process.hProcess);
-  const KernelHandle thread(process.hThread);
-  return test::Within(5000,
-                      [&] { return GetFileAttributesA(link.c_str()) != INVALID_FILE_ATTRIBUTES; });
-}
-
 /// Who has which rights of a file, in the system's own bytes.
 std::string RightsOf(const std::string& path) {
   char rights[1024] = {};
@@ -115,7 +96,7 @@ TEST_P(KeptIdentity, IsTheLinkAndTheFileWhereItLeads) {
   folder_.MakeFolder("elsewhere");
   const std::string real = folder_.Write("elsewhere\\real.exe", "old");
   const std::string link = folder_.File("link.exe");
-  ASSERT_TRUE(MakeLink("link.exe", "elsewhere/real.exe"));
+  ASSERT_TRUE(test::MakeLink("link.exe", "elsewhere/real.exe"));
   ASSERT_EQ(BytesOf(link), "old");
   EXPECT_TRUE(Replace(link));
   EXPECT_EQ(BytesOf(real), "new");
@@ -144,8 +125,8 @@ TEST_P(KeptIdentity, AScannerThatDoesNotShareForDeletionHoldsTheFile) {
 }
 
 TEST(RealName, IsThePathItselfWhereThereIsNoFile) {
-  EXPECT_EQ(RealName("C:\\none\\at all.txt"), L"C:\\none\\at all.txt");
-  EXPECT_EQ(RealName(""), L"");
+  EXPECT_EQ(RealName(L"C:\\none\\at all.txt"), L"C:\\none\\at all.txt");
+  EXPECT_EQ(RealName(L""), L"");
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include <cstdio>
 
+#include "platform/windows/handle_windows.h"
+
 namespace tarvo::test {
 namespace {
 
@@ -62,6 +64,25 @@ std::string TestFolder::Write(const std::string& name, const std::string& bytes)
 std::string TestFolder::MakeFolder(const std::string& name) const {
   CreateDirectoryA(File(name).c_str(), nullptr);
   return File(name);
+}
+
+bool MakeLink(const std::string& link, const std::string& target) {
+  const DWORD kind = GetFileAttributesA(target.c_str()) & FILE_ATTRIBUTE_DIRECTORY;
+  CreateSymbolicLinkA(link.c_str(), target.c_str(), kind != 0 ? SYMBOLIC_LINK_FLAG_DIRECTORY : 0);
+  const auto isThere = [&] { return GetFileAttributesA(link.c_str()) != INVALID_FILE_ATTRIBUTES; };
+  if (isThere()) return true;
+  // Wine's call says that it did and makes none, so the host's own program is asked there.
+  std::string command = "Z:\\bin\\ln -s " + target + " " + link;
+  STARTUPINFOA startup{};
+  startup.cb = sizeof(startup);
+  PROCESS_INFORMATION process{};
+  if (CreateProcessA("Z:\\bin\\ln", command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                     &startup, &process) == 0) {
+    return false;
+  }
+  const KernelHandle handle(process.hProcess);
+  const KernelHandle thread(process.hThread);
+  return Within(5000, isThere);
 }
 
 std::string BytesOf(const std::string& path) {

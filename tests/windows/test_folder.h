@@ -26,6 +26,10 @@ class TestFolder {
   std::string formerFolder_;
 };
 
+/// Makes a symbolic link in the current folder to a file or folder in it, whose path has "/" and no
+/// space.
+bool MakeLink(const std::string& link, const std::string& target);
+
 /// The bytes of a file; "" when it cannot be read.
 std::string BytesOf(const std::string& path);
 

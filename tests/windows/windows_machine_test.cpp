@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/windows/code_page_windows.h"
 #include "platform/windows/handle_windows.h"
 #include "platform/windows/system_message_windows.h"
 #include "tests/windows/test_folder.h"
@@ -22,6 +23,23 @@ TEST(WindowsMachineTest, HandsOutPortsThatWork) {
   EXPECT_FALSE(ports.processes.Snapshot().empty());
   EXPECT_GT(ports.memoryStatus.TotalPhysical(), 0);
   EXPECT_TRUE(ports.pathInCodePage);
+}
+
+TEST(WindowsMachineTest, AFolderWithTwoNamesIsOneFolder) {
+  const test::TestFolder folder;
+  folder.MakeFolder("real");
+  ASSERT_TRUE(test::MakeLink("second", "real"));
+  const std::string real = folder.File("real");
+  EXPECT_EQ(RealFolderOf(WideTextOf(real + "\\l.exe")), real);
+  EXPECT_EQ(RealFolderOf(WideTextOf(folder.File("second\\l.exe"))), real);
+  EXPECT_EQ(RealFolderOf(WideTextOf(R"(\\?\)" + real + "\\l.exe")), real);
+  EXPECT_EQ(RealFolderOf(L"C:\\l.exe"), "C:");
+  EXPECT_EQ(RealFolderOf(L"C:\\is not there\\l.exe"), "C:\\is not there");
+  EXPECT_EQ(RealFolderOf(L"\\\\host\\none\\l.exe"), "\\\\host\\none");
+  WindowsMachine machine;
+  const Machine ports = machine.Ports();
+  EXPECT_EQ(ports.realFolder + ports.executablePath.substr(ports.executablePath.rfind('\\')),
+            ports.executablePath);
 }
 
 TEST(WindowsMachineTest, TheWorkingFolderIsTheOneThatWasMovedInto) {

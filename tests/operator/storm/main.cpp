@@ -20,6 +20,7 @@
 #include "platform/windows/code_page_windows.h"
 #include "platform/windows/instance_lock_windows.h"
 #include "platform/windows/launcher_call_windows.h"
+#include "platform/windows/windows_machine.h"
 
 namespace tarvo {
 namespace {
@@ -93,7 +94,8 @@ int Trouble(const std::string& name, int count) {
 int main(int argc, char** argv) {
   if (argc != 4) return 2;
   tarvo::WindowsCodePage codePage;
-  const std::string name = tarvo::ServerRoot(argv[1], codePage).InstanceName();
+  const std::string name =
+      tarvo::InstanceNameOf(tarvo::RealFolderOf(tarvo::WideTextOf(argv[1])), codePage);
   const int count = std::atoi(argv[3]);
   return std::string(argv[2]) == "asks" ? tarvo::Ask(name, count) : tarvo::Trouble(name, count);
 }
