@@ -15,6 +15,9 @@ namespace tarvo {
 namespace {
 
 constexpr DWORD kShortestLife = 60000;  // Milliseconds.
+/// How long the event log may take, in milliseconds: a successor takes a window that is still there
+/// after half a second for that of somebody alive.
+constexpr DWORD kLongestEntry = 300;
 constexpr std::size_t kReserve = 1024 * 1024;
 constexpr ULONG kStackAfterOverflow = 128 * 1024;
 constexpr DWORD kNoMemory = 0xC0000017;      // STATUS_NO_MEMORY
@@ -88,6 +91,19 @@ void StartSuccessor() {
                  &guard.startup, &guard.successor);
 }
 
+DWORD WINAPI EndSoon(void* code) {
+  Sleep(kLongestEntry);
+  TerminateProcess(GetCurrentProcess(), static_cast<DWORD>(reinterpret_cast<std::uintptr_t>(code)));
+  return 0;
+}
+
+/// Ends the program even when the thread that is at it hangs from now on.
+void EndOnTime(DWORD code) {
+  void* argument = reinterpret_cast<void*>(static_cast<std::uintptr_t>(code));
+  const HANDLE thread = CreateThread(nullptr, 0, &EndSoon, argument, 0, nullptr);
+  if (thread != nullptr) CloseHandle(thread);
+}
+
 void WriteEntry(const FaultFacts& facts) {
   AddFaultText(guard.entry, facts);
   const HANDLE source = RegisterEventSourceA(nullptr, "Tarvo Launcher");
@@ -108,7 +124,10 @@ void Tell(DWORD code, const void* address) {
   guard.reserve = nullptr;
   const FaultFacts facts = FactsOf(code, address);
   WriteLine(facts);
-  if (facts.startsAgain) StartSuccessor();
+  if (facts.startsAgain) {
+    StartSuccessor();
+    EndOnTime(code);
+  }
   WriteEntry(facts);
 }
 

@@ -34,7 +34,7 @@ inline constexpr char kManual[] =
   operator layout                        prints what overlaps, is cut or has no name; 1 if any
   operator follow NAME [INDEX] SECONDS   prints the lines of a control as they come
 
-  operator fault access|memory|abort|throw   makes the launcher's faulty build fail so
+  operator fault access|memory|abort|throw|unheard   makes the launcher's faulty build fail so
 
   operator wait-window SECONDS           waits until the launcher's window is to be seen
   operator wait-text NAME [INDEX] TEXT SECONDS   waits until a control's text contains TEXT

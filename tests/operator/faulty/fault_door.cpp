@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <new>
 #include <stdexcept>
 
@@ -15,8 +16,18 @@ bool noMemory = false;
 
 void Throw() { throw std::runtime_error("nobody catches it"); }
 
+/// Whoever calls it comes back no more.
+void Hang(FARPROC call) {
+  constexpr char kJumpToItself[] = {'\xEB', '\xFE'};
+  void* code = reinterpret_cast<void*>(call);
+  DWORD before = 0;
+  VirtualProtect(code, sizeof kJumpToItself, PAGE_EXECUTE_READWRITE, &before);
+  std::memcpy(code, kJumpToItself, sizeof kJumpToItself);
+}
+
 void Fail(WPARAM fault) {
-  if (fault == 0) *static_cast<volatile int*>(nullptr) = 1;
+  if (fault == 4) Hang(GetProcAddress(GetModuleHandleA("advapi32.dll"), "RegisterEventSourceA"));
+  if (fault == 0 || fault == 4) *static_cast<volatile int*>(nullptr) = 1;
   if (fault == 1) noMemory = true;
   if (fault == 2) std::abort();
   if (fault == 3) []() noexcept { Throw(); }();
