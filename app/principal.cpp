@@ -58,7 +58,7 @@ Principal::Principal(const Machine& machine)
       trayMenu_(tray_, form_.frame.window, boxes_),
       upgradeSettings_(BindUpgradeSettings(form_), store_, root_, machine.fileDialog, boxes_),
       upgrade_({BindUpgrade(form_), components_, startStop_, log_, events_, upgradeSettings_,
-                machine.fileReader, PatientCopies(machine.fileCopies, machine.tickClock),
+                machine.fileInspection, PatientCopies(machine.fileCopies, machine.tickClock),
                 machine.localClock, boxes_, root_.AppFolder()}),
       patientFiles_(machine.fileReplacer, machine.tickClock),
       randomizerSettings_(form_.randomizer.opt_Rnd, form_.randomizer.txtMxD, store_,

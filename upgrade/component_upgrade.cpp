@@ -8,6 +8,8 @@
 namespace tarvo {
 namespace {
 
+constexpr std::uint32_t kLongestLookAfterCrash = 2000;
+constexpr std::uint32_t kLongestLookForOperator = 30000;
 constexpr std::size_t kDigitsToTheMinute = 12;
 
 std::string Doing(const char* what, ComponentKind kind) {
@@ -42,7 +44,7 @@ int ComponentUpgrade::RunUpgrade(int trigger) {
 }
 
 int ComponentUpgrade::Upgrade(int trigger) {
-  if (const int refusal = CheckPaths(); refusal != kUpgradeDone) return refusal;
+  if (const int refusal = CheckPaths(trigger); refusal != kUpgradeDone) return refusal;
   DateTexts dates;
   const Marks isNew = ReadNewDates(dates);
   if (std::none_of(isNew.begin(), isNew.end(), [](bool mark) { return mark; })) {
@@ -71,7 +73,7 @@ bool ComponentUpgrade::TakesOverCrash(ComponentKind kind) {
   return RunUpgrade(static_cast<int>(IndexOf(kind)) + 1) == kUpgradeDone;
 }
 
-int ComponentUpgrade::CheckPaths() {
+int ComponentUpgrade::CheckPaths(int trigger) {
   const auto& newFiles = with_.controls.newFiles;
   const bool anyEmpty = std::any_of(newFiles.begin(), newFiles.end(),
                                     [](const PathBox& box) { return box.Text().empty(); });
@@ -84,9 +86,11 @@ int ComponentUpgrade::CheckPaths() {
   if (login == charServer || login == map || charServer == map) {
     return Refuse(kUpgradeSameFile, "Please select the right components.");
   }
+  const std::uint32_t longest = trigger == 0 ? kLongestLookForOperator : kLongestLookAfterCrash;
   for (ComponentKind kind : kComponents) {
     const std::string& path = newFiles[kind].Text();
-    if (with_.files.Exists(path)) continue;
+    const FileLook look = with_.inspection.LookAt(path, longest);
+    if (look.outcome == FileLook::Outcome::There && !look.isFolder) continue;
     return Refuse(kUpgradeFirstMissing + static_cast<int>(IndexOf(kind)), "File missing: " + path);
   }
   return kUpgradeDone;

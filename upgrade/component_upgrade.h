@@ -8,7 +8,7 @@
 #include "core/start_stop.h"
 #include "core/status_log.h"
 #include "platform/clock.h"
-#include "platform/files.h"
+#include "platform/file_inspection.h"
 #include "platform/message_boxes.h"
 #include "toolkit/controls.h"
 #include "toolkit/main_window.h"
@@ -47,7 +47,7 @@ class ComponentUpgrade {
     StatusLog& log;
     const LauncherEvents& events;
     UpgradeSettings& settings;
-    FileReader& files;
+    FileInspection& inspection;
     PatientCopies copies;
     LocalClock& clock;
     MessageBoxes& messageBoxes;
@@ -69,6 +69,9 @@ class ComponentUpgrade {
   /// whether or not it ran. Returns a code of upgrade_boxes.h, 0 when the upgrade is done. A
   /// refused upgrade (any other code) has touched no file and stopped nothing.
   ///
+  /// A new executable whose drive or share does not answer counts as missing: after two seconds
+  /// when a server has crashed, which is down meanwhile, and after half a minute for the operator.
+  ///
   /// A folder or copy that fails is a fault of the run time (see `PatientCopies`): what was copied
   /// stays copied, no date is remembered, and nothing is started again.
   int RunUpgrade(int trigger);
@@ -85,7 +88,7 @@ class ComponentUpgrade {
   using Paths = PerComponent<std::string>;
 
   int Upgrade(int trigger);
-  int CheckPaths();
+  int CheckPaths(int trigger);
   int Refuse(int code, const std::string& reason);
   Marks ReadNewDates(DateTexts& dates);
   bool MayGoOn(const Marks& isNew);

@@ -12,6 +12,7 @@
 namespace tarvo {
 namespace {
 
+constexpr ULONGLONG kFreshFor = 2000;
 constexpr std::size_t kLongestPart = 16 * 1024 * 1024;
 
 /// A folder as well.
@@ -61,16 +62,19 @@ FileLook Look(const std::wstring& path) {
 }  // namespace
 
 FileLook WindowsFileInspection::LookAt(const std::string& path, std::uint32_t milliseconds) {
-  auto open = open_.find(path);
-  if (open == open_.end()) {
+  OpenLook& open = open_[path];
+  const ULONGLONG now = GetTickCount64();
+  const bool old = open.answer.CameWithin(0) && now - open.waitedFor > kFreshFor;
+  if (old || !open.answer.Asked()) {
     const std::wstring wide = WideTextOf(path);
-    open = open_.emplace(path, LateAnswer<FileLook>([wide] { return Look(wide); })).first;
+    open.answer = LateAnswer<FileLook>([wide] { return Look(wide); });
   }
+  open.waitedFor = now;
   FileLook look;
-  const bool asked = open->second.Asked();
-  if (asked && !open->second.CameWithin(milliseconds)) return look;
-  if (asked) look = open->second.Value();
-  open_.erase(open);
+  const bool asked = open.answer.Asked();
+  if (asked && !open.answer.CameWithin(milliseconds)) return look;
+  if (asked) look = open.answer.Value();
+  open_.erase(path);
   return look;
 }
 

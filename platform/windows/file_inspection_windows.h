@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
 
@@ -9,7 +10,8 @@
 namespace tarvo {
 
 /// Looks by handles that ask for attributes alone, each on a thread of its own; a look without an
-/// answer stays open, and the next one at the same path waits for that answer.
+/// answer stays open, and the next one at the same path waits for that answer. An answer that
+/// nobody has waited for for two seconds is an old one, and is asked for again.
 class WindowsFileInspection : public FileInspection {
  public:
   FileLook LookAt(const std::string& path, std::uint32_t milliseconds) override;
@@ -19,7 +21,12 @@ class WindowsFileInspection : public FileInspection {
   std::optional<std::uint64_t> FreeSpace(const std::string& folder) override;
 
  private:
-  std::map<std::string, LateAnswer<FileLook>> open_;
+  struct OpenLook {
+    LateAnswer<FileLook> answer;
+    std::uint64_t waitedFor = 0;  ///< The tick count when somebody last began to.
+  };
+
+  std::map<std::string, OpenLook> open_;
 };
 
 }  // namespace tarvo

@@ -64,6 +64,21 @@ TEST_F(UpgradeChecks, AMissingFileIsNamed) {
   }
 }
 
+TEST_F(UpgradeChecks, AFolderIsNoFile) {
+  StartReady();
+  TypePath(ComponentKind::Char, "C:\\new");
+  ExpectRefusal("2 Update Error: File missing: C:\\new\n", "File missing: C:\\new",
+                BoxIcon::Critical);
+}
+
+TEST_F(UpgradeChecks, TheOperatorsUpgradeWaitsHalfAMinuteForAShare) {
+  StartReady();
+  machine.inspection.Silence("C:\\new\\map");
+  ExpectRefusal("2 Update Error: File missing: C:\\new\\map-server.exe\n",
+                "File missing: C:\\new\\map-server.exe", BoxIcon::Critical);
+  EXPECT_EQ(machine.inspection.Waited(), 30000u);
+}
+
 TEST_F(UpgradeChecks, OfSeveralReasonsTheFirstIsTold) {
   StartReady();
   TypePath(ComponentKind::Login, "C:\\same.exe");

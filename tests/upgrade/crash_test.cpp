@@ -69,6 +69,23 @@ TEST_F(UpgradeOnCrash, AMapCrashStopsTheOthersAndBringsAllBackOnTheNewBuild) {
   EXPECT_EQ(launcher->CountInLog("Map Server Started [High Priority]"), 0u);
 }
 
+TEST_F(UpgradeOnCrash, AShareThatWentAwayDelaysTheRestartByTwoSecondsAtMost) {
+  Start(2);
+  machine.inspection.Silence("C:\\new");
+  Crash(kChar);
+  launcher->Pass(5s);
+  EXPECT_EQ(NewLines(),
+            "2 Char Server crashed, restarting...\n"
+            "2 Update Error: File missing: C:\\new\\login-server.exe\n"
+            "0 Char Server Started [Norm Priority]\n");
+  EXPECT_EQ(machine.inspection.Waited(), 2000u);
+  ExpectAllRunOnce();
+  machine.inspection.Silence("C:\\new", false);
+  Crash(kChar);
+  launcher->Pass(5s);
+  EXPECT_EQ(Upgrades(), 1u);
+}
+
 TEST_F(UpgradeOnCrash, ASuccessfulUpgradeLeavesTheRestartOfTheOthersOut) {
   Start(1);
   launcher->Check("chkAK", 3);

@@ -44,7 +44,7 @@ class UpgradeOperations : public ::testing::Test {
   UpgradeSettings settings{BindUpgradeSettings(form), store, root, machine.fileDialog,
                            machine.boxes};
   ComponentUpgrade upgrade{{BindUpgrade(form), components, startStop, log, events, settings,
-                            machine.files, PatientCopies(machine.copies, machine.clock),
+                            machine.inspection, PatientCopies(machine.copies, machine.clock),
                             machine.clock, machine.boxes, root.AppFolder()}};
   std::function<void()> whileStopping;
 };

@@ -60,6 +60,14 @@ TEST_F(WindowsInspectionTest, ALookWithoutTimeComesWithALaterOne) {
   EXPECT_EQ(files_.LookAt(path, kWait).outcome, Outcome::There);
 }
 
+TEST_F(WindowsInspectionTest, AnAnswerThatNobodyWaitedForIsAskedForAgain) {
+  const std::string path = folder_.Write("a.exe", "1");
+  while (files_.LookAt(path, 0).outcome != Outcome::NotAnswered) continue;
+  Sleep(2500);
+  DeleteFileA(path.c_str());
+  EXPECT_EQ(files_.LookAt(path, kWait).outcome, Outcome::Missing);
+}
+
 TEST_F(WindowsInspectionTest, ReadsTheBeginningAndHoldsNothing) {
   const std::string path = folder_.Write("a.conf", "a: 1\r\nb: 2\n");
   std::string text = "before";

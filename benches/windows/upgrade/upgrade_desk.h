@@ -19,9 +19,9 @@ struct UpgradeDesk {
         root(launcherPath, ports.codePage),
         processes(processPort, ports.foreignWindows, ports.tickClock, ports.codePage,
                   ports.workingFolder, form.servers.Exes, root.AppFolder()),
-        upgrade({BindUpgrade(form), components, startStop, log, events, settings, ports.fileReader,
-                 PatientCopies(copies, ports.tickClock), ports.localClock, ports.messageBoxes,
-                 root.AppFolder()}) {
+        upgrade({BindUpgrade(form), components, startStop, log, events, settings,
+                 ports.fileInspection, PatientCopies(copies, ports.tickClock), ports.localClock,
+                 ports.messageBoxes, root.AppFolder()}) {
     ListExecutables(ports.folderLister, root, form.servers.Exes);
     for (ComponentKind kind : kComponents) {
       DropDownList& chooser = form.servers.Exes[kind];
