@@ -7,6 +7,7 @@
 #include "form/windows/frame_keys.h"
 #include "form/windows/pages.h"
 #include "platform/windows/window_class.h"
+#include "toolkit/window_place.h"
 #include "toolkit/windows/screens.h"
 
 namespace tarvo {
@@ -42,27 +43,27 @@ void CheckUpFrame::Create() {
   FillCheckUp(*panel_, view_);
   panel_->OfferTips();
   SetOwner(window_, this);
-  const SIZE size = LeastSize();
-  RECT above{};
-  GetWindowRect(owner_, &above);
-  RECT place{above.left + stage_.look.Px(24), above.top + stage_.look.Px(48), 0, 0};
-  RECT desk{};
-  SystemParametersInfoA(SPI_GETWORKAREA, 0, &desk, 0);
-  place.left = std::max(desk.left, std::min(place.left, desk.right - size.cx));
-  place.top = std::max(desk.top, std::min(place.top, desk.bottom - size.cy));
-  SetWindowPos(window_, nullptr, place.left, place.top, size.cx, size.cy,
-               SWP_NOZORDER | SWP_NOACTIVATE);
+  const Place above = PlaceOf(owner_);
+  Take({above.left + stage_.look.Px(24), above.top + stage_.look.Px(48), 0, 0}, ScreenOf(owner_));
 }
 
-/// As large as all of it needs, and no larger than the desktop.
-SIZE CheckUpFrame::LeastSize() const {
+/// As large as all of it needs, and no larger than the screen.
+Extent CheckUpFrame::Least(const Place& screen) const {
   const Extent needed = panel_->Smallest();
   RECT whole{0, 0, needed.width, needed.height};
   GrowToWindow(whole, window_, stage_.look.Dpi());
-  RECT desk{};
-  SystemParametersInfoA(SPI_GETWORKAREA, 0, &desk, 0);
-  return {std::min(whole.right - whole.left, desk.right - desk.left),
-          std::min(whole.bottom - whole.top, desk.bottom - desk.top)};
+  return {std::min(static_cast<int>(whole.right - whole.left), screen.width),
+          std::min(static_cast<int>(whole.bottom - whole.top), screen.height)};
+}
+
+/// Takes this place, as far as that is large enough and on the screen.
+void CheckUpFrame::Take(Place place, const Place& screen) {
+  const Extent least = Least(screen);
+  place.width = std::max(place.width, least.width);
+  place.height = std::max(place.height, least.height);
+  place = FittedInto(place, screen);
+  SetWindowPos(window_, nullptr, place.left, place.top, place.width, place.height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void CheckUpFrame::Arrange() {
@@ -74,6 +75,7 @@ void CheckUpFrame::Arrange() {
 void CheckUpFrame::TakeLook() {
   if (!window_) return;
   panel_->TakeLook();
+  if (!IsZoomed(window_)) Take(PlaceOf(window_), ScreenOf(window_));
   Arrange();
   InvalidateRect(window_, nullptr, TRUE);
 }
@@ -89,6 +91,8 @@ void CheckUpFrame::Refresh(const Control& /*control*/) {
   if (!window_) Create();
   if (frontRequests_ == wanted.FrontRequests()) return;
   frontRequests_ = wanted.FrontRequests();
+  // Its screen may have gone while it was hidden.
+  if (!IsZoomed(window_)) Take(PlaceOf(window_), ScreenOf(window_));
   ShowWindow(window_, SW_SHOW);
   SetActiveWindow(window_);
 }
@@ -130,8 +134,8 @@ std::optional<LRESULT> CheckUpFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       Arrange();
       return 0;
     case WM_GETMINMAXINFO: {
-      const SIZE least = LeastSize();
-      reinterpret_cast<MINMAXINFO*>(l)->ptMinTrackSize = {least.cx, least.cy};
+      const Extent least = Least(ScreenOf(window_));
+      reinterpret_cast<MINMAXINFO*>(l)->ptMinTrackSize = {least.width, least.height};
       return 0;
     }
     case WM_ACTIVATE:

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "form/form.h"
+#include "toolkit/grid.h"
 #include "toolkit/windows/panel.h"
 #include "toolkit/windows/stage.h"
 
@@ -33,7 +34,8 @@ class CheckUpFrame : private ControlMirror {
   void Refresh(const Control& control) override;
   void Create();
   void Arrange();
-  SIZE LeastSize() const;
+  Extent Least(const Place& screen) const;
+  void Take(Place place, const Place& screen);
   bool TakeKey(const MSG& message);
   void Close();
 
