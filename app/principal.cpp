@@ -189,6 +189,7 @@ void Principal::WireEvents() {
 void Principal::WireCommands() {
   log_.listeners.emplace_back([this](const LogLine& line) { commands_.Hear(line); });
   events_.listeners.emplace_back([this](const EventReport& report) { states_.Hear(report); });
+  states_.calendarRanLast = [this] { return randomizer_.TheCalendar().LastMinute(); };
   lights_.sentenceOf = [this](ComponentKind kind) { return SentenceOf(states_.ReportOf(kind)); };
   form_.frame.window.onMessage = [this](const std::string& message) { commands_.Receive(message); };
 }

@@ -12,7 +12,7 @@ Choices StoredChoices(SettingsStore& store, const std::vector<std::string>& exec
     Choices::OfComponent& of = choices.of[kind];
     if (index >= 0) of.executable = executables[static_cast<std::size_t>(index)];
     of.autokill = store.Text(name + "AutoKillEnabled", "0") != "0";
-    of.autokillTime = store.Text(name + "Timeout", UsualAutokillTime(kind));
+    of.autokillTime = CleanedSeconds(store.Text(name + "Timeout", UsualAutokillTime(kind)));
     of.newFile = store.Text(name + "From");
   }
   choices.writesLogFile = store.Text("WriteLog", "0") != "0";

@@ -72,7 +72,8 @@ Findings CheckTime(ComponentKind kind, const Choices::OfComponent& of) {
     // Every start of a server converts all three, used or not.
     return {{"watch", Severity::Error, NameOf(kind),
              "The autokill time \"" + of.autokillTime.substr(0, 40) +
-                 "\" is no number, and ends the launcher when a server is started.",
+                 "\" is no number of seconds, and ends the launcher when a "
+                 "server is started or stopped.",
              advice}};
   }
 }

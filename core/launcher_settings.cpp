@@ -7,6 +7,7 @@
 
 #include "support/number_text.h"
 #include "support/runtime_error.h"
+#include "support/text.h"
 
 namespace tarvo {
 namespace {
@@ -25,6 +26,10 @@ int ExecutableOf(const std::vector<std::string>& names, const std::string& store
     return name.find(stored) != std::string::npos;
   });
   return found == names.end() ? -1 : static_cast<int>(found - names.begin());
+}
+
+std::string CleanedSeconds(const std::string& text) {
+  return HoldsDigitsOnly(text) ? text : PlainDecimal(NumericValue(text));
 }
 
 const char* UsualExecutable(ComponentKind kind) {

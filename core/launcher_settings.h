@@ -37,6 +37,10 @@ int ExecutableOf(const std::vector<std::string>& names, const std::string& store
 const char* UsualExecutable(ComponentKind kind);
 const char* UsualAutokillTime(ComponentKind kind);
 
+/// The text of an autokill time after a change: a text of digits stays; any other becomes the
+/// number that it starts with, 0 when there is none.
+std::string CleanedSeconds(const std::string& text);
+
 /// The settings of the servers and of the launcher itself. They are read and saved in parts, since
 /// other rooms' settings come between them.
 ///

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "randomizer/calendar_line.h"
 #include "supervision/memory_watch.h"
 
 namespace tarvo {
@@ -47,12 +46,13 @@ ComponentState StateOf(const StateFacts& facts) {
   return facts.probed ? ComponentState::Listening : ComponentState::Running;
 }
 
-std::optional<CalendarMoment> NextEntry(const std::vector<std::string>& lines, LocalTime now) {
+std::optional<CalendarMoment> NextEntry(const std::vector<std::string>& lines, LocalTime now,
+                                        const std::optional<MinuteOfWeek>& ranLast) {
   std::optional<CalendarMoment> next;
   const LocalTime minute = std::chrono::floor<std::chrono::minutes>(now);
   for (const std::string& line : lines) {
     const auto entry = ReadCalendarLine(line);
-    if (!entry || !IsInWeek(entry->at)) continue;
+    if (!entry || !IsInWeek(entry->at) || entry->at == ranLast) continue;
     const int wait = MinutesUntil(MinuteOfWeekAt(now), entry->at);
     const LocalTime at = minute + std::chrono::minutes(wait);
     if (next && next->at < at) continue;
@@ -172,7 +172,8 @@ StateReport StateWatch::Report() {
   report.totalMemory = TotalMemory(with_.memory);
   report.statusCode = with_.lights.StatusCode();
   if (controls.calendarTimer.Enabled()) {
-    report.nextCalendarEntry = NextEntry(controls.calendarEntries.Items(), report.now);
+    report.nextCalendarEntry =
+        NextEntry(controls.calendarEntries.Items(), report.now, calendarRanLast());
   }
   report.lastUpgrade = controls.lastUpgrade.Caption();
   for (ComponentKind kind : kComponents) report.components[kind] = ReportOf(kind);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -8,6 +10,7 @@
 #include "platform/clock.h"
 #include "platform/memory_status.h"
 #include "platform/processes.h"
+#include "randomizer/calendar_line.h"
 #include "supervision/status_lights.h"
 #include "toolkit/controls.h"
 #include "toolkit/timer_queue.h"
@@ -40,8 +43,10 @@ struct StateFacts {
 ComponentState StateOf(const StateFacts& facts);
 
 /// The next time at which the calendar runs, after `now`: the first of the lines' moments; those of
-/// one minute restart if any of them does. Lines that are no entries are skipped.
-std::optional<CalendarMoment> NextEntry(const std::vector<std::string>& lines, LocalTime now);
+/// one minute restart if any of them does. Lines that are no entries are skipped, and so are those
+/// of the minute that ran last: another one has to run before them.
+std::optional<CalendarMoment> NextEntry(const std::vector<std::string>& lines, LocalTime now,
+                                        const std::optional<MinuteOfWeek>& ranLast);
 
 /// Keeps what nobody else does: since when each component is in its state, how often it was started
 /// again and why, and when it failed last. It looks at the components at the end of each event.
@@ -69,6 +74,9 @@ class StateWatch {
   /// Asks the machine for the figures of this moment.
   ComponentReport ReportOf(ComponentKind kind);
   StateReport Report();
+
+  /// The minute of the week at which the calendar ran last.
+  std::function<std::optional<MinuteOfWeek>()> calendarRanLast;
 
  private:
   struct Mark {

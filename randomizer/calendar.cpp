@@ -102,15 +102,16 @@ void RandomizerCalendar::Tick() {
     if (!lines[i].starts_with(today)) continue;
     const auto entry = ReadCalendarLine(lines[i]);
     if (!entry || entry->at != current) continue;
-    if (RanInThisMinute(now)) return;
+    if (LastMinute() == current) return;
     Run(entry->restarts);
   }
 }
 
-bool RandomizerCalendar::RanInThisMinute(LocalTime now) const {
-  const LocalTime longAgo = LastRunWhenMissing(now);
-  const std::string text = store_.Text(kLastRun, GeneralDate(longAgo));
-  return MinuteOfWeekAt(ReadDateTime(text, longAgo)) == MinuteOfWeekAt(now);
+std::optional<MinuteOfWeek> RandomizerCalendar::LastMinute() const {
+  const LocalTime longAgo = LastRunWhenMissing(clock_.Now());
+  const LocalTime last = ReadDateTime(store_.Text(kLastRun, GeneralDate(longAgo)), longAgo);
+  if (last == longAgo) return std::nullopt;
+  return MinuteOfWeekAt(last);
 }
 
 void RandomizerCalendar::Run(bool restarts) {

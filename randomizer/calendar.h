@@ -3,10 +3,12 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <optional>
 
 #include "core/settings_store.h"
 #include "core/status_log.h"
 #include "platform/clock.h"
+#include "randomizer/calendar_line.h"
 #include "randomizer/engine.h"
 #include "randomizer/stored_set.h"
 #include "toolkit/controls.h"
@@ -52,6 +54,9 @@ class RandomizerCalendar {
   /// The tick of `tmr_Calendar`, every 15 seconds in the mode "Program".
   void Tick();
 
+  /// The minute of the week that ran last, which is not run again; nothing before the first run.
+  std::optional<MinuteOfWeek> LastMinute() const;
+
   /// Restarts every running server.
   std::function<void()> restartRunning;
 
@@ -61,7 +66,6 @@ class RandomizerCalendar {
   void ListEntriesAnew();
   void Add();
   void Remove();
-  bool RanInThisMinute(LocalTime now) const;
   void Run(bool restarts);
 
   CalendarControls controls_;

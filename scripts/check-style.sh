@@ -3,7 +3,9 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-mapfile -t sources < <(git ls-files '*.cpp' '*.h' || true)
+files=$(git ls-files '*.cpp' '*.h')
+[[ -n $files ]] || { echo "git lists no source file here." >&2; exit 1; }
+mapfile -t sources <<<"$files"
 if ! clang-format --dry-run --Werror "${sources[@]}"; then
   echo "Run: clang-format -i FILE" >&2
   exit 1

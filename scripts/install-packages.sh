@@ -14,11 +14,11 @@ declare -A groups=(
     libgnutls30 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 python3-prometheus-client"
   [native]="cmake ninja-build g++ libgtest-dev googletest python3-aiosmtpd python3-markdown python3-prometheus-client
     nlohmann-json3-dev"
-  [lint]="clang-format clang-tidy python3"
+  [lint]="git clang-format clang-tidy python3"
   [bench]="cmake ninja-build g++ libpugixml-dev libtinyxml2-dev libctemplate-dev"
   [pictures]="imagemagick xdotool"
   [fuzz]="clang libclang-rt-14-dev nlohmann-json3-dev"
-  [mutate]="python3-clang libclang-common-14-dev"
+  [mutate]="git python3-clang libclang-common-14-dev"
   [machines]="debootstrap"
   [release]="git cmake ninja-build python3 python3-markdown python3-pefile"
 )

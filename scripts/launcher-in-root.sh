@@ -96,7 +96,6 @@ run_on_display() {
   local root=$1
   if [[ -z ${DISPLAY:-} ]]; then
     wine_display
-    openbox >/dev/null 2>&1 &
     echo "No display here; the launcher runs on the virtual display $DISPLAY." >&2
     echo "A picture of it: DISPLAY=$DISPLAY import -window root picture.png" >&2
   fi

@@ -12,7 +12,7 @@ fence cpp >"$build/project/program.cpp"
 cat >"$build/project/CMakeLists.txt" <<END
 cmake_minimum_required(VERSION 3.23)
 project(Stranger LANGUAGES CXX)
-add_subdirectory($root/xmldoc xmldoc)
+add_subdirectory("$root/xmldoc" xmldoc)
 add_executable(program program.cpp)
 target_link_libraries(program PRIVATE tarvo_xmldoc)
 END

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/launcher_settings.h"
 #include "core/start_stop.h"
 #include "supervision/probe_failure.h"
 #include "supervision/status_lights.h"
@@ -19,10 +20,6 @@ const char* FreezeText(ComponentKind kind) {
 
 std::string ListeningText(ComponentKind kind) {
   return std::string("Listening ") + NameOf(kind) + " Server";
-}
-
-bool HoldsDigitsOnly(const std::string& text) {
-  return std::all_of(text.begin(), text.end(), IsDigit);
 }
 
 }  // namespace
@@ -129,10 +126,6 @@ void FreezeWatch::NoteAnswer(ComponentKind kind) {
 }
 
 std::int64_t FreezeWatch::Seconds() { return tickClock_.Milliseconds() / 1000; }
-
-std::string CleanedSeconds(const std::string& text) {
-  return HoldsDigitsOnly(text) ? text : PlainDecimal(NumericValue(text));
-}
 
 void TTO_Change(TextBox& box) {
   if (HoldsDigitsOnly(box.Text())) return;

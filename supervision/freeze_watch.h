@@ -117,10 +117,6 @@ class FreezeWatch {
   PerComponent<bool> heard_{};  ///< It has answered a probe since its start.
 };
 
-/// The text of an autokill time after a change: a text of digits stays; any other becomes the
-/// number that it starts with, 0 when there is none.
-std::string CleanedSeconds(const std::string& text);
-
 /// The change rule of an autokill time box: puts the cleaned text into it with the caret at its
 /// end.
 void TTO_Change(TextBox& box);

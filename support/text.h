@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -10,6 +11,9 @@ namespace tarvo {
 std::string_view Trimmed(std::string_view text, std::string_view blanks = " ");
 
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool HoldsDigitsOnly(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), IsDigit);
+}
 /// A to Z and a to z only.
 constexpr bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 

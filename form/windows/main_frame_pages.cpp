@@ -19,13 +19,13 @@ constexpr void (*kFillers[])(Panel&, Form&) = {
     Fill<FillRandomizer, &Form::randomizer>, Fill<FillUpgrade, &Form::upgrade>};
 
 LRESULT CALLBACK RefuseClose(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
-                             DWORD_PTR /*unused*/) {
+                             DWORD_PTR /*unused*/) noexcept {
   if (message == WM_CLOSE) return 0;
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, RefuseClose, id);
   return DefSubclassProc(window, message, w, l);
 }
 
-BOOL CALLBACK KeepOpen(HWND window, LPARAM /*unused*/) {
+BOOL CALLBACK KeepOpen(HWND window, LPARAM /*unused*/) noexcept {
   if ((GetWindowLongPtrA(window, GWL_STYLE) & WS_CAPTION) != WS_CAPTION) {
     SetWindowSubclass(window, RefuseClose, 0, 0);
   }

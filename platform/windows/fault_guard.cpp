@@ -161,7 +161,15 @@ LONG WINAPI DieOfOwnFault(EXCEPTION_POINTERS* exception) {
   return EXCEPTION_CONTINUE_SEARCH;
 }
 
-[[noreturn]] void DieOfTerminate() { DieOf(kFatalAppExit, __builtin_return_address(0)); }
+[[noreturn]] void DieOfTerminate() {
+  try {
+    if (const std::exception_ptr raised = std::current_exception()) std::rethrow_exception(raised);
+  } catch (const std::bad_alloc&) {
+    DieOf(kNoMemory, guard.lackedMemory);
+  } catch (...) {  // Told as an abort.
+  }
+  DieOf(kFatalAppExit, __builtin_return_address(0));
+}
 
 void DieOfAbort(int) { DieOf(kFatalAppExit, __builtin_return_address(0)); }
 

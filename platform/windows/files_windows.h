@@ -4,7 +4,7 @@
 
 namespace tarvo {
 
-/// Whole files by CreateFileA. A file is opened so that others may read, write, rename or delete it
+/// Whole files by CreateFileW. A file is opened so that others may read, write, rename or delete it
 /// meanwhile: looking at a configuration never stops a server or an editor.
 class WindowsFileReader : public FileReader {
  public:

@@ -18,7 +18,7 @@ struct Search {
   HWND found;
 };
 
-BOOL CALLBACK StopAtPublished(HWND window, LPARAM argument) {
+BOOL CALLBACK StopAtPublished(HWND window, LPARAM argument) noexcept {
   auto& search = *reinterpret_cast<Search*>(argument);
   if (GetPropA(window, search.property.c_str()) == nullptr) return TRUE;
   search.found = window;

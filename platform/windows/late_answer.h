@@ -58,7 +58,7 @@ class LateAnswer {
   };
   using Shared = std::unique_ptr<Record, Release>;
 
-  static DWORD WINAPI Run(void* argument) {
+  static DWORD WINAPI Run(void* argument) noexcept {
     const Shared record(static_cast<Record*>(argument));
     try {
       record->answer = record->question();

@@ -41,7 +41,7 @@ class BoxOnItsOwn {
   BoxOnItsOwn& operator=(const BoxOnItsOwn&) = delete;
 
  private:
-  static LRESULT CALLBACK Dress(int code, WPARAM wParam, LPARAM lParam) {
+  static LRESULT CALLBACK Dress(int code, WPARAM wParam, LPARAM lParam) noexcept {
     const HWND box = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_ACTIVATE && IsBox(box)) {
       if (icon_ != 0) SendMessageA(box, WM_SETICON, ICON_BIG, static_cast<LPARAM>(icon_));

@@ -16,7 +16,7 @@ constexpr char kClass[] = "TarvoSysTray";
 
 HWND AsWindow(std::intptr_t window) { return reinterpret_cast<HWND>(window); }
 
-LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) noexcept {
   auto* area = OwnerOf<WindowsNotificationArea>(window);
   if (area && area->TakeMessage(message, l)) return 0;
   // Whoever asks every window of the program to close means the main one, and that may refuse.

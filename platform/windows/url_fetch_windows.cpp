@@ -94,7 +94,9 @@ class TimedRequest {
   HINTERNET Get() const { return request_.load(); }
 
  private:
-  static VOID CALLBACK OnTime(PVOID self, BOOLEAN) { static_cast<TimedRequest*>(self)->Close(); }
+  static VOID CALLBACK OnTime(PVOID self, BOOLEAN) noexcept {
+    static_cast<TimedRequest*>(self)->Close();
+  }
   void Close() {
     if (const HINTERNET request = request_.exchange(nullptr)) InternetCloseHandle(request);
   }

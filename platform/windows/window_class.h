@@ -37,9 +37,10 @@ void SetOwner(HWND window, Owner* owner) {
 }
 
 /// A window procedure: what the owner's member does not answer, and all before it has one, the
-/// system does. Name it inside of the owner, where its member is accessible.
+/// system does. Name it inside of the owner, where its member is accessible. An exception ends the
+/// program here, as it does in each callback: some systems swallow one that goes on into theirs.
 template <class Owner, std::optional<LRESULT> (Owner::*Handle)(UINT, WPARAM, LPARAM)>
-LRESULT CALLBACK ProcedureOf(HWND window, UINT message, WPARAM w, LPARAM l) {
+LRESULT CALLBACK ProcedureOf(HWND window, UINT message, WPARAM w, LPARAM l) noexcept {
   auto* owner = OwnerOf<Owner>(window);
   const std::optional<LRESULT> answer = owner ? (owner->*Handle)(message, w, l) : std::nullopt;
   return answer ? *answer : DefWindowProcA(window, message, w, l);

@@ -190,7 +190,7 @@ class Tree:
             write_if_new(header, HEADER % TRACE_BYTES)
             self.run(["g++", "-std=c++20", *FLAGS, "-x", "c++-header", header, "-o", header + ".gch"])
             self.run(["cmake", "-G", "Ninja", "-S", self.source, "-B", self.objects, "-DCMAKE_BUILD_TYPE=",
-                      "-DCMAKE_CXX_FLAGS=" + " ".join([*FLAGS, "-include", header])])
+                      "-DCMAKE_CXX_FLAGS=" + " ".join([*FLAGS, f'-include "{header}"'])])
         for attempt in range(40):
             built = subprocess.run(["ninja", "-C", self.objects, "-k", "0", *targets], capture_output=True,
                                    text=True, errors="replace", check=False)

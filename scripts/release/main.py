@@ -11,7 +11,7 @@ import zipfile
 from datetime import datetime, timezone
 
 from check_executable import faults, program_faults
-from guide import guide_page
+from guide import enclosed_files, guide_page
 
 ROOT = os.path.abspath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "../.."))
 BITS = ("64", "32")
@@ -85,9 +85,11 @@ def release(commit, source, target, environment):
     moment = datetime.fromtimestamp(int(output("git", "log", "-1", "--format=%ct", commit)), timezone.utc)
     shutil.rmtree(target, ignore_errors=True)
     os.makedirs(target)
-    pages = {"README.txt": text_for_windows(os.path.join(source, "docs/README.txt")),
+    docs = os.path.join(source, "docs")
+    pages = {"README.txt": text_for_windows(os.path.join(docs, "README.txt")),
              "CHANGES.txt": text_for_windows(os.path.join(source, "CHANGES.md")),
-             "operators-guide.html": guide_page(os.path.join(source, "docs"), version).encode()}
+             "operators-guide.html": guide_page(docs, version).encode(),
+             **{name: content(docs, name) for name in enclosed_files(docs)}}
     for bits in BITS:
         built = build(source, bits, environment)
         launcher = {"tarvo-launcher.exe": content(built, "tarvo-launcher.exe")}

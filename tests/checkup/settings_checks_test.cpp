@@ -26,11 +26,21 @@ TEST_F(SettingsChecks, AutokillOffEverywhereIsANote) {
 
 TEST_F(SettingsChecks, AnAutokillTimeThatIsNoNumberUsedOrNot) {
   machine.SetSetting("MapAutoKillEnabled", "0");
+  for (const char* text : {"", "99999999999"}) {
+    machine.SetSetting("MapTimeout", text);
+    EXPECT_EQ(Told(), "error watch [Map] The autokill time \"" + std::string(text) +
+                          "\" is no number of seconds, and ends the launcher when a server is "
+                          "started or stopped.\n");
+  }
+}
+
+TEST_F(SettingsChecks, AnAutokillTimeIsJudgedAsTheStartCleansIt) {
   machine.SetSetting("MapTimeout", "60s");
-  EXPECT_EQ(
-      Told(),
-      "error watch [Map] The autokill time \"60s\" is no number, and ends the launcher when a "
-      "server is started.\n");
+  EXPECT_EQ(Told(), "");
+  machine.SetSetting("MapTimeout", "soon");
+  EXPECT_EQ(Told(),
+            "error watch [Map] The autokill time is shorter than 5 seconds, so no server can be "
+            "started.\n");
 }
 
 TEST_F(SettingsChecks, AnAutokillTimeThatIsTooShortWhereItIsUsed) {

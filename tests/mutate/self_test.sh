@@ -3,7 +3,7 @@
 # changes nothing that can be seen and one that no test looks for.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
-build=${1:?the folder to work in}
+build="${1:?the folder to work in}/a folder"
 mkdir -p "$build"
 known=$build/known.txt
 

@@ -37,8 +37,9 @@ TEST(StateOfTest, EveryFactThatDecides) {
 TEST(NextEntryTest, TheFirstMomentAfterNow) {
   // 2026-11-21 is a Saturday.
   const LocalTime now = ParseDateTime("2026-11-21 10:00:30");
+  std::optional<MinuteOfWeek> ranLast;
   const auto next = [&](const std::vector<std::string>& lines) -> std::string {
-    const auto entry = NextEntry(lines, now);
+    const auto entry = NextEntry(lines, now, ranLast);
     if (!entry) return "none";
     return GeneralDate(entry->at) + (entry->restarts ? " restart" : "");
   };
@@ -50,6 +51,9 @@ TEST(NextEntryTest, TheFirstMomentAfterNow) {
             "2026-11-22 00:00:00 restart");
   EXPECT_EQ(next({"Sun 00:00 restart=Y", "Sun 00:00 restart=N"}), "2026-11-22 00:00:00 restart");
   EXPECT_EQ(next({"Sun 00:00 restart=N", "Sun 00:00 restart=Y"}), "2026-11-22 00:00:00 restart");
+  ranLast = {7, 0, 0};
+  EXPECT_EQ(next({"Sun 00:00 restart=N", "Sun 00:00 restart=Y"}), "none");
+  EXPECT_EQ(next({"Sun 00:00 restart=Y", "Wed 03:00 restart=N"}), "2026-11-25 03:00:00");
 }
 
 class StateWatchTest : public CommandStory {

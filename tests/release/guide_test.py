@@ -8,7 +8,7 @@ import unittest
 
 ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../..")
 sys.path.insert(0, os.path.join(ROOT, "scripts/release"))
-from guide import PAGES, guide_page  # noqa: E402
+from guide import PAGES, enclosed_files, guide_page  # noqa: E402
 
 
 class Guide(unittest.TestCase):
@@ -41,7 +41,13 @@ class Guide(unittest.TestCase):
         self.assertTrue(links)
         for link in links:
             if not link.startswith("https://"):
-                self.assertIn(link.removeprefix("#"), places)
+                self.assertIn(link.removeprefix("#"), [*places, *enclosed_files(self.docs)])
+
+    def test_files_that_an_operator_takes_lie_beside_it(self):
+        self.assertIn('href="fleet/alerts.yml"', self.html)
+        for name in enclosed_files(self.docs):
+            self.assertIn(f"{name.rpartition('/')[2]}", self.html)
+            self.assertTrue(os.path.exists(os.path.join(self.docs, name)))
 
     def test_a_link_out_of_the_guide_becomes_text(self):
         with tempfile.TemporaryDirectory() as folder:

@@ -4,10 +4,16 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <new>
+#include <optional>
+#include <stdexcept>
 
+#include "platform/windows/fault_guard.h"
 #include "platform/windows/file_copies_windows.h"
 #include "platform/windows/instance_lock_windows.h"
 #include "platform/windows/stack_guard.h"
+#include "platform/windows/window_class.h"
+#include "tests/windows/test_folder.h"
 
 namespace tarvo::test {
 namespace {
@@ -76,12 +82,54 @@ int Overrun(const std::string& length) {
   return WriteInto(std::strtoul(length.c_str(), nullptr, 10)) == 'x' ? 0 : 3;
 }
 
+struct Thrower {
+  std::optional<LRESULT> Handle(UINT message, WPARAM, LPARAM) {
+    if (message != WM_WINDOWPOSCHANGING) return std::nullopt;
+    if (memory) throw std::bad_alloc();
+    throw std::runtime_error("nobody catches it");
+  }
+  bool memory = false;
+};
+
+int ThrowInWindow(bool memory) {
+  WatchForFaults("0");
+  const HINSTANCE instance = GetModuleHandleA(nullptr);
+  RegisterOnce(WindowClass(instance, "TarvoTestThrower", ProcedureOf<Thrower, &Thrower::Handle>));
+  const HWND window = CreateWindowExA(0, "TarvoTestThrower", "", WS_POPUP, 0, 0, 0, 0, nullptr,
+                                      nullptr, instance, nullptr);
+  Thrower thrower{memory};
+  SetOwner(window, &thrower);
+  // The system calls the procedure out of its own code.
+  SetWindowPos(window, nullptr, 10, 10, 10, 10, SWP_NOZORDER);
+  return 0;
+}
+
 int TellGuard(const std::string& path) {
   WriteFileWith(path, std::to_string(__stack_chk_guard));
   return 0;
 }
 
 }  // namespace
+
+unsigned ExitCodeOf(const std::string& role) {
+  SetEnvironmentVariableA(kRoleVariable, role.c_str());
+  STARTUPINFOA start{};
+  start.cb = sizeof start;
+  PROCESS_INFORMATION made{};
+  const BOOL started = CreateProcessA(OwnPath().c_str(), nullptr, nullptr, nullptr, FALSE, 0,
+                                      nullptr, nullptr, &start, &made);
+  SetEnvironmentVariableA(kRoleVariable, nullptr);
+  if (!started) return 1;
+  DWORD code = 1;
+  if (WaitForSingleObject(made.hProcess, 10000) != WAIT_OBJECT_0) {
+    TerminateProcess(made.hProcess, 1);
+    WaitForSingleObject(made.hProcess, 10000);
+  }
+  GetExitCodeProcess(made.hProcess, &code);
+  CloseHandle(made.hThread);
+  CloseHandle(made.hProcess);
+  return code;
+}
 
 int PlayRole(const std::string& role) {
   const std::string verb = role.substr(0, role.find(' '));
@@ -91,6 +139,7 @@ int PlayRole(const std::string& role) {
   if (verb == "hold-window") return Hold(object, true, INFINITE);
   if (verb == "hold-briefly") return Hold(object, false, 800);
   if (verb == "overrun") return Overrun(object);
+  if (verb == "throw") return ThrowInWindow(object == "memory");
   if (verb == "guard") return TellGuard(object);
   if (verb == "copy") return CopyForEver(object);
   return 2;

@@ -14,10 +14,14 @@ namespace tarvo::test {
 ///   hold-briefly NAME   holds it for 800 milliseconds and ends
 ///   copy SOURCE*TARGET  copies one file over the other again and again until it is ended
 ///   overrun LENGTH      writes so many bytes into an array of 16 and returns from that function
-///   guard FILE          writes the guard of its stack into FILE and ends
+///   throw WHAT          raises an exception in a window's procedure, an std::bad_alloc for
+///   "memory" guard FILE          writes the guard of its stack into FILE and ends
 ///
 /// The three that hold say so by making a file NAME.held in the current folder.
 inline constexpr char kRoleVariable[] = "TARVO_TEST_ROLE";
+
+/// The exit code of this program in that role; 1 when it does not end within 10 seconds.
+unsigned ExitCodeOf(const std::string& role);
 
 /// Plays the role; returns the exit code.
 int PlayRole(const std::string& role);

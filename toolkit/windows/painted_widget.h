@@ -25,7 +25,7 @@ class PaintedWidget : public Mirror<ControlType> {
   virtual void Paint(HDC target) = 0;
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) noexcept {
     auto* painted = static_cast<PaintedWidget*>(Widget::Of(window));
     if (painted && message == WM_PAINT) {
       painted->Paint(Painting(window).Target());

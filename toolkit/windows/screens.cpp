@@ -18,7 +18,7 @@ Place WorkAreaOf(HMONITOR monitor) {
   return ToPlace(info.rcWork);
 }
 
-BOOL CALLBACK Take(HMONITOR monitor, HDC /*target*/, RECT* /*area*/, LPARAM screens) {
+BOOL CALLBACK Take(HMONITOR monitor, HDC /*target*/, RECT* /*area*/, LPARAM screens) noexcept {
   reinterpret_cast<std::vector<Place>*>(screens)->push_back(WorkAreaOf(monitor));
   return TRUE;
 }

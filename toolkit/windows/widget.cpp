@@ -19,7 +19,7 @@ void Widget::TakeMessages() {
       exchange(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TakeMessage)));
 }
 
-LRESULT CALLBACK Widget::TakeMessage(HWND window, UINT message, WPARAM w, LPARAM l) {
+LRESULT CALLBACK Widget::TakeMessage(HWND window, UINT message, WPARAM w, LPARAM l) noexcept {
   return Of(window)->Handle(message, w, l);
 }
 

@@ -76,7 +76,7 @@ class Widget : public ControlMirror {
   Stage& stage_;
 
  private:
-  static LRESULT CALLBACK TakeMessage(HWND window, UINT message, WPARAM w, LPARAM l);
+  static LRESULT CALLBACK TakeMessage(HWND window, UINT message, WPARAM w, LPARAM l) noexcept;
 
   HWND window_ = nullptr;
   WNDPROC native_ = nullptr;  ///< The control's own procedure, once messages are taken.
