@@ -7,6 +7,7 @@
 #include "checkup/root_sets.h"
 #include "checkup/settings_checks.h"
 #include "core/per_user_registry.h"
+#include "core/process_control.h"
 #include "support/date_time.h"
 #include "support/text.h"
 
@@ -218,16 +219,6 @@ NamesakeFacts CheckUp::FactsOf(ProcessId id, ComponentKind kind, bool& answered)
   return facts;
 }
 
-bool CheckUp::OwnsWindow(ProcessId id) {
-  constexpr int kMostWindows = 10000;
-  WindowHandle window = with_.windows.First();
-  for (int i = 0; window != 0 && i < kMostWindows; ++i) {
-    if (with_.windows.Owner(window) == id && with_.windows.Parent(window) == 0) return true;
-    window = with_.windows.Next(window);
-  }
-  return false;
-}
-
 bool CheckUp::LookAtProcesses(ComponentKind kind) {
   constexpr std::size_t kMostNamesakes = 20;
   if (kind == kOnce) snapshot_ = with_.processes.Snapshot();
@@ -241,7 +232,8 @@ bool CheckUp::LookAtProcesses(ComponentKind kind) {
     if (namesakes.size() == kMostNamesakes) break;
     namesakes.push_back(FactsOf(entry.id, kind, answered));
     ExecutableFacts& facts = executables_[kind];
-    facts.ownsWindow = facts.ownsWindow || OwnsWindow(entry.id);
+    // Not known is no reason to complain.
+    facts.ownsWindow = facts.ownsWindow || MainWindowOf(with_.windows, entry.id) != 0;
   }
   Tell(CheckSameName(kind, executable, namesakes));
   return true;
@@ -293,7 +285,8 @@ bool CheckUp::LookAtFolder(ComponentKind /*once*/) {
   folder_.freeSpace = with_.inspection.FreeSpace(root_.AppFolder());
   for (const Choices::OfComponent& of : choices_.of) {
     const std::string backup = PathOf("LBackup\\yyyymmddhhnn_" + of.executable + ".tarvo-copy");
-    folder_.longestBackupPath = std::max(folder_.longestBackupPath, backup.size());
+    folder_.longestBackupPath =
+        std::max(folder_.longestBackupPath, LettersIn(backup, with_.codePage));
   }
   Tell(CheckFolder(folder_));
   return true;

@@ -103,7 +103,6 @@ class CheckUp {
   NamesakeFacts FactsOf(ProcessId id, ComponentKind kind, bool& answered);
   bool IsComponent(ComponentKind kind, const HolderFacts& holder);
   std::optional<std::uint32_t> SessionOfLauncher();
-  bool OwnsWindow(ProcessId id);
   bool SameName(const std::string& one, const std::string& other);
   void NoteUnwritable(const std::string& path);
   std::optional<std::string> StoredText(Hive hive, const std::string& key, const std::string& name);

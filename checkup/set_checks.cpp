@@ -8,8 +8,6 @@ namespace tarvo {
 namespace {
 
 constexpr std::size_t kMostNamed = 50;
-constexpr int kLastHour = 23;
-constexpr int kLastMinute = 59;
 
 Finding SetFinding(Severity severity, const std::string& about, const std::string& wrong,
                    const std::string& advice) {
@@ -36,8 +34,7 @@ void Tell(const EntryNames& entries, const Finding& finding, Findings& findings)
 
 bool Comes(const std::string& line) {
   const auto entry = ReadCalendarLine(line);
-  return entry && entry->at.weekday > 0 && entry->at.hour <= kLastHour &&
-         entry->at.minute <= kLastMinute;
+  return entry && ComesInAWeek(entry->at);
 }
 
 }  // namespace

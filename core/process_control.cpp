@@ -15,6 +15,23 @@ constexpr int kMostWindows = 100000;
 // A window that is sent to the bottom while the walk is at it takes the walk past all others.
 constexpr int kWalksThatProveNone = 2;
 
+enum class WalkEnd { EndOfList, WindowVanished, CutOff };
+
+WalkEnd WalkWindows(ForeignWindows& windows, ProcessId id, WindowHandle& found) {
+  WindowHandle window = windows.First();
+  for (int count = 0; window != 0; ++count) {
+    if (count == kMostWindows) return WalkEnd::CutOff;
+    if (windows.Parent(window) == 0 && windows.Owner(window) == id) {
+      found = window;
+      return WalkEnd::EndOfList;
+    }
+    const WindowHandle next = windows.Next(window);
+    if (next == 0 && !windows.StillThere(window)) return WalkEnd::WindowVanished;
+    window = next;
+  }
+  return WalkEnd::EndOfList;
+}
+
 }  // namespace
 
 std::uint32_t PriorityClassFor(int index) {
@@ -36,6 +53,20 @@ std::uint32_t PriorityClassFor(int index) {
   }
 }
 
+std::optional<WindowHandle> MainWindowOf(ForeignWindows& windows, ProcessId id) {
+  if (id == 0) return 0;
+  int walksToTheEnd = 0;
+  for (int walk = 0; walk < kMostWalks && walksToTheEnd < kWalksThatProveNone; ++walk) {
+    WindowHandle found = 0;
+    const WalkEnd end = WalkWindows(windows, id, found);
+    if (found != 0) return found;
+    if (end == WalkEnd::CutOff) return std::nullopt;
+    if (end == WalkEnd::EndOfList) ++walksToTheEnd;
+  }
+  if (walksToTheEnd < kWalksThatProveNone) return std::nullopt;
+  return 0;
+}
+
 ProcessId ProcessControl::FindProcessByName(const std::string& executableName) {
   if (executableName.empty()) return 0;
   const std::string wanted = codePage_.Lowered(executableName);
@@ -55,35 +86,6 @@ void ProcessControl::KillProcessesByName(const std::string& executableName) {
 
 void ProcessControl::SetPriority(ProcessId id, std::uint32_t priorityClass) {
   processes_.ChangePriority(id, priorityClass);
-}
-
-std::optional<WindowHandle> ProcessControl::FindMainWindow(ProcessId id) {
-  if (id == 0) return 0;
-  int walksToTheEnd = 0;
-  for (int walk = 0; walk < kMostWalks && walksToTheEnd < kWalksThatProveNone; ++walk) {
-    WindowHandle found = 0;
-    const WalkEnd end = WalkWindows(id, found);
-    if (found != 0) return found;
-    if (end == WalkEnd::CutOff) return std::nullopt;
-    if (end == WalkEnd::EndOfList) ++walksToTheEnd;
-  }
-  if (walksToTheEnd < kWalksThatProveNone) return std::nullopt;
-  return 0;
-}
-
-ProcessControl::WalkEnd ProcessControl::WalkWindows(ProcessId id, WindowHandle& found) {
-  WindowHandle window = windows_.First();
-  for (int count = 0; window != 0; ++count) {
-    if (count == kMostWindows) return WalkEnd::CutOff;
-    if (windows_.Parent(window) == 0 && windows_.Owner(window) == id) {
-      found = window;
-      return WalkEnd::EndOfList;
-    }
-    const WindowHandle next = windows_.Next(window);
-    if (next == 0 && !windows_.StillThere(window)) return WalkEnd::WindowVanished;
-    window = next;
-  }
-  return WalkEnd::EndOfList;
 }
 
 int ProcessControl::ShowComponentWindow(WindowHandle window, bool show) {

@@ -18,6 +18,12 @@ namespace tarvo {
 /// 3 above normal, 4 high, 5 (not in the list) real time; 0 for any other index.
 std::uint32_t PriorityClassFor(int index);
 
+/// The process's first top-level window without a parent, 0 when it owns none; process 0 owns none.
+/// A walk through the windows that was cut short by one that vanished proves nothing and is
+/// repeated. Returns nothing, for "not known", when that does not end, or when the list goes in a
+/// circle.
+std::optional<WindowHandle> MainWindowOf(ForeignWindows& windows, ProcessId id);
+
 /// Finds, launches and ends the servers' processes and sets their priority. No handle to a server
 /// is ever kept: a server is known only by the file name of its executable, letter case aside (in
 /// the system's code page), and looked up again each time. Two roots whose executables share a name
@@ -48,11 +54,8 @@ class ProcessControl {
   /// `priorityClass` is a result of `PriorityClassFor`; 0 changes nothing.
   void SetPriority(ProcessId id, std::uint32_t priorityClass);
 
-  /// The process's first top-level window without a parent, 0 when it owns none; process 0 owns
-  /// none. A walk through the windows that was cut short by one that vanished proves nothing and is
-  /// repeated. Returns nothing, for "not known", when that does not end, or when the list goes in a
-  /// circle.
-  std::optional<WindowHandle> FindMainWindow(ProcessId id);
+  /// See `MainWindowOf`.
+  std::optional<WindowHandle> FindMainWindow(ProcessId id) { return MainWindowOf(windows_, id); }
 
   /// Shows the window in its normal state, or hides it, without waiting: a program that hangs obeys
   /// when it responds again. Returns other than 0 when the window was visible before; 0 for no
@@ -71,9 +74,6 @@ class ProcessControl {
   static constexpr std::uint32_t kLongestStop = 5000;
 
  private:
-  enum class WalkEnd { EndOfList, WindowVanished, CutOff };
-  WalkEnd WalkWindows(ProcessId id, WindowHandle& found);
-
   Processes& processes_;
   ForeignWindows& windows_;
   TickClock& clock_;

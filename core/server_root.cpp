@@ -38,4 +38,12 @@ std::vector<std::size_t> SeparatorsIn(const std::string& path, CodePage& codePag
   return places;
 }
 
+std::size_t LettersIn(const std::string& path, CodePage& codePage) {
+  std::size_t letters = 0;
+  for (std::size_t i = 0; i < path.size(); ++i, ++letters) {
+    if (codePage.IsLeadByte(static_cast<unsigned char>(path[i]))) ++i;
+  }
+  return letters;
+}
+
 }  // namespace tarvo

@@ -45,4 +45,7 @@ std::string InstanceNameOf(const std::string& folder, CodePage& codePage);
 /// pages of East Asia the second byte of a character may look like one.
 std::vector<std::size_t> SeparatorsIn(const std::string& path, CodePage& codePage);
 
+/// The characters of a path, which the system limits; its bytes may be twice as many.
+std::size_t LettersIn(const std::string& path, CodePage& codePage);
+
 }  // namespace tarvo

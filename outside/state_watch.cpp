@@ -20,11 +20,6 @@ bool Listens(ComponentState state) {
   return state == ComponentState::Listening || state == ComponentState::Running;
 }
 
-bool IsInWeek(const MinuteOfWeek& at) {
-  return at.weekday >= 1 && at.weekday <= kDaysInWeek && at.hour >= 0 && at.hour < 24 &&
-         at.minute >= 0 && at.minute < kMinutesInHour;
-}
-
 int MinuteCount(const MinuteOfWeek& at) {
   return (at.weekday - 1) * kMinutesInDay + at.hour * kMinutesInHour + at.minute;
 }
@@ -52,7 +47,7 @@ std::optional<CalendarMoment> NextEntry(const std::vector<std::string>& lines, L
   const LocalTime minute = std::chrono::floor<std::chrono::minutes>(now);
   for (const std::string& line : lines) {
     const auto entry = ReadCalendarLine(line);
-    if (!entry || !IsInWeek(entry->at) || entry->at == ranLast) continue;
+    if (!entry || !ComesInAWeek(entry->at) || entry->at == ranLast) continue;
     const int wait = MinutesUntil(MinuteOfWeekAt(now), entry->at);
     const LocalTime at = minute + std::chrono::minutes(wait);
     if (next && next->at < at) continue;

@@ -18,6 +18,12 @@ struct MinuteOfWeek {
   bool operator==(const MinuteOfWeek&) const = default;
 };
 
+/// A week has this minute: one of a line that was written by hand may never come.
+constexpr bool ComesInAWeek(const MinuteOfWeek& at) {
+  return at.weekday >= 1 && at.weekday <= 7 && at.hour >= 0 && at.hour <= 23 && at.minute >= 0 &&
+         at.minute <= 59;
+}
+
 inline MinuteOfWeek MinuteOfWeekAt(LocalTime time) {
   const auto day = std::chrono::floor<std::chrono::days>(time);
   const std::chrono::hh_mm_ss clock(time - day);

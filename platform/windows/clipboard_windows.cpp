@@ -25,7 +25,10 @@ HGLOBAL Copied(const std::wstring& text) {
   const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
   const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
   void* const bytes = memory ? GlobalLock(memory) : nullptr;
-  if (!bytes) return nullptr;
+  if (!bytes) {
+    GlobalFree(memory);
+    return nullptr;
+  }
   std::memcpy(bytes, text.c_str(), size);
   GlobalUnlock(memory);
   return memory;

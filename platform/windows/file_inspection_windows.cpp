@@ -1,11 +1,11 @@
 #include "platform/windows/file_inspection_windows.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "platform/windows/code_page_windows.h"
 #include "platform/windows/file_identity_windows.h"
 #include "platform/windows/file_swap_windows.h"
+#include "platform/windows/files_windows.h"
 #include "platform/windows/handle_windows.h"
 #include "platform/windows/system_message_windows.h"
 
@@ -13,7 +13,6 @@ namespace tarvo {
 namespace {
 
 constexpr ULONGLONG kFreshFor = 2000;
-constexpr std::size_t kLongestPart = 16 * 1024 * 1024;
 
 /// A folder as well.
 KernelHandle OpenAny(const std::wstring& path, DWORD access) {
@@ -46,7 +45,9 @@ FileLook LookByName(const std::wstring& path) {
   return look;
 }
 
-FileLook Look(const std::wstring& path) {
+}  // namespace
+
+FileLook WindowsFileInspection::LookNow(const std::wstring& path) {
   FileLook look = LookByName(path);
   if (look.outcome != FileLook::Outcome::There) return look;
   const KernelHandle file = OpenAny(path, FILE_READ_ATTRIBUTES);
@@ -59,15 +60,13 @@ FileLook Look(const std::wstring& path) {
   return look;
 }
 
-}  // namespace
-
 FileLook WindowsFileInspection::LookAt(const std::string& path, std::uint32_t milliseconds) {
   OpenLook& open = open_[path];
   const ULONGLONG now = GetTickCount64();
   const bool old = open.answer.CameWithin(0) && now - open.waitedFor > kFreshFor;
   if (old || !open.answer.Asked()) {
-    const std::wstring wide = WideTextOf(path);
-    open.answer = LateAnswer<FileLook>([wide] { return Look(wide); });
+    open.answer =
+        LateAnswer<FileLook>([look = look_, wide = WideTextOf(path)] { return look(wide); });
   }
   open.waitedFor = now;
   FileLook look;
@@ -80,29 +79,7 @@ FileLook WindowsFileInspection::LookAt(const std::string& path, std::uint32_t mi
 
 ReadResult WindowsFileInspection::ReadBeginning(const std::string& path, std::size_t most,
                                                 std::string& text) {
-  const KernelHandle file =
-      OpenShared(WideTextOf(path), GENERIC_READ, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
-  if (!file.Valid()) {
-    return MeansMissing(GetLastError()) ? ReadResult::Missing : ReadResult::Failed;
-  }
-  LARGE_INTEGER size{};
-  if (GetFileSizeEx(file.Get(), &size) == 0) return ReadResult::Failed;
-  const auto wanted = static_cast<std::size_t>(
-      std::min(static_cast<std::uint64_t>(size.QuadPart), static_cast<std::uint64_t>(most)));
-  std::string content(wanted, '\0');
-  std::size_t done = 0;
-  while (done < wanted) {
-    const auto part = static_cast<DWORD>(std::min(wanted - done, kLongestPart));
-    DWORD count = 0;
-    if (ReadFile(file.Get(), content.data() + done, part, &count, nullptr) == 0) {
-      return ReadResult::Failed;
-    }
-    if (count == 0) break;  // The file became shorter meanwhile.
-    done += count;
-  }
-  content.resize(done);
-  text = std::move(content);
-  return ReadResult::Ok;
+  return ReadBeginningOf(path, most, false, text);
 }
 
 std::optional<FileFault> WindowsFileInspection::WhyUnwritable(const std::string& path) {

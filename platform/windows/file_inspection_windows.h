@@ -14,6 +14,11 @@ namespace tarvo {
 /// nobody has waited for for two seconds is an old one, and is asked for again.
 class WindowsFileInspection : public FileInspection {
  public:
+  /// What asks the system; runs on any thread.
+  using Look = FileLook (*)(const std::wstring& path);
+
+  explicit WindowsFileInspection(Look look = &LookNow) : look_(look) {}
+
   FileLook LookAt(const std::string& path, std::uint32_t milliseconds) override;
   ReadResult ReadBeginning(const std::string& path, std::size_t most, std::string& text) override;
   /// Opens file or folder with the right that is asked for, which changes nothing.
@@ -26,6 +31,9 @@ class WindowsFileInspection : public FileInspection {
     std::uint64_t waitedFor = 0;  ///< The tick count when somebody last began to.
   };
 
+  static FileLook LookNow(const std::wstring& path);
+
+  Look look_;
   std::map<std::string, OpenLook> open_;
 };
 

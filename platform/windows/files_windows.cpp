@@ -16,22 +16,8 @@
 namespace tarvo {
 namespace {
 
-constexpr std::int64_t kLargestText = std::numeric_limits<std::int32_t>::max() - 1;
+constexpr std::uint64_t kLargestText = std::numeric_limits<std::int32_t>::max() - 1;
 constexpr DWORD kLongestRead = 16 * 1024 * 1024;
-
-bool ReadUpTo(HANDLE file, std::size_t size, std::string& content) {
-  content.resize(size);
-  std::size_t done = 0;
-  while (done < size) {
-    const auto wanted = static_cast<DWORD>(std::min<std::size_t>(size - done, kLongestRead));
-    DWORD count = 0;
-    if (ReadFile(file, content.data() + done, wanted, &count, nullptr) == 0) return false;
-    if (count == 0) break;  // The file became shorter meanwhile.
-    done += count;
-  }
-  content.resize(done);
-  return true;
-}
 
 std::string Lowered(std::string text) { return WindowsCodePage().Lowered(std::move(text)); }
 
@@ -47,23 +33,38 @@ bool WindowsFileReader::Exists(const std::string& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-ReadResult WindowsFileReader::ReadText(const std::string& path, std::string& text) {
+ReadResult ReadBeginningOf(const std::string& path, std::uint64_t most, bool wholeOnly,
+                           std::string& text) {
   const KernelHandle file =
       OpenShared(WideTextOf(path), GENERIC_READ, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
   if (!file.Valid()) return MeansMissing(GetLastError()) ? ReadResult::Missing : ReadResult::Failed;
   LARGE_INTEGER size{};
   if (GetFileSizeEx(file.Get(), &size) == 0) return ReadResult::Failed;
-  if (size.QuadPart > kLargestText) return ReadResult::Failed;
+  const auto length = static_cast<std::uint64_t>(size.QuadPart);
+  if (wholeOnly && length > most) return ReadResult::Failed;
   try {
-    std::string content;
-    if (!ReadUpTo(file.Get(), static_cast<std::size_t>(size.QuadPart), content)) {
-      return ReadResult::Failed;
+    std::string content(static_cast<std::size_t>(std::min(length, most)), '\0');
+    std::size_t done = 0;
+    while (done < content.size()) {
+      const std::size_t rest = std::min<std::size_t>(content.size() - done, kLongestRead);
+      DWORD count = 0;
+      if (ReadFile(file.Get(), content.data() + done, static_cast<DWORD>(rest), &count, nullptr) ==
+          0) {
+        return ReadResult::Failed;
+      }
+      if (count == 0) break;  // The file became shorter meanwhile.
+      done += count;
     }
+    content.resize(done);
     text = std::move(content);
   } catch (const std::bad_alloc&) {
     return ReadResult::Failed;  // A 32-bit program runs out of room long before the limit.
   }
   return ReadResult::Ok;
+}
+
+ReadResult WindowsFileReader::ReadText(const std::string& path, std::string& text) {
+  return ReadBeginningOf(path, kLargestText, true, text);
 }
 
 bool WindowsFileAppender::AppendText(const std::string& path, const std::string& text) {

@@ -1,8 +1,15 @@
 #pragma once
 
+#include <cstdint>
+
 #include "platform/files.h"
 
 namespace tarvo {
+
+/// The file's first bytes, `most` at most; of a longer one nothing when `wholeOnly`. Missing when
+/// file or folder are not there; Failed as well when memory runs out.
+ReadResult ReadBeginningOf(const std::string& path, std::uint64_t most, bool wholeOnly,
+                           std::string& text);
 
 /// Whole files by CreateFileW. A file is opened so that others may read, write, rename or delete it
 /// meanwhile: looking at a configuration never stops a server or an editor.

@@ -62,12 +62,21 @@ TEST_F(ExecutableChecks, AProgramOfWindowsUnlessItRunsAndOwnsOne) {
   EXPECT_EQ(Told(), told) << "a window of another window's is none that the crash watch sees";
 }
 
+TEST_F(ExecutableChecks, AWindowThatClosesUnderTheLookHidesNoOther) {
+  Put(kMap, ProgramBytes(0x8664, 2));
+  machine.processes.StartForeign(kMap);
+  machine.processes.VanishUnderWalk(
+      machine.processes.WindowOf(machine.processes.StartForeign("other.exe"))->handle);
+  EXPECT_EQ(Told(), "");
+}
+
 TEST_F(ExecutableChecks, WindowsInACircleAreWalkedOnlySoLong) {
   Put(kMap, ProgramBytes(0x8664, 2));
   const ProcessId map = machine.processes.StartForeign(kMap);
   machine.processes.CloseWindows(map);
-  machine.processes.TurnInACircle();
   EXPECT_TRUE(Told().starts_with("note executable [Map: map-server.exe]")) << Told();
+  machine.processes.TurnInACircle();
+  EXPECT_EQ(Told(), "") << "whether it owns one is not known";
 }
 
 TEST_F(ExecutableChecks, AFileThatCannotBeReadIsNotJudged) {

@@ -77,9 +77,20 @@ TEST_F(RootChecks, APathThatLeavesNoRoomForBackups) {
   // A backup's name: LBackup\, 12 digits, _map-server.exe, and .tarvo-copy while it is made.
   const std::size_t rest =
       std::string("\\LBackup\\yyyymmddhhnn_login-server.exe.tarvo-copy").size();
-  for (const bool tooLong : {false, true}) {
+  const std::size_t letters = 259 - rest - 3;
+  const struct {
+    int codePage;
+    std::string name;
+    bool tooLong;
+  } cases[] = {{1252, std::string(letters, 'a'), false},
+               {1252, std::string(letters + 1, 'a'), true},
+               // Two bytes a letter.
+               {949, std::string(letters * 2, '\xB0'), false},
+               {949, std::string((letters + 1) * 2, '\xB0'), true}};
+  for (const auto& c : cases) {
     SimMachine other;
-    const std::string folder = "C:\\" + std::string(259 - rest - 3 + (tooLong ? 1 : 0), 'a');
+    other.codePage.Use(c.codePage);
+    const std::string folder = "C:\\" + c.name;
     other.launcherPath = folder + "\\tarvo-launcher.exe";
     other.PutConf(folder, UsualCharConf(), UsualMapConf());
     for (const char* name : kServers) {
@@ -88,7 +99,7 @@ TEST_F(RootChecks, APathThatLeavesNoRoomForBackups) {
     other.SetSetting("MapAutoKillEnabled", "1");
     SimInstanceLock lock(other.recorder, other.locks);
     const std::string text = CheckFromOutside(other.PortsFor(lock)).text;
-    EXPECT_EQ(text.find("no backup can be made") != std::string::npos, tooLong) << text;
+    EXPECT_EQ(text.find("no backup can be made") != std::string::npos, c.tooLong) << text;
   }
 }
 

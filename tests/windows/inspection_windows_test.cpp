@@ -2,8 +2,10 @@
 #include <winsock2.h>
 
 #include <algorithm>
+#include <memory>
 
 #include "platform/windows/file_inspection_windows.h"
+#include "platform/windows/handle_windows.h"
 #include "platform/windows/network_inspection_windows.h"
 #include "platform/windows/process_inspection_windows.h"
 #include "tests/windows/running_server.h"
@@ -53,19 +55,52 @@ TEST_F(WindowsInspectionTest, LooksAtFoldersAndAtNothing) {
   EXPECT_EQ(files_.LookAt(folder_.File("no\\none"), kWait).outcome, Outcome::Missing);
 }
 
-TEST_F(WindowsInspectionTest, ALookWithoutTimeComesWithALaterOne) {
-  const std::string path = folder_.Write("a.exe", "1");
-  files_.LookAt(path, 0);
-  EXPECT_EQ(files_.LookAt(path, kWait).outcome, Outcome::There);
-  EXPECT_EQ(files_.LookAt(path, kWait).outcome, Outcome::There);
+/// A share that answers when it is let, "quick" at all times.
+struct Share {
+  KernelHandle answers{CreateEventA(nullptr, TRUE, FALSE, nullptr)};
+  LONG asked = 0;
+  LONG done = 0;
+};
+std::unique_ptr<Share> share;
+
+FileLook LookAtShare(const std::wstring& path) {
+  InterlockedIncrement(&share->asked);
+  if (path != L"quick") WaitForSingleObject(share->answers.Get(), INFINITE);
+  FileLook look;
+  look.outcome = Outcome::There;
+  look.size = static_cast<std::uint64_t>(share->asked);
+  InterlockedIncrement(&share->done);
+  return look;
 }
 
-TEST_F(WindowsInspectionTest, AnAnswerThatNobodyWaitedForIsAskedForAgain) {
-  const std::string path = folder_.Write("a.exe", "1");
-  while (files_.LookAt(path, 0).outcome != Outcome::NotAnswered) continue;
+class SlowShare : public testing::Test {
+ protected:
+  SlowShare() { share = std::make_unique<Share>(); }
+  ~SlowShare() override {
+    SetEvent(share->answers.Get());
+    EXPECT_TRUE(test::Within(10000, [] { return share->done == share->asked; }));
+    Sleep(50);  // From the end of the look to its event.
+    share.reset();
+  }
+  WindowsFileInspection files_{&LookAtShare};
+};
+
+TEST_F(SlowShare, IsAskedOnceAndHoldsNothingElse) {
+  for (int i = 0; i < 20; ++i) {
+    EXPECT_EQ(files_.LookAt("slow", 10).outcome, Outcome::NotAnswered);
+  }
+  EXPECT_EQ(share->asked, 1);
+  EXPECT_EQ(files_.LookAt("quick", kWait).outcome, Outcome::There);
+  SetEvent(share->answers.Get());
+  EXPECT_EQ(files_.LookAt("slow", kWait).outcome, Outcome::There);
+  EXPECT_EQ(share->asked, 2);
+}
+
+TEST_F(SlowShare, AnAnswerThatNobodyWaitedForIsAskedForAgain) {
+  EXPECT_EQ(files_.LookAt("slow", 10).outcome, Outcome::NotAnswered);
+  SetEvent(share->answers.Get());
   Sleep(2500);
-  DeleteFileA(path.c_str());
-  EXPECT_EQ(files_.LookAt(path, kWait).outcome, Outcome::Missing);
+  EXPECT_EQ(files_.LookAt("slow", kWait).size, 2u) << "an old answer";
 }
 
 TEST_F(WindowsInspectionTest, ReadsTheBeginningAndHoldsNothing) {

@@ -6,7 +6,6 @@
 
 #include <utility>
 
-#include "platform/windows/system_libraries.h"
 #include "toolkit/windows/drawing.h"
 
 namespace tarvo {
@@ -22,13 +21,9 @@ RECT TextPlace(HWND edit) {
 /// A launcher with administrator rights gets no message from the desktop, which has none, unless
 /// its window asks for it: the drop, and the two messages that hand over its record.
 void LetDropsThrough(HWND window) {
-  using ChangeFilter = BOOL(WINAPI*)(HWND, UINT, DWORD, void*);
-  constexpr DWORD kAllow = 1;               // MSGFLT_ALLOW
   constexpr UINT kCopyGlobalData = 0x0049;  // No header names it.
-  const auto change = LateCall<ChangeFilter>("user32.dll", "ChangeWindowMessageFilterEx");
-  if (!change) return;
   for (const UINT message : {UINT{WM_DROPFILES}, UINT{WM_COPYDATA}, kCopyGlobalData}) {
-    change(window, message, kAllow, nullptr);
+    ChangeWindowMessageFilterEx(window, message, MSGFLT_ALLOW, nullptr);
   }
 }
 
