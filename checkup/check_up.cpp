@@ -180,7 +180,7 @@ bool CheckUp::Resolve(ComponentKind kind) {
     }
   }
   facts.own = IsOwnAddress(facts.address, with_.network.OwnAddresses());
-  Tell(CheckHost(kind, host, facts));
+  Tell(CheckHost(kind, host, facts, choices_.of[kind].autokill));
   return true;
 }
 
@@ -282,6 +282,10 @@ bool CheckUp::LookAtFolder(ComponentKind /*once*/) {
   }
   NoteUnwritable(PathOf("LBackup"));
   NoteUnwritable(PathOf("conf\\battle_athena.conf"));
+  for (const Choices::OfComponent& of : choices_.of) {
+    if (!of.newFile.empty() && !of.executable.empty()) NoteUnwritable(PathOf(of.executable));
+    folder_.hasBlank = folder_.hasBlank || PathOf(of.executable).find(' ') != std::string::npos;
+  }
   folder_.freeSpace = with_.inspection.FreeSpace(root_.AppFolder());
   for (const Choices::OfComponent& of : choices_.of) {
     const std::string backup = PathOf("LBackup\\yyyymmddhhnn_" + of.executable + ".tarvo-copy");

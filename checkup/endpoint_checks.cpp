@@ -106,7 +106,8 @@ Findings CheckPorts(const PerComponent<EndpointFacts>& endpoints) {
   return findings;
 }
 
-Findings CheckHost(ComponentKind kind, const std::string& host, const HostFacts& facts) {
+Findings CheckHost(ComponentKind kind, const std::string& host, const HostFacts& facts,
+                   bool autokill) {
   const std::string quoted = "The host \"" + Shown(host) + "\" ";
   if (facts.outcome != HostFacts::Outcome::Address) {
     const bool unknown = facts.outcome == HostFacts::Outcome::Unknown;
@@ -117,10 +118,25 @@ Findings CheckHost(ComponentKind kind, const std::string& host, const HostFacts&
                  ", or the name server."}};
   }
   if (facts.own) return {};
-  return {{"host", Severity::Note, NameOf(kind),
-           quoted + "is an address of another machine, where this launcher starts and ends "
-                    "nothing.",
-           "Leave it so if the probe is to go through that address."}};
+  const ConfigurationKey& key = KeyOf(kind, Says::Host);
+  if (facts.address == 0) {
+    return {{"host", Severity::Error, NameOf(kind),
+             quoted + "is none that can be connected to, so no probe is ever answered.",
+             std::string("Put the address that players get into \"") + key.key + "\" in conf\\" +
+                 key.file + "."}};
+  }
+  if (!autokill) {
+    return {{"host", Severity::Note, NameOf(kind),
+             quoted + "is an address of another machine, where this launcher starts and ends "
+                      "nothing.",
+             "Leave it so if the probe is to go through that address."}};
+  }
+  return {{"host", Severity::Warning, NameOf(kind),
+           quoted +
+               "is an address of another machine. Where no router leads the probe back to this "
+               "one, a healthy server is ended again and again.",
+           "Connect to it from this machine; if that fails, uncheck \"Freeze Autokill after\" or "
+           "name an address of this machine."}};
 }
 
 Finding PortHeldFinding(ComponentKind kind, std::int32_t port, const HolderFacts& holder) {

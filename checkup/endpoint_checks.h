@@ -37,7 +37,10 @@ struct HostFacts {
   bool own = false;           ///< An address of this machine.
 };
 
-Findings CheckHost(ComponentKind kind, const std::string& host, const HostFacts& facts);
+/// An address of another machine is a warning where the component is ended when its probe stays
+/// unanswered. 0.0.0.0 is none that Windows connects to.
+Findings CheckHost(ComponentKind kind, const std::string& host, const HostFacts& facts,
+                   bool autokill);
 
 /// Who takes connections at a component's port, and is not the component.
 struct HolderFacts {

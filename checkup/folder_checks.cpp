@@ -47,6 +47,13 @@ Findings CheckFolder(const FolderFacts& facts) {
                                          " KB left, less than three times the executables.",
                                      "Make room, or an upgrade may end half done."));
   }
+  if (facts.hasBlank) {
+    findings.push_back(
+        FolderFinding(Severity::Warning, kRoot,
+                      "Its path or the name of an executable has a blank: what follows "
+                      "it reaches the servers as if it were an argument.",
+                      "Rename it, if a server then takes another conf file or ends."));
+  }
   if (facts.longestBackupPath > kLongestPath) {
     findings.push_back(FolderFinding(Severity::Warning, kRoot,
                                      "Its path is so long that no backup can be made in LBackup.",

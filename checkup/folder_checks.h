@@ -23,6 +23,7 @@ struct FolderFacts {
   std::vector<std::string> unwritable;
   std::optional<std::uint64_t> freeSpace;
   std::uint64_t executablesSize = 0;  ///< Of all three together.
+  bool hasBlank = false;              ///< Its path, or the name of an executable.
   std::size_t longestBackupPath = 0;  ///< In characters.
 };
 

@@ -1,7 +1,6 @@
 #include "core/restart_state.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "platform/self_restart.h"
 #include "support/text.h"
@@ -9,11 +8,9 @@
 namespace tarvo {
 namespace {
 
-constexpr std::string_view kResume = "--resume ";
 constexpr std::string_view kMinimized = " --minimized";
 constexpr std::string_view kSettings = " --settings ";
 constexpr std::string_view kNone = "none";
-constexpr std::string_view kNames[] = {"login", "char", "map"};
 constexpr std::string_view kDigits = "0123456789ABCDEF";
 
 bool StandsForItself(char c) {
@@ -61,9 +58,11 @@ bool ReadComponents(std::string_view text, PerComponent<bool>& underControl) {
   if (text == kNone) return true;
   for (;;) {
     const std::size_t comma = text.find(',');
-    const auto name = std::find(std::begin(kNames), std::end(kNames), text.substr(0, comma));
-    if (name == std::end(kNames)) return false;
-    underControl[static_cast<std::size_t>(name - std::begin(kNames))] = true;
+    const auto kind = std::find_if(
+        kComponents.begin(), kComponents.end(),
+        [name = text.substr(0, comma)](ComponentKind each) { return name == WordOf(each); });
+    if (kind == kComponents.end()) return false;
+    underControl[*kind] = true;
     if (comma == text.npos) return true;
     text.remove_prefix(comma + 1);
   }
@@ -88,9 +87,10 @@ std::string ArgumentsOf(const RestartState& state) {
   for (ComponentKind kind : kComponents) {
     if (!state.underControl[kind]) continue;
     if (!names.empty()) names += ',';
-    names += kNames[IndexOf(kind)];
+    names += WordOf(kind);
   }
-  std::string text(kResume);
+  std::string text(kResumeArgument);
+  text += ' ';
   text += names.empty() ? kNone : std::string_view(names);
   if (state.minimized) text += kMinimized;
   std::string settings;
@@ -105,8 +105,10 @@ std::string ArgumentsOf(const RestartState& state) {
 }
 
 std::optional<RestartState> RestartStateOf(std::string_view arguments) {
-  if (!arguments.starts_with(kResume)) return std::nullopt;
-  arguments.remove_prefix(kResume.size());
+  if (!arguments.starts_with(kResumeArgument)) return std::nullopt;
+  arguments.remove_prefix(kResumeArgument.size());
+  if (!arguments.starts_with(' ')) return std::nullopt;
+  arguments.remove_prefix(1);
   RestartState state;
   const bool hasSettings = arguments.find(kSettings) != arguments.npos;
   std::string_view before = TakeUntil(arguments, kSettings);

@@ -17,6 +17,9 @@ struct SettingText {
   bool operator==(const SettingText&) const = default;
 };
 
+/// The first argument of a launcher that takes over: what comes with it is no command.
+inline constexpr std::string_view kResumeArgument = "--resume";
+
 /// What a launcher that is restarted after a fault of its own takes over from the one that died.
 struct RestartState {
   PerComponent<bool> underControl{};

@@ -53,8 +53,7 @@ std::string CauseLine(FileDiagnosis& diagnosis, const std::string& path) {
   if (path.size() > kLongestPath) return "\r\nThe path of this folder is too long.";
   const auto fault = diagnosis.WhyUnreadable(path);
   if (!fault) return {};
-  return "\r\n" + path + " can't be read: " + fault->description + " (system error " +
-         std::to_string(fault->number) + ")";
+  return "\r\n" + path + " can't be read: " + WordsOf(*fault);
 }
 
 }  // namespace

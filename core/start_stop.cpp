@@ -110,10 +110,9 @@ void StartStop::Launch(ComponentKind kind) {
     return events_.Report(LauncherEvent::Started, kind, text);
   }
   components_[kind].AlarmState = AlarmState::Trouble;
-  log_.LogStatus("[" + controls_.executables[kind].Text() +
-                     "] can't be started: " + launched.reason.description + " (system error " +
-                     std::to_string(launched.reason.number) + ")",
-                 kAlert);
+  log_.LogStatus(
+      "[" + controls_.executables[kind].Text() + "] can't be started: " + WordsOf(launched.reason),
+      kAlert);
 }
 
 std::string StartStop::PriorityText(ComponentKind kind) const {

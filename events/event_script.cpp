@@ -6,23 +6,6 @@
 #include "support/date_time.h"
 
 namespace tarvo {
-namespace {
-
-const char* ScriptNameOf(std::optional<ComponentKind> component) {
-  if (!component) return "all";
-  switch (*component) {
-    case ComponentKind::Login:
-      return "login";
-    case ComponentKind::Char:
-      return "char";
-    case ComponentKind::Map:
-      break;
-  }
-  return "map";
-}
-
-}  // namespace
-
 std::string ScriptValueOf(std::string text) {
   if (text.size() > EventScript::kLongestValue) text.resize(EventScript::kLongestValue);
   for (char& letter : text) {
@@ -85,13 +68,13 @@ void EventScript::Start(const Waiting& waiting) {
   const EventReport& last = waiting.last;
   // Before the start: that of a slow system is no part of the minute that the script has.
   lately_.push_back({last.event, last.component, tickClock_.Milliseconds()});
-  const ScriptRun run =
-      scripts_.Start(path_, {{"TARVO_EVENT", NameOf(last.event)},
-                             {"TARVO_COMPONENT", ScriptNameOf(last.component)},
-                             {"TARVO_TEXT", ScriptValueOf(last.text)},
-                             {"TARVO_TIME", waiting.time},
-                             {"TARVO_COUNT", std::to_string(waiting.count)},
-                             {"TARVO_SERVER", ScriptValueOf(controls_.serverName.Caption())}});
+  const ScriptRun run = scripts_.Start(
+      path_, {{"TARVO_EVENT", NameOf(last.event)},
+              {"TARVO_COMPONENT", (last.component ? WordOf(*last.component) : "all")},
+              {"TARVO_TEXT", ScriptValueOf(last.text)},
+              {"TARVO_TIME", waiting.time},
+              {"TARVO_COUNT", std::to_string(waiting.count)},
+              {"TARVO_SERVER", ScriptValueOf(controls_.serverName.Caption())}});
   if (run != 0) running_.push_back({run, tickClock_.Milliseconds()});
 }
 

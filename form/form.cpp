@@ -16,15 +16,14 @@ StatusPage::StatusPage() : RTLog({std::begin(kLogColours), std::end(kLogColours)
 }
 
 ServersPage::ServersPage() {
-  const std::string names[] = {"login", "char", "map"};
   for (ComponentKind kind : kComponents) {
     for (const char* priority : {"V-Low", "Low", "Norm", "High", "V-High"}) {
       Prior[kind].AddItem(priority);
     }
     TTO[kind].SetText("15");
     const std::string tip =
-        "When freeze detected, how many time will wait before kill and restart " +
-        names[IndexOf(kind)] + " server";
+        std::string("When freeze detected, how many time will wait before kill and restart ") +
+        WordOf(kind) + " server";
     chkAK[IndexOf(kind)].SetToolTip(tip);
     TTO[kind].SetToolTip(tip);
     TTO[kind].SetEnabled(false);
@@ -96,11 +95,10 @@ RandomizerPage::RandomizerPage() {
 }
 
 UpgradePage::UpgradePage() {
-  const std::string names[] = {"login", "char", "map"};
   for (ComponentKind kind : kComponents) {
     CommandButton& browse = cmd_nBrowse[kind];
     browse.SetCaption("Browse...");
-    browse.SetToolTip("Choose the new " + names[IndexOf(kind)] + " server");
+    browse.SetToolTip(std::string("Choose the new ") + WordOf(kind) + " server");
   }
   optMode[0].SetToolTip("Upgrade only when \"Upgrade Now!\" is pressed");
   optMode[1].SetToolTip("Upgrade when the map server crashes and a new executable is there");

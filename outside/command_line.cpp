@@ -4,6 +4,7 @@
 #include <iterator>
 #include <span>
 
+#include "core/restart_state.h"
 #include "support/text.h"
 
 namespace tarvo {
@@ -29,12 +30,12 @@ constexpr Word<StateForm> kForms[] = {
     {"text", StateForm::Text}, {"json", StateForm::Json}, {"prometheus", StateForm::Prometheus}};
 constexpr Word<AwaitedState> kAwaited[] = {{"listening", AwaitedState::Listening},
                                            {"stopped", AwaitedState::Stopped}};
-constexpr Word<std::optional<ComponentKind>> kComponentWords[] = {{"login", ComponentKind::Login},
-                                                                  {"char", ComponentKind::Char},
-                                                                  {"map", ComponentKind::Map},
-                                                                  {"all", std::nullopt}};
+constexpr Word<std::optional<ComponentKind>> kComponentWords[] = {
+    {WordOf(ComponentKind::Login), ComponentKind::Login},
+    {WordOf(ComponentKind::Char), ComponentKind::Char},
+    {WordOf(ComponentKind::Map), ComponentKind::Map},
+    {"all", std::nullopt}};
 
-constexpr char kOfTheLauncher[] = "--resume";
 constexpr std::size_t kMostDigits = 6;
 
 /// Sets the meaning of a word of the list; false for any other word.
@@ -111,7 +112,7 @@ std::string ReadObject(const std::string& verb, Words words, Command& command) {
 }  // namespace
 
 CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
-  if (arguments.empty() || !arguments[0].starts_with("--") || arguments[0] == kOfTheLauncher) {
+  if (arguments.empty() || !arguments[0].starts_with("--") || arguments[0] == kResumeArgument) {
     return {};
   }
   Command command;
@@ -147,8 +148,6 @@ std::vector<std::string> ArgumentsOf(const Command& command) {
   }
   return arguments;
 }
-
-std::string WordOf(ComponentKind kind) { return LowerCase(NameOf(kind)); }
 
 std::string UsageText() {
   return "Commands to the launcher that runs in the same folder:\n"

@@ -64,9 +64,6 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments);
 /// The arguments that mean this command, its default form spelt out.
 std::vector<std::string> ArgumentsOf(const Command& command);
 
-/// The word of a component in a command: "login", "char", "map".
-std::string WordOf(ComponentKind kind);
-
 /// What `--help` prints.
 std::string UsageText();
 

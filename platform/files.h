@@ -21,6 +21,12 @@ struct FileFault {
   FileTrouble trouble = FileTrouble::Refused;
 };
 
+/// The system's reason as the operator reads it, and looks it up: "Access is denied. (system error
+/// 5)".
+inline std::string WordsOf(const FileFault& fault) {
+  return fault.description + " (system error " + std::to_string(fault.number) + ")";
+}
+
 enum class ReadResult {
   Ok,       ///< The text holds the whole file.
   Missing,  ///< There is no such file; the text is untouched.

@@ -30,6 +30,20 @@ constexpr const char* NameOf(ComponentKind kind) {
   return "Map";
 }
 
+/// "login", "char", "map": what it is called in commands, in a script's environment, in what is
+/// written for other programs, and within a sentence.
+constexpr const char* WordOf(ComponentKind kind) {
+  switch (kind) {
+    case ComponentKind::Login:
+      return "login";
+    case ComponentKind::Char:
+      return "char";
+    case ComponentKind::Map:
+      break;
+  }
+  return "map";
+}
+
 /// One thing for each component, indexed by `ComponentKind`.
 template <class Thing>
 struct PerComponent : std::array<Thing, kComponentCount> {

@@ -21,8 +21,7 @@ Fault NumberFor(FileTrouble trouble) {
 }
 
 [[noreturn]] void Raise(const std::string& what, const FileFault& fault) {
-  throw RuntimeError(NumberFor(fault.trouble), what + ": " + fault.description + " (system error " +
-                                                   std::to_string(fault.number) + ")");
+  throw RuntimeError(NumberFor(fault.trouble), what + ": " + WordsOf(fault));
 }
 
 }  // namespace

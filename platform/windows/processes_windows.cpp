@@ -43,9 +43,10 @@ std::vector<ProcessEntry> WindowsProcesses::Snapshot() {
 
 void WindowsProcesses::End(ProcessId id) {
   const KernelHandle process(OpenProcess(PROCESS_TERMINATE, TRUE, id));
-  if (!process.Valid() || TerminateProcess(process.Get(), 0) == 0) return;
-  // The system ends it in its own time; one that is listed still would be taken for a running
-  // server.
+  if (!process.Valid()) return;
+  // Refused for one that is dying already. The system ends it in its own time; one that is listed
+  // still would be taken for a running server.
+  TerminateProcess(process.Get(), 0);
   const KernelHandle ending(OpenProcess(SYNCHRONIZE, FALSE, id));
   if (ending.Valid()) WaitForSingleObject(ending.Get(), kLongestEnding);
 }

@@ -115,11 +115,21 @@ TEST_F(EndpointChecks, AnAnswerThatComesWithinTheSecondCounts) {
   EXPECT_EQ(Told(), "");
 }
 
-TEST_F(EndpointChecks, AnAddressOfAnotherMachineIsANote) {
+TEST_F(EndpointChecks, AnAddressOfAnotherMachineIsAWarningWhereTheServerIsEndedForIt) {
   PutMapHost("10.0.0.2");
+  EXPECT_EQ(
+      Told(),
+      "warning host [Map] The host \"10.0.0.2\" is an address of another machine. Where no "
+      "router leads the probe back to this one, a healthy server is ended again and again.\n");
+  machine.SetSetting("MapAutoKillEnabled", "0");
   EXPECT_EQ(Told(),
             "note host [Map] The host \"10.0.0.2\" is an address of another machine, where this "
             "launcher starts and ends nothing.\n");
+  PutMapHost("0.0.0.0");
+  EXPECT_EQ(
+      Told(),
+      "error host [Map] The host \"0.0.0.0\" is none that can be connected to, so no probe is "
+      "ever answered.\n");
   PutMapHost("10.0.0.1");
   EXPECT_EQ(Told(), "");
   PutMapHost("127.9.9.9");

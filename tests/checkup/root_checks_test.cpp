@@ -103,6 +103,26 @@ TEST_F(RootChecks, APathThatLeavesNoRoomForBackups) {
   }
 }
 
+TEST_F(RootChecks, ABlankInThePathReachesTheServersAsAnArgument) {
+  SimMachine other;
+  const std::string folder = "C:\\my srv";
+  other.launcherPath = folder + "\\tarvo-launcher.exe";
+  other.PutConf(folder, UsualCharConf(), UsualMapConf());
+  for (const char* name : kServers) other.files.Put(folder + "\\" + name, ProgramBytes());
+  SimInstanceLock lock(other.recorder, other.locks);
+  const std::string text = CheckFromOutside(other.PortsFor(lock)).text;
+  EXPECT_NE(text.find("has a blank"), std::string::npos) << text;
+}
+
+TEST_F(RootChecks, AnExecutableThatNoUpgradeMayReplace) {
+  machine.files.ProtectFromWriting("C:\\srv\\map-server.exe");
+  EXPECT_EQ(Told(), "");
+  machine.files.Put("D:\\new\\map.exe", ProgramBytes());
+  machine.SetSetting("MapFrom", "D:\\new\\map.exe");
+  EXPECT_NE(Told().find("warning folder [C:\\srv\\map-server.exe] This user has no right to write"),
+            std::string::npos);
+}
+
 TEST_F(RootChecks, AShareThatWentAway) {
   machine.inspection.Silence("C:\\srv");
   EXPECT_EQ(Told(), "error folder [Server root] The folder does not answer.\n");

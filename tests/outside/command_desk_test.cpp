@@ -116,7 +116,7 @@ TEST_F(CommandDeskTest, AnUpgradeTellsWhatItsBoxWouldSay) {
   StartLauncher();
   EXPECT_EQ(Send({"--upgrade"}), "1: Please, select the right new components (login, char, map)\n");
   for (ComponentKind kind : kComponents) {
-    const std::string path = "C:\\new\\" + WordOf(kind) + ".exe";
+    const std::string path = std::string("C:\\new\\") + WordOf(kind) + ".exe";
     machine.files.Put(path, "MZ new");
     launcher->TheForm().upgrade.nPath[kind].SetText(path);
   }
