@@ -156,7 +156,9 @@ IconHandle Principal::imgIcon(int code) { return statusIcons_.For(StatesOfCode(c
 
 void Principal::WireUpgrade() {
   crashWatch_.upgradeTakesOver = [this](ComponentKind kind) {
-    return upgrade_.TakesOverCrash(kind);
+    const bool upgraded = upgrade_.TakesOverCrash(kind);
+    settingsChangedByTick_ = settingsChangedByTick_ || upgraded;
+    return upgraded;
   };
   UpgradePage& page = form_.upgrade;
   for (ComponentKind kind : kComponents) {

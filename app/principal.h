@@ -151,7 +151,8 @@ class Principal {
   bool refusingToClose_ = false;
   std::optional<RestartState> takenOver_;  ///< From a launcher that died of a fault of its own.
   RestartState restartState_;
-  RestartState keptState_;  ///< What the order was made from.
+  bool settingsChangedByTick_ = false;  ///< By an upgrade, since they were last collected.
+  RestartState keptState_;              ///< What the order was made from.
   RestartOrder restartOrder_;
 };
 

@@ -35,8 +35,9 @@ void Principal::OrderRestart() {
     restartState_.underControl[kind] = form_.timers.CrashWatch[kind].Enabled();
   }
   restartState_.minimized = form_.frame.window.State() == WindowState::Minimized;
-  // No tick changes what the operator has set, and ticks are many.
-  if (!timers_.Ticking()) {
+  // Ticks are many, and but for an upgrade none changes what the operator has set.
+  if (!timers_.Ticking() || settingsChangedByTick_) {
+    settingsChangedByTick_ = false;
     CollectedSettings settings;
     SettingsStore store(settings, root_.SettingsKey());
     SaveSettings(store);

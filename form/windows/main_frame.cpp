@@ -66,6 +66,9 @@ MainFrame::MainFrame(Form& form, TimerQueue& timers, EventDispatch& dispatch)
   place_.TakeFirst();
   form.frame.window.SetMirror(this);
   ShowAsWanted();
+  // At the end of the session it is asked before the servers are ended, which would have crashed
+  // otherwise: the first of what programs may ask for, where 0x280 is usual.
+  SetProcessShutdownParameters(0x3FF, 0);
   // Who has less rights may ask how things are.
   if (HasMoreRightsThanUsual()) {
     ChangeWindowMessageFilterEx(window_, WM_COPYDATA, MSGFLT_ALLOW, nullptr);
@@ -224,7 +227,10 @@ bool MainFrame::TakeReceived(const COPYDATASTRUCT& data) {
     return false;
   }
   received_.emplace_back(static_cast<const char*>(data.lpData), data.cbData);
-  return PostMessageA(window_, kReceivedMessage, 0, 0) != FALSE;
+  if (PostMessageA(window_, kReceivedMessage, 0, 0) != FALSE) return true;
+  // The sender hears that it was refused; what comes next would be taken for it.
+  received_.pop_back();
+  return false;
 }
 
 void MainFrame::HandOnReceived() {

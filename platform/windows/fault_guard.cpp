@@ -18,6 +18,8 @@ constexpr DWORD kShortestLife = 60000;  // Milliseconds.
 /// How long the event log may take, in milliseconds: a successor takes a window that is still there
 /// after half a second for that of somebody alive.
 constexpr DWORD kLongestEntry = 300;
+constexpr int kMostStarts = 600;
+constexpr DWORD kBetweenStarts = 1000;  // Milliseconds.
 constexpr std::size_t kReserve = 1024 * 1024;
 constexpr ULONG kStackAfterOverflow = 128 * 1024;
 constexpr DWORD kNoMemory = 0xC0000017;      // STATUS_NO_MEMORY
@@ -85,10 +87,17 @@ void WriteLine(const FaultFacts& facts) {
   CloseHandle(file);
 }
 
+/// Nobody watches before it is there, so it is tried again while memory is lacking, a scanner holds
+/// the executable or its share is away.
 void StartSuccessor() {
   guard.startup.cb = sizeof guard.startup;
-  CreateProcessA(guard.program, guard.commandLine, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                 &guard.startup, &guard.successor);
+  for (int tries = 0; tries < kMostStarts; ++tries) {
+    if (CreateProcessA(guard.program, guard.commandLine, nullptr, nullptr, FALSE, 0, nullptr,
+                       nullptr, &guard.startup, &guard.successor) != 0) {
+      return;
+    }
+    Sleep(kBetweenStarts);
+  }
 }
 
 DWORD WINAPI EndSoon(void* code) {

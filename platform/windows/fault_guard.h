@@ -12,7 +12,8 @@ void WatchForFaults(const char* version);
 /// The order that `WatchForFaults` carries out, in room that was set aside at the start. What a
 /// fault has to do needs no memory of the program's own heap; the system's calls find a reserve
 /// that is let go first. The successor is started before the event log is written, which is the
-/// likeliest to hang; the process then ends at once, with the fault's code.
+/// likeliest to hang; the process then ends at once, with the fault's code. A start that fails is
+/// tried again each second for ten minutes.
 class WindowsSelfRestart : public SelfRestart {
  public:
   std::string Arguments() override;

@@ -234,6 +234,18 @@ TEST_F(UpgradeOnCrash, GoesBackToManualSoTheNextCrashIsAPlainRestart) {
   ExpectAllRunOnce();
 }
 
+TEST_F(UpgradeOnCrash, ALauncherThatDiesWeeksLaterIsStillBackToManual) {
+  Start(2);
+  ClickOption(2, true);
+  Crash(kChar);
+  launcher->Pass(6s);
+  launcher->Pass(120s);
+  machine.selfRestart.Crash();
+  KillLauncher();
+  StartLauncher();
+  EXPECT_TRUE(Page().optMode[0].Selected());
+}
+
 TEST_F(UpgradeOnCrash, AFrozenServerThatWasKilledIsACrashAndUpgrades) {
   SetTrigger(1);
   machine.SetSetting("MapAutoKillEnabled", "1");

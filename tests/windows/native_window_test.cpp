@@ -117,6 +117,13 @@ TEST(StartedWindow, MakesThePagesOneInEachMessage) {
   EXPECT_EQ(completed, 1);
 }
 
+TEST_F(ShownWindow, IsAskedForTheEndOfTheSessionBeforeTheServers) {
+  DWORD level = 0;
+  DWORD flags = 0;
+  ASSERT_NE(GetProcessShutdownParameters(&level, &flags), 0);
+  EXPECT_EQ(level, 0x3FFu);
+}
+
 TEST_F(ShownWindow, TakesThePlaceThatAnotherScaleSuggests) {
   RECT suggested{40, 50, 1040, 750};
   Tell(kDpiChanged, MAKEWPARAM(120, 120), reinterpret_cast<LPARAM>(&suggested));

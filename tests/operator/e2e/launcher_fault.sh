@@ -24,7 +24,12 @@ operate click bStart 1
 pids="$(server_pid login) $(server_pid map)"
 grow_old
 # Its window stays as long as the event log does not answer, and a successor takes a window for somebody alive.
-raise unheard
+# And its executable is away for a moment, as in the hands of a scanner.
+mv "$ROOT/tarvo-launcher.exe" "$ROOT/away"
+operate fault unheard
+sleep 3
+mv "$ROOT/away" "$ROOT/tarvo-launcher.exe"
+if launcher_wait; then fail "the launcher ended as if nothing were wrong"; fi
 expect_fault 0xC0000005 "restarting..."
 operate wait-window 30 || fail "the launcher did not come back"
 expect_log 10 "Attention!, the launcher was restarted after a fault of its own."
