@@ -240,7 +240,15 @@ void MainFrame::HandOnReceived() {
   stage_.window.Receive(message);
 }
 
+/// Whoever has asked may have gone without another word, as an installer that was ended.
+void MainFrame::AskForEndOfSession() {
+  constexpr UINT kLongestQuestion = 10 * 60 * 1000;
+  SetTimer(window_, kSessionTimer, kLongestQuestion, nullptr);
+  stage_.Happens([this] { stage_.window.AskForEndOfSession(); });
+}
+
 void MainFrame::EndOfSession(bool ends) {
+  KillTimer(window_, kSessionTimer);
   stage_.Happens([this, ends] {
     MainWindow& window = stage_.window;
     if (ends) {
@@ -254,7 +262,11 @@ void MainFrame::EndOfSession(bool ends) {
 std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_TIMER:
-      timers_.Tick();
+      if (w == kSessionTimer) {
+        EndOfSession(false);
+      } else {
+        timers_.Tick();
+      }
       return 0;
     case kCompletePagesMessage:
       CompletePages();
@@ -268,7 +280,7 @@ std::optional<LRESULT> MainFrame::Handle(UINT message, WPARAM w, LPARAM l) {
       stage_.Happens([this] { stage_.window.Close(); });
       return 0;
     case WM_QUERYENDSESSION:
-      stage_.Happens([this] { stage_.window.AskForEndOfSession(); });
+      AskForEndOfSession();
       return TRUE;
     case WM_ENDSESSION:
       EndOfSession(w != FALSE);

@@ -41,6 +41,9 @@ class MainFrame : private ControlMirror {
   static constexpr UINT kCompletePagesMessage = WM_APP;
   /// Posted for each message of another program: it becomes an event when the loop comes to it.
   static constexpr UINT kReceivedMessage = WM_APP + 1;
+  /// The system's timer beside that of the timer queue: it runs from the question whether the
+  /// session may end until the answer comes.
+  static constexpr UINT_PTR kSessionTimer = 2;
   /// Messages that wait at most; more are not taken.
   static constexpr std::size_t kMostReceived = 16;
 
@@ -56,6 +59,7 @@ class MainFrame : private ControlMirror {
 
   bool TakeReceived(const COPYDATASTRUCT& data);
   void HandOnReceived();
+  void AskForEndOfSession();
   void EndOfSession(bool ends);
   void Sized(WPARAM kind);
   void TakeLook();

@@ -254,6 +254,21 @@ TEST_F(ShownWindow, DoesNotRefuseTheEndOfTheSessionAndTellsBothMessages) {
   EXPECT_EQ(told, "asked off asked ends ");
 }
 
+TEST_F(ShownWindow, TakesAQuestionThatNothingFollowsForCalledOff) {
+  constexpr UINT_PTR kSessionTimer = 2;
+  const auto timerRuns = [this] { return KillTimer(Window(), kSessionTimer) != FALSE; };
+  std::string told;
+  form_.frame.window.onSessionMayEnd = [&] { told += "asked "; };
+  form_.frame.window.onSessionGoesOn = [&] { told += "off "; };
+  SendMessageA(Window(), WM_QUERYENDSESSION, 0, 0);
+  EXPECT_TRUE(timerRuns());
+  SendMessageA(Window(), WM_TIMER, kSessionTimer, 0);
+  EXPECT_EQ(told, "asked off ");
+  SendMessageA(Window(), WM_QUERYENDSESSION, 0, 0);
+  SendMessageA(Window(), WM_ENDSESSION, FALSE, 0);
+  EXPECT_FALSE(timerRuns());
+}
+
 std::vector<std::string> ManyLines(int count) {
   std::vector<std::string> lines;
   for (int i = 0; i < count; ++i) lines.push_back("setting_" + std::to_string(i) + ":1 to 2");
